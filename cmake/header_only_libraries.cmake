@@ -1,0 +1,17 @@
+# Debian's header-only libraries, offered through a folder of links: the Windows build must see them without seeing
+# the rest of /usr/include, which belongs to Linux.
+set(links ${CMAKE_BINARY_DIR}/header_only)
+file(MAKE_DIRECTORY ${links})
+foreach(name boost CLI nlohmann)
+  file(CREATE_LINK /usr/include/${name} ${links}/${name} SYMBOLIC)
+endforeach()
+
+add_library(header_only_libraries INTERFACE)
+target_include_directories(header_only_libraries SYSTEM INTERFACE ${links})
+find_package(Threads REQUIRED)
+target_link_libraries(header_only_libraries INTERFACE Threads::Threads)
+if(WIN32)
+  # Asio asks for a Windows version and for the socket libraries by name.
+  target_compile_definitions(header_only_libraries INTERFACE _WIN32_WINNT=0x0A00)
+  target_link_libraries(header_only_libraries INTERFACE ws2_32 mswsock)
+endif()
