@@ -1,0 +1,76 @@
+/**
+ * The commands of quil_ioctrl, one constant a code.
+ *
+ * "Direction: send" sends one frame or byte and does not wait for an answer;
+ * "read" collects the answer to a command sent before; "local" exchanges
+ * nothing with the printer. "Record" is the type that `data` points to.
+ */
+#ifndef QUILON_CODES_H_
+#define QUILON_CODES_H_
+
+enum QuilCode {
+  /** Asks with the byte DLE whether the printer is able to print.
+   *  Direction: send. Record: none. */
+  QUIL_SEND_DLE = 2,
+  /** Reads the answer to QUIL_SEND_DLE; packets that stand before it are
+   *  dropped. Fails when the printer stays silent.
+   *  Direction: read. Record: DleStatus. */
+  QUIL_READ_DLE = 3,
+  /** Asks with the byte ENQ what became of the last command.
+   *  Direction: send. Record: none. */
+  QUIL_SEND_ENQ = 4,
+  /** Reads the answer to QUIL_SEND_ENQ; packets that stand before it are
+   *  dropped. Fails when the printer stays silent.
+   *  Direction: read. Record: EnqStatus. */
+  QUIL_READ_ENQ = 5,
+  /** Asks for the number of the printer's last error.
+   *  Direction: send. Record: none. */
+  QUIL_SEND_ERROR_NUMBER = 10,
+  /** Reads the answer to QUIL_SEND_ERROR_NUMBER.
+   *  Direction: read. Record: ErrorNumber. */
+  QUIL_READ_ERROR_NUMBER = 11,
+  /** Asks for the extended status with the byte 0x1A.
+   *  Direction: send. Record: none. */
+  QUIL_SEND_EXTENDED_STATUS = 30,
+  /** Reads the answer to QUIL_SEND_EXTENDED_STATUS.
+   *  Direction: read. Record: ExtendedStatus. */
+  QUIL_READ_EXTENDED_STATUS = 31,
+  /** Does nothing and succeeds; with QUIL_CHECK_STATUS a pure status check.
+   *  Direction: local. Record: none. */
+  QUIL_NOTHING = 32,
+
+  /** Opens a fiscal document ("$h").
+   *  Direction: send. Record: DocumentHeader. */
+  QUIL_DOCUMENT_HEADER = 200,
+  /** Prints a line of the document ("$l" or "^l").
+   *  Direction: send. Record: DocumentLine. */
+  QUIL_DOCUMENT_LINE = 201,
+  /** Closes the document ("$e").
+   *  Direction: send. Record: DocumentEnd. */
+  QUIL_DOCUMENT_END = 202,
+  /** Ends the document in the short form ("0$e"), without totals.
+   *  Direction: send. Record: DocumentShortEnd. */
+  QUIL_DOCUMENT_SHORT_END = 203,
+  /** Sends a payment ("6$d").
+   *  Direction: send. Record: Payment. */
+  QUIL_PAYMENT_6 = 207,
+  /** Sends a payment ("7$d").
+   *  Direction: send. Record: Payment. */
+  QUIL_PAYMENT_7 = 208,
+  /** Sends a payment ("10$d").
+   *  Direction: send. Record: Payment. */
+  QUIL_PAYMENT_10 = 209,
+  /** Sends a payment ("11$d").
+   *  Direction: send. Record: Payment. */
+  QUIL_PAYMENT_11 = 210,
+
+  /** Texts in records are CP1250 from now on (as after quil_init).
+   *  Direction: local. Record: none. */
+  QUIL_TEXT_CP1250 = 800,
+  /** Texts in records are UTF-8 from now on; one that is not valid UTF-8 is
+   *  still taken as CP1250. A character that CP1250 lacks is sent as "?".
+   *  Direction: local. Record: none. */
+  QUIL_TEXT_UTF8 = 801
+};
+
+#endif /* QUILON_CODES_H_ */

@@ -1,0 +1,230 @@
+/**
+ * Quilon: driver for Polish online fiscal printers.
+ *
+ * The driver drives one printer. quil_init makes its one device object, an
+ * open function attaches a connection to it, quil_ioctrl runs the printer's
+ * commands over it, and quil_close drops the connection:
+ *
+ *     quil_init(0);
+ *     if (quil_open_tcpip("10.0.0.7", 6001) == 1) {
+ *       DocumentHeader header = {0};
+ *       if (quil_ioctrl(QUIL_DOCUMENT_HEADER, &header, NULL,
+ *                       QUIL_CHECK_STATUS) != 0) {
+ *         LastErrorRecord error;
+ *         quil_get_last_error(&error);   // what the printer says
+ *       }
+ *       quil_close();
+ *     }
+ *
+ * Results. The functions return 1 for success and 0 for failure, except
+ * quil_ioctrl (0 and -1), quil_drv_version and quil_auto_test (always 0) and
+ * quil_prn_version (always 1). A null pointer where one is needed, and any
+ * function but quil_init, quil_get_last_error and quil_drv_version before
+ * quil_init, give the failure value and do nothing else. No exception leaves
+ * the driver, and nothing is ever shown to the user.
+ *
+ * Threads. The driver takes no lock: call it from one thread at a time.
+ * Strings that come back are CP1250; strings that go in are CP1250 too, and in
+ * records optionally UTF-8 (QUIL_TEXT_UTF8).
+ *
+ * Time. A call waits for the printer at most as long as the reply time-out of
+ * its connection for each answer it needs (5 s unless given).
+ */
+#ifndef QUILON_QUILON_H_
+#define QUILON_QUILON_H_
+
+#include "quilon/codes.h"
+#include "quilon/records.h"
+
+#if defined(_WIN32) && defined(QUILON_BUILD)
+#define QUILON_API __declspec(dllexport)
+#elif defined(_WIN32) && !defined(QUILON_STATIC)
+#define QUILON_API __declspec(dllimport)
+#elif defined(__GNUC__)
+#define QUILON_API __attribute__((visibility("default")))
+#else
+#define QUILON_API
+#endif
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/** Flags of quil_ioctrl; other bits are ignored. */
+enum QuilFlag {
+  /** After the command: checks with DLE and ENQ that the printer is online,
+   *  has paper, is in no error and accepted the command. The last error is
+   *  filled anew. */
+  QUIL_CHECK_STATUS = 1,
+  /** After the command: when ENQ says that it was not accepted, asks for the
+   *  printer's error number, puts it and its message into the last error, and
+   *  returns it when there is a message. */
+  QUIL_QUERY_ERROR = 2,
+  /** Around a document: proves by the printer's totals that the document was
+   *  booked. */
+  QUIL_COMPARE_TOTALS = 4
+};
+
+/**
+ * Makes the device object, with default settings: reply time-out 5000 ms, text
+ * in CP1250, log off. An earlier device object is destroyed first, together
+ * with its connection.
+ *
+ * @param argument Any value; the driver only keeps it.
+ * @return 1; 0 only when memory is exhausted.
+ */
+QUILON_API int32_t quil_init(uint32_t argument);
+
+/**
+ * Closes and drops the connection. The device object and its settings stay.
+ *
+ * @return 1, also when there is no connection; 0 before quil_init.
+ */
+QUILON_API int32_t quil_close(void);
+
+/**
+ * Copies the last error out. It is not cleared. Works before quil_init too.
+ *
+ * @param record Where to copy it to; must not be null.
+ * @return 1; 0 for a null pointer.
+ */
+QUILON_API int32_t quil_get_last_error(LastErrorRecord* record);
+
+/**
+ * Runs one command.
+ *
+ * @param code     A constant of QuilCode; its comment names the record.
+ * @param data     The command's record, read and written only during the call;
+ *                 ignored by commands without a record.
+ * @param reserved Not used.
+ * @param flags    QUIL_CHECK_STATUS, QUIL_QUERY_ERROR, QUIL_COMPARE_TOTALS, or
+ *                 several of them.
+ * @return 0 when the command succeeded and the checks that `flags` ask for
+ *         passed. -1 when it failed, the code is unknown, `data` is null and
+ *         needed, no connection is open, or an answer of the printer could not
+ *         be understood. With QUIL_QUERY_ERROR the printer's error number when
+ *         it reported one that has a message.
+ */
+QUILON_API int32_t quil_ioctrl(int32_t code, void* data, void* reserved,
+                               uint32_t flags);
+
+/**
+ * Opens a serial port with 8 data bits, 1 stop bit, no parity, no flow
+ * control, write time-out 10000 ms and reply time-out 5000 ms.
+ *
+ * The port becomes the device's connection also when it could not be opened;
+ * commands then fail until the next open. A connection that was open before is
+ * not closed: call quil_close first.
+ *
+ * @param port_name Name of the port, for example "COM3"; at most 9 characters
+ *                  count.
+ * @param baud_rate Bits per second.
+ * @param threaded  1: two threads of the driver serve the port; any other
+ *                  value: the calling thread does.
+ * @return 1; 0 when the port could not be opened (the last error then says
+ *         "Port open ERROR" or, threaded, "Port Open ERROR") or refused its
+ *         settings.
+ */
+QUILON_API int32_t quil_open_serial(const char* port_name, uint32_t baud_rate,
+                                    uint32_t threaded);
+
+/**
+ * Opens a serial port with all its settings; otherwise as quil_open_serial.
+ *
+ * @param params The settings; must not be null.
+ * @return As quil_open_serial.
+ */
+QUILON_API int32_t quil_open_serial_ex(const SerialParams* params);
+
+/**
+ * Connects to a printer over TCP with a reply time-out of 5000 ms.
+ *
+ * The connection becomes the device's also when it failed; commands then find
+ * no answering printer until the next open. A connection that was open before
+ * is not closed: call quil_close first. Connecting to an address that does not
+ * answer takes as long as the system waits for it, at most 10 s on Linux and
+ * about 20 s on Windows.
+ *
+ * @param address Dotted IPv4 address; at most 127 characters count. A host name
+ *                is not looked up and fails.
+ * @param port    TCP port; the low 16 bits count.
+ * @return 1 when connected; 0 when not. When not even a socket was to be had
+ *         the last error says why.
+ */
+QUILON_API int32_t quil_open_tcpip(const char* address, uint32_t port);
+
+/**
+ * Connects to a printer over TCP with all settings; otherwise as
+ * quil_open_tcpip.
+ *
+ * @param params The settings; must not be null.
+ * @return As quil_open_tcpip.
+ */
+QUILON_API int32_t quil_open_tcpip_ex(const TcpParams* params);
+
+/**
+ * Switches the communication log on, for this connection and later ones. Each
+ * connection writes a file of its own, named by the time of opening.
+ *
+ * Switched on again after quil_disable_log, an open connection goes on in its
+ * file, whatever the directory. When the file cannot be created, a line on
+ * standard output says so and the entries are dropped.
+ *
+ * @param directory Directory of the log files, at most 255 bytes, in the
+ *                  process's own encoding; created when missing, except for its
+ *                  first piece (the drive). Empty: "C:\Log", on Linux
+ *                  "/var/log/quilon".
+ * @return 1; 0 before quil_init, for a null pointer or a longer text.
+ */
+QUILON_API int32_t quil_enable_log(const char* directory);
+
+/**
+ * Switches the communication log off. The file of an open connection stays
+ * open.
+ *
+ * @return 1; 0 before quil_init.
+ */
+QUILON_API int32_t quil_disable_log(void);
+
+/**
+ * Writes a line of the application into the communication log. Connections
+ * opened later will have their log on, even if it never was switched on.
+ *
+ * @param text NUL-terminated text; what passes 3996 characters is cut.
+ * @return 1 when the line reached the file; 0 when not: before quil_init, for a
+ *         null pointer or an empty text, without a connection, or when its log
+ *         is off or its file could not be written.
+ */
+QUILON_API int32_t quil_log_msg(const char* text);
+
+/**
+ * Tells the driver's own name and version. Works before quil_init too.
+ *
+ * @param version Where to put them; null: nothing is written.
+ * @return 0, always.
+ */
+QUILON_API int32_t quil_drv_version(DriverVersion* version);
+
+/**
+ * Asks the printer for its name and firmware version.
+ *
+ * @param version Where to put them; both texts are empty when the printer did
+ *                not answer, or before quil_init. Null: nothing is done.
+ * @return 1, always.
+ */
+QUILON_API int32_t quil_prn_version(PrinterVersion* version);
+
+/**
+ * Shows the versions on the customer display for 4 s and prints a non-fiscal
+ * slip of the printer's identity and memory. A step that fails does not stop
+ * the others.
+ *
+ * @return 0, always.
+ */
+QUILON_API int32_t quil_auto_test(void);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif /* QUILON_QUILON_H_ */

@@ -1,0 +1,19 @@
+/**
+ * The records that an application passes to the driver.
+ *
+ * All of them are plain structures of fixed-width integers and char arrays in
+ * natural alignment; nothing in them is a pointer. Fields named `reserved…`
+ * only pad and are neither read nor written unless their comment says so. The
+ * driver reads and writes a record only during the call it is passed to.
+ *
+ * A text ends at its NUL or, without one, with its array. What the driver
+ * copies out is cut to the array and always NUL-terminated.
+ */
+#ifndef QUILON_RECORDS_H_
+#define QUILON_RECORDS_H_
+
+#include "quilon/records/connection.h"
+#include "quilon/records/documents.h"
+#include "quilon/records/status.h"
+
+#endif /* QUILON_RECORDS_H_ */
