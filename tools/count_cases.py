@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Counts the test cases that a run of CTest passed, failed and skipped.
 
 Prints "PASSED FAILED SKIPPED". A GoogleTest program counts by its cases, any
