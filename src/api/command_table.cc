@@ -1,0 +1,102 @@
+#include "api/command_table.h"
+
+#include <algorithm>
+#include <functional>
+#include <iterator>
+
+#include "quilon/codes.h"
+
+namespace quilon {
+namespace {
+
+// The type of the record that a handler takes.
+template <typename Handler>
+struct RecordOf;
+template <typename Device, typename Record>
+struct RecordOf<int32_t (Device::*)(const Record&)> {
+  using Type = Record;
+};
+template <typename Device, typename Record>
+struct RecordOf<int32_t (Device::*)(Record*)> {
+  using Type = Record;
+};
+
+// Rows are made of a handler and take the record's type from it.
+template <auto kHandler>
+consteval Command Row(int32_t code, SuccessRule rule = SuccessRule::kNotZero) {
+  using Handler = decltype(kHandler);
+  if constexpr (std::is_invocable_v<Handler, OnlineFDev&>) {
+    return {code, rule, false, [](OnlineFDev& device, void*) {
+              return std::invoke(kHandler, device);
+            }};
+  } else {
+    using Record = typename RecordOf<Handler>::Type;
+    return {
+        code, rule, true, [](OnlineFDev& device, void* data) {
+          auto* record = static_cast<Record*>(data);
+          if constexpr (std::is_invocable_v<Handler, OnlineFDev&, Record*>) {
+            return std::invoke(kHandler, device, record);
+          } else {
+            return std::invoke(kHandler, device, *record);
+          }
+        }};
+  }
+}
+
+// Rows of commands that exchange nothing.
+consteval Command LocalRow(int32_t code, SuccessRule rule,
+                           int32_t (*run)(OnlineFDev&, void*)) {
+  return {code, rule, false, run};
+}
+
+int32_t DoNothing(OnlineFDev& /*device*/, void* /*record*/) { return 1; }
+
+template <TextEncoding kEncoding>
+int32_t SetTextEncoding(OnlineFDev& device, void* /*record*/) {
+  device.set_text_encoding(kEncoding);
+  return 1;
+}
+
+using Device = OnlineFDev;
+constexpr auto kOne = SuccessRule::kOne;
+constexpr auto kAlways = SuccessRule::kAlways;
+constexpr auto kAtOnce = SuccessRule::kAtOnce;
+
+constexpr Command kCommands[] = {
+    Row<&Device::SendDle>(QUIL_SEND_DLE),
+    Row<&Device::ReadDle>(QUIL_READ_DLE, kOne),
+    Row<&Device::SendEnq>(QUIL_SEND_ENQ),
+    Row<&Device::ReadEnq>(QUIL_READ_ENQ, kOne),
+    Row<&Device::SendErrorNumber>(QUIL_SEND_ERROR_NUMBER),
+    Row<&Device::ReadErrorNumber>(QUIL_READ_ERROR_NUMBER),
+    Row<&Device::SendExtendedStatus>(QUIL_SEND_EXTENDED_STATUS),
+    Row<&Device::ReadExtendedStatus>(QUIL_READ_EXTENDED_STATUS, kOne),
+    LocalRow(QUIL_NOTHING, kAlways, DoNothing),
+
+    Row<&Device::SendDocumentHeader>(QUIL_DOCUMENT_HEADER),
+    Row<&Device::SendDocumentLine>(QUIL_DOCUMENT_LINE),
+    Row<&Device::SendDocumentEnd>(QUIL_DOCUMENT_END),
+    Row<&Device::SendDocumentShortEnd>(QUIL_DOCUMENT_SHORT_END),
+    Row<&Device::SendPayment6>(QUIL_PAYMENT_6),
+    Row<&Device::SendPayment7>(QUIL_PAYMENT_7),
+    Row<&Device::SendPayment10>(QUIL_PAYMENT_10),
+    Row<&Device::SendPayment11>(QUIL_PAYMENT_11),
+
+    LocalRow(QUIL_TEXT_CP1250, kAtOnce, SetTextEncoding<TextEncoding::kCp1250>),
+    LocalRow(QUIL_TEXT_UTF8, kAtOnce, SetTextEncoding<TextEncoding::kUtf8>),
+};
+static_assert(std::ranges::is_sorted(kCommands, std::less_equal{},
+                                     &Command::code),
+              "sorted, and no code twice");
+
+}  // namespace
+
+std::span<const Command> CommandTable() { return kCommands; }
+
+const Command* FindCommand(int32_t code) {
+  const Command* const found =
+      std::ranges::lower_bound(kCommands, code, {}, &Command::code);
+  return found != std::end(kCommands) && found->code == code ? found : nullptr;
+}
+
+}  // namespace quilon

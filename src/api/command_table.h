@@ -1,0 +1,38 @@
+// The commands of quil_ioctrl: one row a code.
+#ifndef QUILON_API_COMMAND_TABLE_H_
+#define QUILON_API_COMMAND_TABLE_H_
+
+#include <cstdint>
+#include <span>
+
+#include "commands/online_fdev.h"
+
+namespace quilon {
+
+// Which results of a handler count as success.
+enum class SuccessRule {
+  kNotZero,
+  kOne,
+  kZero,
+  kAtLeastOne,
+  kNotMinusOne,  // and the handler's result becomes the call's
+  kAtOnce,       // always, and the checks after the command do not run
+  kAlways,
+};
+
+struct Command {
+  int32_t code;
+  SuccessRule rule;
+  bool needs_record;
+  int32_t (*run)(OnlineFDev& device, void* record);
+};
+
+// All commands, sorted by code.
+std::span<const Command> CommandTable();
+
+// The row of `code`, or null for a code that is none.
+const Command* FindCommand(int32_t code);
+
+}  // namespace quilon
+
+#endif  // QUILON_API_COMMAND_TABLE_H_

@@ -1,0 +1,17 @@
+// What the process has one of.
+#ifndef QUILON_API_DRIVER_H_
+#define QUILON_API_DRIVER_H_
+
+#include "commands/online_fdev.h"
+#include "quilon/records.h"
+
+namespace quilon {
+
+struct Driver {
+  OnlineFDev* device = nullptr;  // null until quil_init
+  LastErrorRecord last_error = {};
+};
+
+}  // namespace quilon
+
+#endif  // QUILON_API_DRIVER_H_

@@ -1,0 +1,136 @@
+// The exported functions.
+#include <algorithm>
+#include <cstring>
+#include <exception>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "api/dispatcher.h"
+#include "api/driver.h"
+#include "comm/tcpip_comm.h"
+#include "platform/clock.h"
+#include "platform/tcp_socket.h"
+#include "quilon/quilon.h"
+#include "text/driver_name.h"
+
+namespace {
+
+using quilon::BaseComm;
+using quilon::OnlineFDev;
+
+constexpr int32_t kFailed = 0;
+constexpr int32_t kDone = 1;
+constexpr uint32_t kDefaultReplyTimeout = OnlineFDev::kDefaultReplyTimeout;
+// A longer log message shows no more than this many characters.
+constexpr size_t kMaxMessageLength = 4096;
+
+// No destructor runs when the library is unloaded: the system takes back what
+// the driver still holds.
+constinit quilon::Driver driver;
+
+// Runs `body` with the device object. Returns `failure` without one, and when
+// something is thrown: no exception leaves the library.
+template <typename Body>
+int32_t WithDevice(int32_t failure, Body body) noexcept {
+  if (driver.device == nullptr) {
+    return failure;
+  }
+  try {
+    return body(*driver.device);
+  } catch (const std::exception& exception) {
+    driver.device->LogDiagnostic(exception.what());
+    return failure;
+  }
+}
+
+}  // namespace
+
+int32_t quil_init(uint32_t argument) {
+  quilon::ClockMilliseconds();  // the driver's time begins here
+  try {
+    auto device = std::make_unique<OnlineFDev>(argument);
+    delete std::exchange(driver.device, nullptr);
+    driver.device = device.release();
+  } catch (const std::exception&) {
+    return kFailed;
+  }
+  quilon::TcpSocket::StartLibrary();
+  return kDone;
+}
+
+int32_t quil_close() {
+  return WithDevice(kFailed, [](OnlineFDev& device) { return device.Close(); });
+}
+
+int32_t quil_get_last_error(LastErrorRecord* record) {
+  if (record == nullptr) {
+    return kFailed;
+  }
+  *record = driver.last_error;
+  return kDone;
+}
+
+int32_t quil_ioctrl(int32_t code, void* data, void* /*reserved*/,
+                    uint32_t flags) {
+  return WithDevice(-1, [=](OnlineFDev&) {
+    return quilon::RunCommand(&driver, code, data, flags);
+  });
+}
+
+int32_t quil_open_tcpip(const char* address, uint32_t port) {
+  if (address == nullptr) {
+    return kFailed;
+  }
+  TcpParams params = {};
+  std::strncpy(params.address, address, sizeof(params.address) - 1);
+  params.port = port;
+  params.reply_timeout = kDefaultReplyTimeout;
+  return quil_open_tcpip_ex(&params);
+}
+
+int32_t quil_open_tcpip_ex(const TcpParams* params) {
+  if (params == nullptr) {
+    return kFailed;
+  }
+  return WithDevice(kFailed, [params](OnlineFDev& device) {
+    device.set_reply_timeout(params->reply_timeout);
+    auto transport = std::make_unique<quilon::TCPIPComm>();
+    device.StartLog(transport.get());
+    const int32_t result =
+        transport->OpenConnection(*params, &driver.last_error);
+    device.Attach(std::move(transport));
+    return result;
+  });
+}
+
+int32_t quil_enable_log(const char* directory) {
+  if (directory == nullptr) {
+    return kFailed;
+  }
+  const std::string_view text(
+      directory, strnlen(directory, quilon::CommLog::kPathCapacity));
+  if (text.size() == quilon::CommLog::kPathCapacity) {
+    return kFailed;
+  }
+  return WithDevice(kFailed, [text](OnlineFDev& device) {
+    device.EnableLog(text);
+    return kDone;
+  });
+}
+
+int32_t quil_disable_log() {
+  return WithDevice(kFailed, [](OnlineFDev& device) {
+    device.DisableLog();
+    return kDone;
+  });
+}
+
+int32_t quil_log_msg(const char* text) {
+  if (text == nullptr) {
+    return kFailed;
+  }
+  return WithDevice(kFailed, [text](OnlineFDev& device) {
+    return device.LogMessage({text, strnlen(text, kMaxMessageLength)});
+  });
+}

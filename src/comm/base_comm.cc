@@ -1,0 +1,21 @@
+#include "comm/base_comm.h"
+
+namespace quilon {
+namespace {
+
+constinit BaseComm* abandoned = nullptr;
+
+}  // namespace
+
+BaseComm::~BaseComm() = default;
+
+int32_t BaseComm::Purge() { return 0; }
+
+void BaseComm::Abandon(std::unique_ptr<BaseComm> transport) {
+  if (transport != nullptr) {
+    transport->next_abandoned_ = abandoned;
+    abandoned = transport.release();
+  }
+}
+
+}  // namespace quilon

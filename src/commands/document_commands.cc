@@ -1,0 +1,124 @@
+// Fiscal documents: header, lines, payments and end.
+#include "commands/online_fdev.h"
+
+namespace quilon {
+namespace {
+
+// The quantity as text; as value when the text is empty; nothing when the text
+// has 11 characters or more.
+template <size_t kCapacity>
+void AddQuantity(FrameBuilder& frame, const char (&quantity_text)[kCapacity],
+                 int64_t quantity) {
+  const std::string_view text = TextOf(quantity_text);
+  if (text.empty()) {
+    frame.Quantity(quantity);
+  } else if (text.size() < 11) {
+    frame.Raw(text);
+  }
+}
+
+// As many of `lines` as `count` says, each with its CR.
+template <size_t kLines, size_t kCapacity>
+void AddLines(FrameBuilder& frame, const char (&lines)[kLines][kCapacity],
+              int32_t count) {
+  for (int32_t i = 0; i < count && i < static_cast<int32_t>(kLines); ++i) {
+    frame.TextCr(lines[i]);
+  }
+}
+
+}  // namespace
+
+// A transport that cannot write says so with 0 or with less.
+int32_t OnlineFDev::SendDocument(const FrameBuilder& frame) {
+  const int32_t written = Send(frame);
+  return written > 0 ? written : 0;
+}
+
+int32_t OnlineFDev::SendDocumentHeader(const DocumentHeader& record) {
+  FrameBuilder frame = Frame();
+  frame.Parameters("0", record.line_count, "0", "1", record.header_integer)
+      .Raw("$h");
+  AddLines(frame, record.lines, record.line_count);
+  return SendDocument(frame.TextCr(record.final_text).End());
+}
+
+int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
+  const bool closed_by_text = record.kind == 1;
+  FrameBuilder frame = Frame();
+  frame.Parameters(record.integer1, record.integer2, record.integer3);
+  if (closed_by_text) {
+    frame.Semicolon().Int32(record.kind).Raw("$l");
+  } else {
+    frame.Raw("^l");
+  }
+  frame.TextCr(record.name);
+  if (record.kind == 0) {
+    frame.TextCr(record.second_name);
+  }
+  AddQuantity(frame, record.quantity_text, record.quantity);
+  if (!TextOf(record.unit).empty()) {
+    frame.Char(' ').Text(record.unit);
+  }
+  frame.Cr()
+      .Raw(record.rate_group)
+      .Slash()
+      .AmountFields(record.first_amount, record.second_amount);
+  if (record.optional_amount != 0) {
+    frame.AmountFields(record.optional_amount).TextCr(record.optional_text);
+  }
+  if (closed_by_text) {
+    frame.TextCr(record.closing_text);
+  }
+  return SendDocument(frame.End());
+}
+
+int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
+  FrameBuilder frame = Frame();
+  frame.Int32(record.first_parameter)
+      .Semicolon()
+      .Amount32(record.rate)
+      .Semicolon()
+      .Parameters(record.extra_line_count, "0", record.fifth_parameter, "0")
+      .Raw("$e")
+      .TextCr(record.code_text);
+  AddLines(frame, record.extra_lines, record.extra_line_count);
+  return SendDocument(frame
+                          .AmountFields(record.first_amount,
+                                        record.second_amount,
+                                        record.third_amount)
+                          .End());
+}
+
+int32_t OnlineFDev::SendDocumentShortEnd(const DocumentShortEnd& record) {
+  return SendDocument(Frame()
+                          .Raw("0$e")
+                          .OptionalTextCr(record.first_text)
+                          .OptionalTextCr(record.second_text)
+                          .End());
+}
+
+int32_t OnlineFDev::SendPayment(std::string_view mnemonic,
+                                const Payment& record) {
+  FrameBuilder frame = Frame();
+  frame.Raw(mnemonic).AmountFields(record.amount).Int32(record.integer).Cr();
+  AddQuantity(frame, record.quantity_text, record.quantity);
+  return SendDocument(frame.Cr().End());
+}
+
+int32_t OnlineFDev::SendPayment6(const Payment& record) {
+  return SendPayment("6$d", record);
+}
+
+int32_t OnlineFDev::SendPayment7(const Payment& record) {
+  return SendPayment("7$d", record);
+}
+
+int32_t OnlineFDev::SendPayment10(const Payment& record) {
+  return SendPayment("10$d", record);
+}
+
+int32_t OnlineFDev::SendPayment11(const Payment& record) {
+  return SendPayment("11$d", record);
+}
+
+}  // namespace quilon

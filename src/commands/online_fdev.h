@@ -1,0 +1,35 @@
+// The printer's commands, one member function each.
+#ifndef QUILON_COMMANDS_ONLINE_FDEV_H_
+#define QUILON_COMMANDS_ONLINE_FDEV_H_
+
+#include <cstdint>
+
+#include "protocol/base_fdev.h"
+#include "quilon/records.h"
+
+namespace quilon {
+
+class OnlineFDev final : public BaseFDev {
+ public:
+  using BaseFDev::BaseFDev;
+
+  // --- Fiscal documents (document_commands.cc) ------------------------------
+
+  // Return whether the frame was written: not 0 when it was.
+  int32_t SendDocumentHeader(const DocumentHeader& record);
+  int32_t SendDocumentLine(const DocumentLine& record);
+  int32_t SendDocumentEnd(const DocumentEnd& record);
+  int32_t SendDocumentShortEnd(const DocumentShortEnd& record);
+  int32_t SendPayment6(const Payment& record);
+  int32_t SendPayment7(const Payment& record);
+  int32_t SendPayment10(const Payment& record);
+  int32_t SendPayment11(const Payment& record);
+
+ private:
+  int32_t SendDocument(const FrameBuilder& frame);
+  int32_t SendPayment(std::string_view mnemonic, const Payment& record);
+};
+
+}  // namespace quilon
+
+#endif  // QUILON_COMMANDS_ONLINE_FDEV_H_

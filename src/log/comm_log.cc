@@ -1,0 +1,192 @@
+#include "log/comm_log.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "platform/clock.h"
+#include "platform/files.h"
+#include "text/driver_name.h"
+#include "text/mazovia.h"
+
+namespace quilon {
+namespace {
+
+constexpr size_t kLineCapacity = 4096;
+constexpr size_t kMaxDataLength = 3996;
+constexpr size_t kMaxRenderedPositions = 3997;
+constexpr size_t kLongestRendering = 5;  // "<ENQ>"
+constexpr std::string_view kTruncationMark = "  !!((log truncated))!!  ";
+
+using Path = char[CommLog::kPathCapacity];
+
+// Creates `directory` and the directories it lies in, except for the first
+// piece: that is the drive.
+void CreateDirectoryChain(const char* directory) {
+  Path created;
+  size_t length = 0;
+  bool first_piece = true;
+  for (const char* p = directory;; ++p) {
+    if (*p != kPathSeparator && *p != '\0') {
+      created[length++] = *p;
+      continue;
+    }
+    // A piece that ends with the text gets its separator too, if it fits.
+    if (length + 1 < sizeof(created)) {
+      created[length++] = kPathSeparator;
+    }
+    created[length] = '\0';
+    if (!first_piece) {
+      CreateDirectoryAt(created);
+    }
+    first_piece = false;
+    if (*p == '\0') {
+      return;
+    }
+  }
+}
+
+// Writes the path of the log file that is begun now in `directory`. Returns
+// false when it does not fit.
+bool MakeFilePath(const char* directory, Path& path) {
+  const LocalTime now = LocalTimeNow();
+  const int length =
+      std::snprintf(path, sizeof(path), "%s%c%d-%02d-%02d %02d`%02d`%02d.txt",
+                    directory, kPathSeparator, now.year, now.month, now.day,
+                    now.hour, now.minute, now.second);
+  return length > 0 && static_cast<size_t>(length) < sizeof(path);
+}
+
+const char* DirectionMark(uint32_t kind) {
+  if ((kind & kLogSent) != 0) {
+    return "PC -> ";
+  }
+  return (kind & kLogReceived) != 0 ? "PC <- " : "MSG ";
+}
+
+// Writes the time and the mark of `kind`; returns how many characters.
+size_t WritePrefix(uint32_t kind, char* line) {
+  const LocalTime now = LocalTimeNow();
+  return static_cast<size_t>(
+      std::snprintf(line, kLineCapacity, "[%d-%02d-%02d %02d:%02d:%02d:%03d]%s",
+                    now.year, now.month, now.day, now.hour, now.minute,
+                    now.second, now.millisecond, DirectionMark(kind)));
+}
+
+char* Append(std::string_view text, char* out) {
+  return std::copy(text.begin(), text.end(), out);
+}
+
+char* RenderByte(uint8_t byte, char* out) {
+  switch (byte) {
+    case 5:
+      return Append("<ENQ>", out);
+    case 10:
+      return Append("<LF>", out);
+    case 13:
+      return Append("<CR>", out);
+    case 16:
+      return Append("<DLE>", out);
+    case 27:
+      return Append("<ESC>", out);
+    default:
+      break;
+  }
+  if ((byte >= 32 && byte <= 126) || IsPolishLetter(byte)) {
+    *out = static_cast<char>(byte);
+    return out + 1;
+  }
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  *out++ = '<';
+  *out++ = kDigits[byte >> 4];
+  *out++ = kDigits[byte & 15];
+  *out++ = '>';
+  return out;
+}
+
+}  // namespace
+
+CommLog::~CommLog() { CloseFile(); }
+
+void CommLog::SetDirectory(std::string_view directory) {
+  const size_t length = directory.copy(directory_, sizeof(directory_) - 1);
+  directory_[length] = '\0';
+}
+
+void CommLog::OpenLog() {
+  if (state_ == kNoFile) {
+    OpenLogFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory);
+    WriteLogEntry(kDriverText, std::strlen(kDriverText), kLogStatus);
+    WriteLogEntry(kSystemName, std::strlen(kSystemName), kLogStatus);
+  }
+  state_ = kActive;
+}
+
+int32_t CommLog::OpenLogFile(const char* directory) {
+  CloseFile();
+  Path path;
+  if (MakeFilePath(directory, path)) {
+    CreateDirectoryChain(directory);
+    file_ = std::fopen(path, "w");
+  } else {
+    errno = ENAMETOOLONG;
+  }
+  if (file_ == nullptr) {
+    std::printf("Blad otwierania logu komunikacyjnego %d\n", errno);
+    return 0;
+  }
+  return 1;
+}
+
+int32_t CommLog::WriteLogEntry(const void* data, size_t length, uint32_t kind) {
+  if (length == 0 || file_ == nullptr) {
+    return 0;
+  }
+  char line[kLineCapacity] = {};
+  const size_t prefix_length = WritePrefix(kind, line);
+  // The data is copied as a text: what follows a zero byte in it shows as zero
+  // bytes too.
+  std::strncpy(line + prefix_length, static_cast<const char*>(data),
+               std::min(length, kMaxDataLength));
+
+  char rendered[kMaxRenderedPositions * kLongestRendering +
+                kTruncationMark.size() + 1];
+  char* end = rendered;
+  const size_t wanted = prefix_length + length;
+  const size_t positions = std::min(wanted, kMaxRenderedPositions);
+  for (size_t i = 0; i < positions; ++i) {
+    end = RenderByte(static_cast<uint8_t>(line[i]), end);
+  }
+  if (wanted > positions) {
+    end = Append(kTruncationMark, end);
+  }
+  *end++ = '\n';
+  const auto size = static_cast<size_t>(end - rendered);
+  return std::fwrite(rendered, 1, size, file_) == size &&
+                 std::fflush(file_) == 0
+             ? 1
+             : 0;
+}
+
+int32_t CommLog::WriteIfActive(std::string_view text, uint32_t kind) {
+  return active() ? WriteLogEntry(text.data(), text.size(), kind) : 0;
+}
+
+void CommLog::CloseLog() {
+  if (!active()) {
+    return;
+  }
+  WriteIfActive("Close port", kLogStatus);
+  CloseFile();
+  state_ = kNoFile;
+}
+
+void CommLog::CloseFile() {
+  std::FILE* closing = std::exchange(file_, nullptr);
+  if (closing != nullptr) {
+    std::fclose(closing);
+  }
+}
+
+}  // namespace quilon

@@ -1,0 +1,74 @@
+// The communication log of one connection: a text file that shows every byte
+// sent and received, with the time, and the driver's own messages.
+#ifndef QUILON_LOG_COMM_LOG_H_
+#define QUILON_LOG_COMM_LOG_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <string_view>
+
+namespace quilon {
+
+// Kinds of entries. Any number is a kind: bit 1 marks sent bytes, otherwise
+// bit 0 received ones, otherwise the entry is a message.
+inline constexpr uint32_t kLogStatus = 0;
+inline constexpr uint32_t kLogReceived = 1;
+inline constexpr uint32_t kLogSent = 2;
+inline constexpr uint32_t kLogMessage = 4;
+
+// Entries may be written from two threads; everything else belongs to one.
+class CommLog {
+ public:
+  enum State : int32_t {
+    kNoFile = -1,
+    kSwitchedOff = 0,  // the file stays open
+    kActive = 1,
+  };
+
+  // Capacity of a directory's text, with its NUL, and of a file's path.
+  static constexpr size_t kPathCapacity = 256;
+
+  CommLog() = default;
+  ~CommLog();
+  CommLog(const CommLog&) = delete;
+  CommLog& operator=(const CommLog&) = delete;
+
+  State state() const { return state_; }
+  bool active() const { return state_ == kActive; }
+
+  // Keeps `directory` for the next file; at most 255 bytes.
+  void SetDirectory(std::string_view directory);
+
+  // Makes the log active. Without a file one is begun in the directory, with
+  // the driver's name and version at its head.
+  void OpenLog();
+
+  // Stops writing entries; the file stays open.
+  void SwitchOff() { state_ = kSwitchedOff; }
+
+  // Begins a new file in `directory`, instead of the one that may be open.
+  // Returns 1, or 0 (and says so on standard output) when that is impossible.
+  int32_t OpenLogFile(const char* directory);
+
+  // Writes `length` bytes as one entry, whatever the state. Returns 1 when it
+  // reached the file; 0 without a file, for no bytes, or when writing failed.
+  int32_t WriteLogEntry(const void* data, size_t length, uint32_t kind);
+
+  // As WriteLogEntry, but only while the log is active; else returns 0.
+  int32_t WriteIfActive(std::string_view text, uint32_t kind);
+
+  // While active: writes "Close port" and closes the file.
+  void CloseLog();
+
+ private:
+  void CloseFile();
+
+  State state_ = kNoFile;
+  std::FILE* file_ = nullptr;
+  char directory_[kPathCapacity] = {};
+};
+
+}  // namespace quilon
+
+#endif  // QUILON_LOG_COMM_LOG_H_

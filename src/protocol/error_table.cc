@@ -1,0 +1,188 @@
+#include "protocol/error_table.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "comm/last_error.h"
+#include "text/cp1250.h"
+
+namespace quilon {
+namespace {
+
+struct ErrorText {
+  int32_t code;
+  const char* message;
+};
+
+// Letter for letter what applications and their users know, double spaces and
+// missing accents included. Sorted by code.
+constexpr ErrorText kErrorTexts[] = {
+    {1, "Niezaprogramowany zegar"_cp1250},
+    {2, "Błąd  transmisji"_cp1250},
+    {3, "Błąd  ilości parametrów"_cp1250},
+    {4, "Błąd  parametru"_cp1250},
+    {5, "Błąd  zegara"_cp1250},
+    {6, "Błąd  modulu fiskalnego"_cp1250},
+    {7, "Błąd  daty"_cp1250},
+    {8, "Sprzedaz musi byc zerowa"_cp1250},
+    {9, "Błąd  operacji I/O"_cp1250},
+    {10, "Niedozwolona zmiana czasu"_cp1250},
+    {11, "Zla ilosc stawek PTU"_cp1250},
+    {12, "Zmiana naglówka niedozwolona"_cp1250},
+    {13, "Zmiana naglówka niedozwolona"_cp1250},
+    {14, "Zmiana naglówka niedozwolona"_cp1250},
+    {15, "Błąd  tekstu paragonu"_cp1250},
+    {16, "Błąd  nazwy towaru"_cp1250},
+    {17, "Błąd  ilosci towaru"_cp1250},
+    {18, "Błąd  stawki PTU towaru"_cp1250},
+    {19, "Błąd  ceny towaru"_cp1250},
+    {20, "Błąd  wartosci towaru"_cp1250},
+    {21, "Wylaczony tryb transakcji"_cp1250},
+    {22, "Błąd  operacji STORNO"_cp1250},
+    {23, "Błąd  liczby linii paragonu"_cp1250},
+    {24, "Przepelnienie bufora wydruku"_cp1250},
+    {25, "Błąd  danych kasjera lub tekstu"_cp1250},
+    {26, "Błąd  kwoty WPLATA"_cp1250},
+    {27, "Błąd  kwoty SUMA lub OBNIZKA"_cp1250},
+    {28, "Przepelnienie totalizera"_cp1250},
+    {29, "Brak paragonu do zakonczenia"_cp1250},
+    {30, "Błąd  kwoty WPLATA"_cp1250},
+    {31, "Przepelnienie stanu gotówki"_cp1250},
+    {32, "Ujemny stan kasy wyzerowany"_cp1250},
+    {33, "Błąd  tekstu zmiany kasjera"_cp1250},
+    {34, "Błąd  kwoty lub tekstu"_cp1250},
+    {35, "Sprzedaz zerowa"_cp1250},
+    {36, "Istnieje zapis o tej dacie"_cp1250},
+    {37, "Operacja anulowana"_cp1250},
+    {38, "Błąd  nazwy"_cp1250},
+    {39, "Błąd  symbolu PTU"_cp1250},
+    {40, "Brak naglówka"_cp1250},
+    {41, "Błąd  numeru kasy"_cp1250},
+    {42, "Błąd  numeru kasjera"_cp1250},
+    {43, "Błąd  numeru pararagonu"_cp1250},
+    {44, "Błąd  pola Kontrahent"_cp1250},
+    {45, "Błąd  pola Terminal"_cp1250},
+    {46, "Błąd  pola Nazwa Karty"_cp1250},
+    {47, "Błąd  pola Numer karty"_cp1250},
+    {48, "Błąd  pola Data miesiac"_cp1250},
+    {49, "Błąd  pola Data rok"_cp1250},
+    {50, "Błąd  pola Kod Autoryzacji"_cp1250},
+    {51, "Błąd  pola Kwota"_cp1250},
+    {82, "Niedozwolony rozkaz"_cp1250},
+    {83, "Zla wartosc kaucji"_cp1250},
+    {84, "Przekroczona liczba wyslanych napisow"_cp1250},
+    {99, "Niedozwolony rozkaz"_cp1250},
+    {1000, "Błąd  inicjalizacji"_cp1250},
+    {1001, "Błąd  pamieci RAM"_cp1250},
+    {1002, "Paragon juz rozpoczety"_cp1250},
+    {1003, "Brak numeru NIP"_cp1250},
+    {1004, "Błąd  obnizki"_cp1250},
+    {1005, "Błąd  danych"_cp1250},
+    {1006, "Tryb niefiskalny"_cp1250},
+    {1007, "Brak zaprogramowanych stawek"_cp1250},
+    {1008, "Koniec pamieci fiskalnej"_cp1250},
+    {1009, "Błąd  pamieci RAM"_cp1250},
+    {1010, "Błąd  bazy PLU"_cp1250},
+    {1011, "Błąd  naglówka"_cp1250},
+    {1012, "Błąd  danych kasjera"_cp1250},
+    {1013, "Błąd  stanu kasy"_cp1250},
+    {1014, "Błąd  aktualizacji danych"_cp1250},
+    {1015, "Brak numeru unikatowego"_cp1250},
+    {1016, "Brak pamieci fiskalnej"_cp1250},
+    {1017, "Brak drukarki"_cp1250},
+    {1018, "Brak wyswietlacza klienta"_cp1250},
+    {1019, "Pamiec fiskalna z innego urzadzenia"_cp1250},
+    {1020, "Stawki PTU juz zaprogramowane"_cp1250},
+    {1021, "Tryb TYLKO ODCZYT"_cp1250},
+    {1022, "Nieznany rozkaz"_cp1250},
+    {1023, "Błąd  danych rozkazu"_cp1250},
+    {1024, "Błąd  zakresu raportu"_cp1250},
+    {1025, "Brak raportów w tym zakresie"_cp1250},
+    {1026, "Przepelniony bufor komunikacji"_cp1250},
+    {1027, "Tryb fiskalny niezakonczony"_cp1250},
+    {1028, "Błąd  danych w\npamieci fisk."_cp1250},
+    {1029, "Przekroczony limit pam. fisk."_cp1250},
+    {1030, "Błąd  mapy pam. fiskalnej"_cp1250},
+    {1031, "Rozkaz zakazany w tym trybie"_cp1250},
+    {1032, "Błąd  transmisji"_cp1250},
+    {1033, "Błąd  magistrali pamieci fisk."_cp1250},
+    {1034, "Drukarka jest zajeta"_cp1250},
+    {1035, "Błąd  loga graficznego"_cp1250},
+    {1036, "Błąd  nieprawidlowe logo graficzne"_cp1250},
+    {1037, "Brak papieru"_cp1250},
+    {1046, "Brak danych"_cp1250},
+    {1054, "Brak dostepu"_cp1250},
+    {1070, "Błąd  graficznego naglówka wydruku"_cp1250},
+    {1071, "Niezakończony miesiac"_cp1250},
+    {1072, "Dane z nieobslugiwanego urzadzenia"_cp1250},
+    {1073, "Błąd  grafik wydruku"_cp1250},
+    {1074, "Bledna grafika\nwydruku"_cp1250},
+    {1075, "Bledna grafika"_cp1250},
+    {1076, "Grafika juz zaprogramowana"_cp1250},
+    {1078, "Błąd  transakcji SQL"_cp1250},
+    {1079, "Pamiec na reklamy pelna"_cp1250},
+    {1080, "Lista reklam pelna"_cp1250},
+    {1081, "Błąd  zapisu kopii el. animacji"_cp1250},
+    {1082, "Błąd  bazy PLU"_cp1250},
+    {1083, "Reklama w uzyciu"_cp1250},
+    {1084, "Niedozwolona wersja programu"_cp1250},
+    {1085, "Niezgodnosc daty/czasu z ostatnim zapisem w p.f."_cp1250},
+    {1086, "Błąd  obslugi wydruku"_cp1250},
+    {1087, "Błąd  stanu pamieci chronionej"_cp1250},
+    {1088, "Brak pamieci chronionej"_cp1250},
+    {1089, "Błąd  pamieci chronionej"_cp1250},
+    {1090, "Brak miejsca w pliku wymiany"_cp1250},
+    {1091, "Błąd  bazy spisu tresci"_cp1250},
+    {1092, "Brak pozycjina paragonie"_cp1250},
+    {1093, "Błąd  stanu statusu procesów"_cp1250},
+    {1094, "Błąd  konfiguracji harmonogramów"_cp1250},
+    {1095, "Błąd  fiskalizacji"_cp1250},
+    {1096, "Błąd  polaczenia z TPM"_cp1250},
+    {1097, "Błąd  serwera DNS"_cp1250},
+    {1098, "Brak/bledny numer NIP nabywcy"_cp1250},
+    {1099, "Błąd  zapisu pamieci chronionej"_cp1250},
+    {1100, "Blokada sprzedazy"_cp1250},
+    {1101, "Brak danych nabywcy"_cp1250},
+    {1102, "Błąd  dostepu do pamieci chronionej"_cp1250},
+    {1103, "Brak certyfikatow w MK"_cp1250},
+    {1104, "Brak nazwy nabywcy"_cp1250},
+    {1105, "Bledna suma kontrolna programu/programu PF"_cp1250},
+    {1106, "Brak aktualizacji do pobrania"_cp1250},
+    {1107, "Brak aktualizacji do zainstalowania"_cp1250},
+    {1108, "Brak podlaczonego zasilania"_cp1250},
+    {1109, "Błąd  numeru faktury"_cp1250},
+    {1110, "Błąd  zapisu certyfikatow"_cp1250},
+    {1111, "Osiagnieto limit zerowan RAM"_cp1250},
+    {1112, "Proces fiskalizacji zakonczony"_cp1250},
+    {1113, "Proces fiskalizacji niezakonczony"_cp1250},
+    {1114, "Błąd  zapisu do pamieci fiskalnej"_cp1250},
+    {1115, "Narzut zabroniony"_cp1250},
+    {1116, "Wykonaj zalegly raport dobowy"_cp1250},
+    {1117, "Obnizka/Narzut zabronion(a/y)"_cp1250},
+    {1118, "Osiagnieto maks. liczbe pozycji biletowych"_cp1250},
+    {1119, "Wydruk z pamieci chronionej jest otwarty"_cp1250},
+    {1120, "Wydruk z pamieci chronionej nie jest otwarty"_cp1250},
+    {1121, "Identyczne stawki juz zaprogramowane"_cp1250},
+    {1500, "Błąd  bazy zapasowej\npisu treści"_cp1250},
+    {1501, "Błąd  pamięć\nchroniona pełna"_cp1250},
+    {1502, "Błąd  weryfikacji\npamięci chronionej"_cp1250},
+    {1503, "Zmiana adresu serwera zablokowana"_cp1250},
+    {1504, "Obsługa eDokumentów nie jest aktywna"_cp1250},
+    {1505, "Błędna suma kontrolna programu PF"_cp1250},
+};
+static_assert(std::ranges::is_sorted(kErrorTexts, {}, &ErrorText::code));
+
+}  // namespace
+
+const char* ErrorMessage(int32_t code) {
+  const auto* const found =
+      std::ranges::lower_bound(kErrorTexts, code, {}, &ErrorText::code);
+  return found != std::end(kErrorTexts) && found->code == code ? found->message
+                                                               : "";
+}
+
+void FillErrorText(LastErrorRecord* record) {
+  SetMessage(ErrorMessage(record->error_code), record);
+}
+
+}  // namespace quilon
