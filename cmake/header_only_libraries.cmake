@@ -10,6 +10,8 @@ add_library(header_only_libraries INTERFACE)
 target_include_directories(header_only_libraries SYSTEM INTERFACE ${links})
 find_package(Threads REQUIRED)
 target_link_libraries(header_only_libraries INTERFACE Threads::Threads)
+# This Asio forgets a header that its coroutines need; nothing here uses them.
+target_compile_definitions(header_only_libraries INTERFACE BOOST_ASIO_DISABLE_CO_AWAIT)
 if(WIN32)
   # Asio asks for a Windows version and for the socket libraries by name.
   target_compile_definitions(header_only_libraries INTERFACE _WIN32_WINNT=0x0A00)

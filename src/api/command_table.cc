@@ -4,44 +4,11 @@
 #include <functional>
 #include <iterator>
 
+#include "api/command_row.h"
 #include "quilon/codes.h"
 
 namespace quilon {
 namespace {
-
-// The type of the record that a handler takes.
-template <typename Handler>
-struct RecordOf;
-template <typename Device, typename Record>
-struct RecordOf<int32_t (Device::*)(const Record&)> {
-  using Type = Record;
-};
-template <typename Device, typename Record>
-struct RecordOf<int32_t (Device::*)(Record*)> {
-  using Type = Record;
-};
-
-// Rows are made of a handler and take the record's type from it.
-template <auto kHandler>
-consteval Command Row(int32_t code, SuccessRule rule = SuccessRule::kNotZero) {
-  using Handler = decltype(kHandler);
-  if constexpr (std::is_invocable_v<Handler, OnlineFDev&>) {
-    return {code, rule, false, [](OnlineFDev& device, void*) {
-              return std::invoke(kHandler, device);
-            }};
-  } else {
-    using Record = typename RecordOf<Handler>::Type;
-    return {
-        code, rule, true, [](OnlineFDev& device, void* data) {
-          auto* record = static_cast<Record*>(data);
-          if constexpr (std::is_invocable_v<Handler, OnlineFDev&, Record*>) {
-            return std::invoke(kHandler, device, record);
-          } else {
-            return std::invoke(kHandler, device, *record);
-          }
-        }};
-  }
-}
 
 // Rows of commands that exchange nothing.
 consteval Command LocalRow(int32_t code, SuccessRule rule,

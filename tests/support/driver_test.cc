@@ -1,0 +1,55 @@
+#include "support/driver_test.h"
+
+namespace quilon::testing {
+
+int32_t Ioctl(int32_t code, void* record, uint32_t flags) {
+  return quil_ioctrl(code, record, nullptr, flags);
+}
+
+LastErrorRecord LastError() {
+  LastErrorRecord record = {};
+  EXPECT_EQ(quil_get_last_error(&record), 1);
+  return record;
+}
+
+void DriverTest::SetUp() {
+  ASSERT_EQ(quil_init(0), 1);
+  Connect();
+}
+
+void DriverTest::TearDown() { EXPECT_EQ(quil_close(), 1); }
+
+void DriverTest::Connect(uint32_t reply_timeout) {
+  ASSERT_EQ(quil_close(), 1);
+  TcpParams params = {};
+  Fill("127.0.0.1", params.address);
+  params.port = peer_.port();
+  params.reply_timeout = reply_timeout;
+  ASSERT_EQ(quil_open_tcpip_ex(&params), 1);
+  peer_.Accept();
+}
+
+std::string DriverTest::FrameOf(int32_t code, void* record) {
+  EXPECT_EQ(Ioctl(code, record), 0);
+  std::string frame = peer_.ReceiveFrame();
+  constexpr std::string_view kStart = "\x1BP";
+  constexpr std::string_view kEnd = "\x1B\\";
+  if (!frame.starts_with(kStart) || !frame.ends_with(kEnd)) {
+    ADD_FAILURE() << "not a frame: " << ::testing::PrintToString(frame);
+    return frame;
+  }
+  return frame.substr(kStart.size(),
+                      frame.size() - kStart.size() - kEnd.size());
+}
+
+void DriverTest::Reply(std::string_view fields) {
+  peer_.Send("\x1BP" + std::string(fields) + "\x1B\\");
+}
+
+void DriverTest::ExpectNothingSent() {
+  // The driver sends in order: what came before this DLE would show.
+  ASSERT_EQ(Ioctl(QUIL_SEND_DLE), 0);
+  EXPECT_EQ(peer_.ReceiveUpTo("\x10"), "\x10");
+}
+
+}  // namespace quilon::testing
