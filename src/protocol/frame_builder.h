@@ -69,10 +69,21 @@ class FrameBuilder {
     return Text(TextOf(text));
   }
 
-  // A converted text and the CR that closes it.
-  template <size_t kCapacity>
-  FrameBuilder& TextCr(const char (&text)[kCapacity]) {
-    return Text(text).Cr();
+  // Converted texts, each closed by CR.
+  template <size_t... kCapacities>
+  FrameBuilder& TextCr(const char (&... texts)[kCapacities]) {
+    (Text(texts).Cr(), ...);
+    return *this;
+  }
+
+  // As many of `texts` as `count` says, each closed by CR.
+  template <size_t kTexts, size_t kCapacity>
+  FrameBuilder& TextCrList(const char (&texts)[kTexts][kCapacity],
+                           int32_t count = int32_t{kTexts}) {
+    for (int32_t i = 0; i < count && i < int32_t{kTexts}; ++i) {
+      TextCr(texts[i]);
+    }
+    return *this;
   }
 
   // A converted text and its CR; nothing at all for an empty text.
@@ -93,6 +104,16 @@ class FrameBuilder {
   template <typename... Amounts>
   FrameBuilder& AmountFields(Amounts... amounts) {
     (Amount(amounts).Slash(), ...);
+    return *this;
+  }
+
+  // As many of `amounts` as `count` says, each closed by "/".
+  template <size_t kAmounts>
+  FrameBuilder& AmountFieldList(const int64_t (&amounts)[kAmounts],
+                                int32_t count = int32_t{kAmounts}) {
+    for (int32_t i = 0; i < count && i < int32_t{kAmounts}; ++i) {
+      AmountFields(amounts[i]);
+    }
     return *this;
   }
 
