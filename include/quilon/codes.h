@@ -39,6 +39,49 @@ enum QuilCode {
    *  Direction: local. Record: none. */
   QUIL_NOTHING = 32,
 
+  /** Sends "#r".
+   *  Direction: send. Record: HashR. */
+  QUIL_HASH_R = 100,
+  /** Sends "#k".
+   *  Direction: send. Record: HashK. */
+  QUIL_HASH_K = 101,
+  /** Sends "8;4;4#f", texts and amounts.
+   *  Direction: send. Record: HashF. */
+  QUIL_HASH_F = 102,
+  /** Sends "#o" with six texts as parameters.
+   *  Direction: send. Record: HashO. */
+  QUIL_HASH_O_TEXTS = 103,
+  /** Sends "#o" with two fields behind it.
+   *  Direction: send. Record: HashO. */
+  QUIL_HASH_O_FIELDS = 104,
+  /** Sends "$o" with texts.
+   *  Direction: send. Record: DollarOTexts. */
+  QUIL_DOLLAR_O_TEXTS = 105,
+  /** Sends "$o" with two numbers.
+   *  Direction: send. Record: DollarONumbers. */
+  QUIL_DOLLAR_O_NUMBERS = 106,
+  /** Sends "3$o".
+   *  Direction: send. Record: none. */
+  QUIL_DOLLAR_O_3 = 107,
+  /** Sends "0#t".
+   *  Direction: send. Record: HashT. */
+  QUIL_HASH_T = 108,
+  /** Sends "@PR".
+   *  Direction: send. Record: AtPr. */
+  QUIL_AT_PR = 109,
+  /** Sends "@PMR".
+   *  Direction: send. Record: AtPmr. */
+  QUIL_AT_PMR = 110,
+  /** Sends "#m", texts and amounts.
+   *  Direction: send. Record: HashM. */
+  QUIL_HASH_M = 111,
+  /** Sends "#i" and an amount.
+   *  Direction: send. Record: HashAmount. */
+  QUIL_HASH_I = 112,
+  /** Sends "#d" and an amount.
+   *  Direction: send. Record: HashAmount. */
+  QUIL_HASH_D = 113,
+
   /** Opens a fiscal document ("$h").
    *  Direction: send. Record: DocumentHeader. */
   QUIL_DOCUMENT_HEADER = 200,
@@ -63,6 +106,34 @@ enum QuilCode {
   /** Sends a payment ("11$d").
    *  Direction: send. Record: Payment. */
   QUIL_PAYMENT_11 = 210,
+
+  /** Sends "#p".
+   *  Direction: send. Record: HashP. */
+  QUIL_HASH_P = 500,
+  /** Sends "0#q".
+   *  Direction: send. Record: HashP. */
+  QUIL_HASH_Q = 501,
+  /** Sends "1#p". The printer's "#P" answer is read by QUIL_READ_HASH_P.
+   *  Direction: send. Record: none. */
+  QUIL_HASH_P_1 = 502,
+  /** Reads a "#P" answer. The next packet must be it: unlike other reading
+   *  commands, this one passes over no "#Z" packet.
+   *  Direction: read. Record: HashPAnswer. */
+  QUIL_READ_HASH_P = 503,
+
+  /** Begins a non-fiscal printout ("$w").
+   *  Direction: send. Record: NonFiscalBegin. */
+  QUIL_NONFISCAL_BEGIN = 600,
+  /** Prints up to eight lines of it ("$w").
+   *  Direction: send. Record: NonFiscalLine. */
+  QUIL_NONFISCAL_LINE = 601,
+  /** Ends it ("$w").
+   *  Direction: send. Record: NonFiscalEnd. */
+  QUIL_NONFISCAL_END = 602,
+
+  /** Sends "$z" with 28 as first parameter.
+   *  Direction: send. Record: DollarZ28. */
+  QUIL_DOLLAR_Z_28 = 700,
 
   /** Texts in records are CP1250 from now on (as after quil_init).
    *  Direction: local. Record: none. */

@@ -14,6 +14,9 @@
 
 #include "quilon/records/connection.h"
 #include "quilon/records/documents.h"
+#include "quilon/records/long_frames.h"
+#include "quilon/records/nonfiscal.h"
+#include "quilon/records/second_series.h"
 #include "quilon/records/status.h"
 
 #endif /* QUILON_RECORDS_H_ */

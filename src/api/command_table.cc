@@ -40,6 +40,21 @@ constexpr Command kCommands[] = {
     Row<&Device::ReadExtendedStatus>(QUIL_READ_EXTENDED_STATUS, kOne),
     LocalRow(QUIL_NOTHING, kAlways, DoNothing),
 
+    Row<&Device::SendHashR>(QUIL_HASH_R),
+    Row<&Device::SendHashK>(QUIL_HASH_K),
+    Row<&Device::SendHashF>(QUIL_HASH_F),
+    Row<&Device::SendHashOTexts>(QUIL_HASH_O_TEXTS),
+    Row<&Device::SendHashOFields>(QUIL_HASH_O_FIELDS),
+    Row<&Device::SendDollarOTexts>(QUIL_DOLLAR_O_TEXTS),
+    Row<&Device::SendDollarONumbers>(QUIL_DOLLAR_O_NUMBERS),
+    Row<&Device::SendDollarO3>(QUIL_DOLLAR_O_3),
+    Row<&Device::SendHashT>(QUIL_HASH_T),
+    Row<&Device::SendAtPr>(QUIL_AT_PR),
+    Row<&Device::SendAtPmr>(QUIL_AT_PMR),
+    Row<&Device::SendHashM>(QUIL_HASH_M),
+    Row<&Device::SendHashI>(QUIL_HASH_I),
+    Row<&Device::SendHashD>(QUIL_HASH_D),
+
     Row<&Device::SendDocumentHeader>(QUIL_DOCUMENT_HEADER),
     Row<&Device::SendDocumentLine>(QUIL_DOCUMENT_LINE),
     Row<&Device::SendDocumentEnd>(QUIL_DOCUMENT_END),
@@ -48,6 +63,17 @@ constexpr Command kCommands[] = {
     Row<&Device::SendPayment7>(QUIL_PAYMENT_7),
     Row<&Device::SendPayment10>(QUIL_PAYMENT_10),
     Row<&Device::SendPayment11>(QUIL_PAYMENT_11),
+
+    Row<&Device::SendHashP>(QUIL_HASH_P),
+    Row<&Device::SendHashQ>(QUIL_HASH_Q),
+    Row<&Device::SendHashP1>(QUIL_HASH_P_1),
+    Row<&Device::ReadHashP>(QUIL_READ_HASH_P),
+
+    Row<&Device::SendNonFiscalBegin>(QUIL_NONFISCAL_BEGIN),
+    Row<&Device::SendNonFiscalLine>(QUIL_NONFISCAL_LINE),
+    Row<&Device::SendNonFiscalEnd>(QUIL_NONFISCAL_END),
+
+    Row<&Device::SendDollarZ28>(QUIL_DOLLAR_Z_28),
 
     LocalRow(QUIL_TEXT_CP1250, kAtOnce, SetTextEncoding<TextEncoding::kCp1250>),
     LocalRow(QUIL_TEXT_UTF8, kAtOnce, SetTextEncoding<TextEncoding::kUtf8>),

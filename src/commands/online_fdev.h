@@ -13,6 +13,37 @@ class OnlineFDev final : public BaseFDev {
  public:
   using BaseFDev::BaseFDev;
 
+  // --- Second series (second_series_commands.cc) ----------------------------
+
+  int32_t SendHashR(const HashR& record);
+  int32_t SendHashK(const HashK& record);
+  int32_t SendHashOTexts(const HashO& record);
+  int32_t SendHashOFields(const HashO& record);
+  int32_t SendDollarOTexts(const DollarOTexts& record);
+  int32_t SendDollarONumbers(const DollarONumbers& record);
+  int32_t SendDollarO3();
+  int32_t SendHashT(const HashT& record);
+  int32_t SendAtPr(const AtPr& record);
+  int32_t SendAtPmr(const AtPmr& record);
+  int32_t SendHashI(const HashAmount& record);
+  int32_t SendHashD(const HashAmount& record);
+  int32_t SendHashP(const HashP& record);
+  int32_t SendHashQ(const HashP& record);
+  int32_t SendHashP1();
+  int32_t ReadHashP(HashPAnswer* record);
+  int32_t SendDollarZ28(const DollarZ28& record);
+
+  // --- Long frames (long_frame_commands.cc) ---------------------------------
+
+  int32_t SendHashF(const HashF& record);
+  int32_t SendHashM(const HashM& record);
+
+  // --- Non-fiscal printouts (nonfiscal_commands.cc) -------------------------
+
+  int32_t SendNonFiscalBegin(const NonFiscalBegin& record);
+  int32_t SendNonFiscalLine(const NonFiscalLine& record);
+  int32_t SendNonFiscalEnd(const NonFiscalEnd& record);
+
   // --- Fiscal documents (document_commands.cc) ------------------------------
 
   // Return whether the frame was written: not 0 when it was.
@@ -26,6 +57,8 @@ class OnlineFDev final : public BaseFDev {
   int32_t SendPayment11(const Payment& record);
 
  private:
+  int32_t SendHashO(FrameBuilder& frame, const HashO& record);
+  int32_t SendHashAmount(std::string_view mnemonic, const HashAmount& record);
   int32_t SendDocument(const FrameBuilder& frame);
   int32_t SendPayment(std::string_view mnemonic, const Payment& record);
 };
