@@ -13,7 +13,9 @@
 #define QUILON_RECORDS_H_
 
 #include "quilon/records/connection.h"
+#include "quilon/records/device.h"
 #include "quilon/records/documents.h"
+#include "quilon/records/numbers.h"
 #include "quilon/records/status.h"
 
 #endif /* QUILON_RECORDS_H_ */
