@@ -23,12 +23,46 @@ enum QuilCode {
    *  dropped. Fails when the printer stays silent.
    *  Direction: read. Record: EnqStatus. */
   QUIL_READ_ENQ = 5,
+  /** Asks for the printer's name and firmware version ("#v").
+   *  Direction: send. Record: none. */
+  QUIL_SEND_DEVICE_INFO = 6,
+  /** Reads the answer to QUIL_SEND_DEVICE_INFO ("#R").
+   *  Direction: read. Record: PrinterVersion. */
+  QUIL_READ_DEVICE_INFO = 7,
+  /** Asks for the printer's identity ("23#s").
+   *  Direction: send. Record: none. */
+  QUIL_SEND_IDENTITY = 8,
+  /** Reads the answer to QUIL_SEND_IDENTITY ("#X").
+   *  Direction: read. Record: Identity. */
+  QUIL_READ_IDENTITY = 9,
   /** Asks for the number of the printer's last error.
    *  Direction: send. Record: none. */
   QUIL_SEND_ERROR_NUMBER = 10,
   /** Reads the answer to QUIL_SEND_ERROR_NUMBER.
    *  Direction: read. Record: ErrorNumber. */
   QUIL_READ_ERROR_NUMBER = 11,
+  /** Asks for information block 50, the communication port ("50$i").
+   *  Direction: send. Record: none. */
+  QUIL_SEND_PORT = 14,
+  /** Reads the answer to QUIL_SEND_PORT ("$I").
+   *  Direction: read. Record: PortInfo. */
+  QUIL_READ_PORT = 15,
+  /** Asks for the state of the fiscal memory ("210#s").
+   *  Direction: send. Record: none. */
+  QUIL_SEND_MEMORY = 16,
+  /** Reads the answer to QUIL_SEND_MEMORY ("#X").
+   *  Direction: read. Record: MemoryInfo. */
+  QUIL_READ_MEMORY = 17,
+  /** Chooses by its number which totals the printer tells, before
+   *  QUIL_SEND_IDENTITY (0) or QUIL_SEND_TOTALS (1) ("$r").
+   *  Direction: send. Record: SingleNumber. */
+  QUIL_SET_TOTALS_MODE = 25,
+  /** Asks for the printer's totals ("22#s").
+   *  Direction: send. Record: none. */
+  QUIL_SEND_TOTALS = 26,
+  /** Reads the answer to QUIL_SEND_TOTALS or QUIL_SEND_IDENTITY ("#X").
+   *  Direction: read. Record: Identity. */
+  QUIL_READ_TOTALS = 27,
   /** Asks for the extended status with the byte 0x1A.
    *  Direction: send. Record: none. */
   QUIL_SEND_EXTENDED_STATUS = 30,
@@ -132,7 +166,7 @@ enum QuilCode {
   QUIL_NONFISCAL_END = 602,
 
   /** Sends "$z" with 28 as first parameter.
-   *  Direction: send. Record: DollarZ28. */
+   *  Direction: send. Record: SingleNumber. */
   QUIL_DOLLAR_Z_28 = 700,
 
   /** Texts in records are CP1250 from now on (as after quil_init).

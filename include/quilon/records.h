@@ -13,9 +13,11 @@
 #define QUILON_RECORDS_H_
 
 #include "quilon/records/connection.h"
+#include "quilon/records/device.h"
 #include "quilon/records/documents.h"
 #include "quilon/records/long_frames.h"
 #include "quilon/records/nonfiscal.h"
+#include "quilon/records/numbers.h"
 #include "quilon/records/second_series.h"
 #include "quilon/records/status.h"
 

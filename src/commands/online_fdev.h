@@ -13,6 +13,21 @@ class OnlineFDev final : public BaseFDev {
  public:
   using BaseFDev::BaseFDev;
 
+  // --- What the printer tells of itself (info_commands.cc) ------------------
+
+  int32_t SendDeviceInfo();
+  int32_t ReadDeviceInfo(PrinterVersion* record);
+  // The totals mode says which totals the identity and the totals tell.
+  int32_t SetTotalsMode(const SingleNumber& record);
+  int32_t SendIdentity();
+  int32_t SendTotals();
+  // Reads the answer to SendIdentity and to SendTotals.
+  int32_t ReadIdentity(Identity* record);
+  int32_t SendPort();
+  int32_t ReadPort(PortInfo* record);
+  int32_t SendMemory();
+  int32_t ReadMemory(MemoryInfo* record);
+
   // --- Second series (second_series_commands.cc) ----------------------------
 
   int32_t SendHashR(const HashR& record);
@@ -31,7 +46,7 @@ class OnlineFDev final : public BaseFDev {
   int32_t SendHashQ(const HashP& record);
   int32_t SendHashP1();
   int32_t ReadHashP(HashPAnswer* record);
-  int32_t SendDollarZ28(const DollarZ28& record);
+  int32_t SendDollarZ28(const SingleNumber& record);
 
   // --- Long frames (long_frame_commands.cc) ---------------------------------
 

@@ -1,6 +1,6 @@
 // The short commands of codes 100 to 113, 500 to 503 and 700.
 #include "commands/online_fdev.h"
-#include "text/copy_text.h"
+#include "protocol/reply_fields.h"
 
 namespace quilon {
 
@@ -70,10 +70,7 @@ int32_t OnlineFDev::SendDollarONumbers(const DollarONumbers& record) {
   return Send(Frame()
                   .Int32(record.parameter)
                   .Raw("$o")
-                  .Int64(record.number1)
-                  .Slash()
-                  .Int64(record.number2)
-                  .Slash()
+                  .NumberFields(record.number1, record.number2)
                   .Text(record.field)
                   .Slash()
                   .End());
@@ -92,10 +89,7 @@ int32_t OnlineFDev::SendHashT(const HashT& record) {
 int32_t OnlineFDev::SendAtPr(const AtPr& record) {
   return Send(Frame()
                   .Raw("@PR")
-                  .Int32(record.number1)
-                  .Slash()
-                  .Int32(record.number2)
-                  .Slash()
+                  .NumberFields(record.number1, record.number2)
                   .TextCr(record.text1, record.text2)
                   .End());
 }
@@ -103,10 +97,7 @@ int32_t OnlineFDev::SendAtPr(const AtPr& record) {
 int32_t OnlineFDev::SendAtPmr(const AtPmr& record) {
   return Send(Frame()
                   .Raw("@PMR")
-                  .Int32(record.number1)
-                  .Slash()
-                  .Int32(record.number2)
-                  .Slash()
+                  .NumberFields(record.number1, record.number2)
                   .TextCr(record.text1, record.text2)
                   .End());
 }
@@ -149,14 +140,12 @@ int32_t OnlineFDev::ReadHashP(HashPAnswer* record) {
   if (!ReadPacket() || !reply().SkipPast("#P")) {
     return 0;
   }
-  CopyText(reply().NextField(), record->text1);
-  CopyText(reply().NextField(), record->text2);
-  record->number = reply().Int32Field();
+  TakeFields(Text(record->text1), Text(record->text2), Int(record->number));
   return 1;
 }
 
-int32_t OnlineFDev::SendDollarZ28(const DollarZ28& record) {
-  return Send(Frame().Parameters("28", record.parameter).Raw("$z").End());
+int32_t OnlineFDev::SendDollarZ28(const SingleNumber& record) {
+  return Send(Frame().Parameters("28", record.number).Raw("$z").End());
 }
 
 }  // namespace quilon

@@ -100,6 +100,27 @@ class FrameBuilder {
     return *this;
   }
 
+  // Numbers and arrays of numbers, each number closed by "/".
+  template <typename... Numbers>
+  FrameBuilder& NumberFields(const Numbers&... numbers) {
+    (NumberField(numbers), ...);
+    return *this;
+  }
+
+  // Bytes as they are, each text closed by "/".
+  template <typename... Texts>
+  FrameBuilder& RawFields(const Texts&... texts) {
+    (Raw(texts).Slash(), ...);
+    return *this;
+  }
+
+  // Bytes as they are, each text closed by CR.
+  template <typename... Texts>
+  FrameBuilder& RawLines(const Texts&... texts) {
+    (Raw(texts).Cr(), ...);
+    return *this;
+  }
+
   // Amounts, each closed by "/".
   template <typename... Amounts>
   FrameBuilder& AmountFields(Amounts... amounts) {
@@ -136,6 +157,14 @@ class FrameBuilder {
   template <size_t kCapacity>
   FrameBuilder& Parameter(const char (&text)[kCapacity]) {
     return Raw(text);
+  }
+
+  void NumberField(int64_t number) { Int64(number).Slash(); }
+  template <size_t kCount>
+  void NumberField(const int32_t (&numbers)[kCount]) {
+    for (const int32_t number : numbers) {
+      NumberField(number);
+    }
   }
 
   std::string& buffer_;

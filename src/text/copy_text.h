@@ -9,10 +9,12 @@
 
 namespace quilon {
 
-// Puts `text` into `array`, cut to its room; the rest of the array is NUL.
+// Puts at most `max_length` bytes of `text` into `array`, cut to its room; the
+// rest of the array is NUL.
 template <size_t kCapacity>
-void CopyText(std::string_view text, char (&array)[kCapacity]) {
-  const size_t length = text.copy(array, kCapacity - 1);
+void CopyText(std::string_view text, char (&array)[kCapacity],
+              size_t max_length = kCapacity - 1) {
+  const size_t length = text.copy(array, std::min(max_length, kCapacity - 1));
   std::fill(array + length, std::end(array), '\0');
 }
 

@@ -233,11 +233,11 @@ TEST_F(SecondSeriesTest, HashPAndHashQSendEmptyTextsToo) {
 }
 
 TEST_F(SecondSeriesTest, DollarZ28) {
-  DollarZ28 record = {1};
+  SingleNumber record = {1};
   // FF ^ 32 '2' = CD, ^ 38 '8' = F5, ^ 3B ';' = CE, ^ 31 '1' = FF, ^ 24 '$' =
   // DB, ^ 7A 'z' = A1.
   EXPECT_EQ(FrameOf(QUIL_DOLLAR_Z_28, &record), "28;1$za1");
-  record.parameter = kLeast;
+  record.number = kLeast;
   EXPECT_EQ(FrameOf(QUIL_DOLLAR_Z_28, &record), Checked("28;-2147483648$z"));
 }
 

@@ -158,10 +158,4 @@ QUILON_OFFSET(HashPAnswer, text1, 0);
 QUILON_OFFSET(HashPAnswer, text2, 33);
 QUILON_OFFSET(HashPAnswer, number, 44);
 
-/** "28;n$z": QUIL_DOLLAR_Z_28. */
-typedef struct DollarZ28 {
-  int32_t parameter; /**< The parameter behind 28. */
-} DollarZ28;
-QUILON_SIZE(DollarZ28, 4);
-
 #endif /* QUILON_RECORDS_SECOND_SERIES_H_ */
