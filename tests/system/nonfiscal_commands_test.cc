@@ -42,7 +42,7 @@ TEST_F(NonFiscalTest, BeginWithEverything) {
   record.header_flag = 1;
   record.fifth_parameter = 5;
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_BEGIN, &record),
-            Checked("0;1;-2147483648;-3;1;5$wHeader\r"));
+            Summed("0;1;-2147483648;-3;1;5$wHeader\r"));
 }
 
 TEST_F(NonFiscalTest, BeginSendsItsHeaderForFlagOneOnly) {
@@ -51,7 +51,7 @@ TEST_F(NonFiscalTest, BeginSendsItsHeaderForFlagOneOnly) {
   for (const int32_t flag : {0, 2, -1}) {
     record.header_flag = flag;
     EXPECT_EQ(FrameOf(QUIL_NONFISCAL_BEGIN, &record),
-              Checked("0;0;0;0;" + std::to_string(flag) + ";$w\r"));
+              Summed("0;0;0;0;" + std::to_string(flag) + ";$w\r"));
   }
 }
 
@@ -61,16 +61,16 @@ TEST_F(NonFiscalTest, BeginSendsItsHeaderAsItIs) {
   record.header_flag = 1;
   record.fifth_parameter = 0;
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_BEGIN, &record),
-            Checked("0;0;0;0;1;$w" + X(100) + "\r"));
+            Summed("0;0;0;0;1;$w" + X(100) + "\r"));
 
   // Polish letters of CP1250 and of UTF-8 stay.
   Fill("\xA3\xB9\xC5\x82", record.header_text);
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_BEGIN, &record),
-            Checked("0;0;0;0;1;$w\xA3\xB9\xC5\x82\r"));
+            Summed("0;0;0;0;1;$w\xA3\xB9\xC5\x82\r"));
   ASSERT_EQ(Ioctl(QUIL_TEXT_UTF8), 0);
   Fill("\xC5\x82", record.header_text);
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_BEGIN, &record),
-            Checked("0;0;0;0;1;$w\xC5\x82\r"));
+            Summed("0;0;0;0;1;$w\xC5\x82\r"));
 }
 
 TEST_F(NonFiscalTest, LineWithoutTextHasNoCr) {
@@ -93,7 +93,7 @@ TEST_F(NonFiscalTest, LineLeavesTheSecondAndFourthIntegerOut) {
   record.parameter7 = 7;
   std::memset(record.lines, 0, sizeof(record.lines));
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_LINE, &record),
-            Checked("1;-2;3;-2147483648;5;6;7$w"));
+            Summed("1;-2;3;-2147483648;5;6;7$w"));
 }
 
 TEST_F(NonFiscalTest, LineLeavesEmptyLinesOut) {
@@ -102,7 +102,7 @@ TEST_F(NonFiscalTest, LineLeavesEmptyLinesOut) {
   Fill("three", record.lines[2]);
   Fill("eight", record.lines[7]);
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_LINE, &record),
-            Checked("0;0;0;0;0;0;0$wone\rthree\reight\r"));
+            Summed("0;0;0;0;0;0;0$wone\rthree\reight\r"));
 }
 
 TEST_F(NonFiscalTest, LineWithAllLines) {
@@ -115,18 +115,18 @@ TEST_F(NonFiscalTest, LineWithAllLines) {
   for (int i = 0; i < 8; ++i) {
     expected += X(65) + "\r";
   }
-  EXPECT_EQ(FrameOf(QUIL_NONFISCAL_LINE, &record), Checked(expected));
+  EXPECT_EQ(FrameOf(QUIL_NONFISCAL_LINE, &record), Summed(expected));
 }
 
 TEST_F(NonFiscalTest, LineIsConverted) {
   NonFiscalLine record = {};
   Fill("\xA3\xB9", record.lines[0]);  // "Łą"
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_LINE, &record),
-            Checked("0;0;0;0;0;0;0$w\x9C\x86\r"));
+            Summed("0;0;0;0;0;0;0$w\x9C\x86\r"));
   ASSERT_EQ(Ioctl(QUIL_TEXT_UTF8), 0);
   Fill("\xC5\x81\xC4\x85", record.lines[0]);
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_LINE, &record),
-            Checked("0;0;0;0;0;0;0$w\x9C\x86\r"));
+            Summed("0;0;0;0;0;0;0$w\x9C\x86\r"));
 }
 
 TEST_F(NonFiscalTest, EndWithoutTextHasNoCr) {
@@ -142,7 +142,7 @@ TEST_F(NonFiscalTest, EndSendsItsTrailingParameterBehindTheTexts) {
   NonFiscalEnd record = {};
   record.fifth_parameter = 5;
   record.trailing_parameter = 7;
-  EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record), Checked("1;0;0;0;5$w;7"));
+  EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record), Summed("1;0;0;0;5$w;7"));
 
   record.second_parameter = -2;
   record.third_parameter = kLeast;
@@ -153,7 +153,7 @@ TEST_F(NonFiscalTest, EndSendsItsTrailingParameterBehindTheTexts) {
   Fill("closing", record.closing_text);
   record.trailing_parameter = 0;
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record),
-            Checked("1;-2;-2147483648;2;5$wclosing\rone\rtwo\r;0"));
+            Summed("1;-2;-2147483648;2;5$wclosing\rone\rtwo\r;0"));
 }
 
 TEST_F(NonFiscalTest, EndSendsAsManyLinesAsItsCountSays) {
@@ -175,7 +175,7 @@ TEST_F(NonFiscalTest, EndSendsAsManyLinesAsItsCountSays) {
   };
   for (const auto& [count, body] : kCases) {
     record.closing_line_count = count;
-    EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record), Checked(body));
+    EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record), Summed(body));
   }
 }
 
@@ -183,8 +183,8 @@ TEST_F(NonFiscalTest, EndWithTextsWithoutNul) {
   NonFiscalEnd record = FilledRecord<NonFiscalEnd>();
   record.closing_line_count = 3;
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record),
-            Checked("1;2021161080;2021161080;3;2021161080$w" + X(65) + "\r" +
-                    X(65) + "\r" + X(65) + "\r" + X(65) + "\r;2021161080"));
+            Summed("1;2021161080;2021161080;3;2021161080$w" + X(65) + "\r" +
+                   X(65) + "\r" + X(65) + "\r" + X(65) + "\r;2021161080"));
 }
 
 TEST_F(NonFiscalTest, EndIsConverted) {
@@ -193,7 +193,7 @@ TEST_F(NonFiscalTest, EndIsConverted) {
   Fill("\xA3\xB9", record.closing_text);      // "Łą"
   Fill("\xBF\xF3", record.closing_lines[0]);  // "żó"
   EXPECT_EQ(FrameOf(QUIL_NONFISCAL_END, &record),
-            Checked("1;0;0;1$w\x9C\x86\r\xA7\xA2\r"));
+            Summed("1;0;0;1$w\x9C\x86\r\xA7\xA2\r"));
 }
 
 TEST_F(NonFiscalTest, StatusCheckFollowsTheCommand) {
