@@ -86,7 +86,7 @@ int32_t OnlineFDev::SendHashT(const HashT& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendAtPr(const AtPr& record) {
+int32_t OnlineFDev::SendPr(const PrCommand& record) {
   return Send(Frame()
                   .Raw("@PR")
                   .NumberFields(record.number1, record.number2)
@@ -94,7 +94,7 @@ int32_t OnlineFDev::SendAtPr(const AtPr& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendAtPmr(const AtPmr& record) {
+int32_t OnlineFDev::SendPmr(const PmrCommand& record) {
   return Send(Frame()
                   .Raw("@PMR")
                   .NumberFields(record.number1, record.number2)

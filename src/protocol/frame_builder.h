@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -60,6 +61,14 @@ class FrameBuilder {
   template <size_t kCapacity>
   FrameBuilder& Raw(const char (&text)[kCapacity]) {
     return Raw(TextOf(text));
+  }
+
+  // Bytes as pairs of hexadecimal digits.
+  FrameBuilder& UpperHex(std::span<const uint8_t> bytes) {
+    return Hex(bytes, "0123456789ABCDEF");
+  }
+  FrameBuilder& LowerHex(std::span<const uint8_t> bytes) {
+    return Hex(bytes, "0123456789abcdef");
   }
 
   // A text of the application, converted to the printer's code page.
@@ -152,6 +161,7 @@ class FrameBuilder {
 
  private:
   void CheckRoom(size_t length) const;
+  FrameBuilder& Hex(std::span<const uint8_t> bytes, std::string_view digits);
 
   FrameBuilder& Parameter(int32_t value) { return Int32(value); }
   template <size_t kCapacity>
@@ -159,7 +169,10 @@ class FrameBuilder {
     return Raw(text);
   }
 
-  void NumberField(int64_t number) { Int64(number).Slash(); }
+  template <typename Integer>
+  void NumberField(Integer number) {
+    Int64(static_cast<int64_t>(number)).Slash();
+  }
   template <size_t kCount>
   void NumberField(const int32_t (&numbers)[kCount]) {
     for (const int32_t number : numbers) {
