@@ -369,12 +369,22 @@ enum QuilCode {
   /** Prints a line of the document ("$l" or "^l").
    *  Direction: send. Record: DocumentLine. */
   QUIL_DOCUMENT_LINE = 201,
-  /** Closes the document ("$e").
+  /** Closes the document ("$e"). Fails, whatever the flags, when the printer is
+   *  not ready afterwards or says that the command was refused.
    *  Direction: send. Record: DocumentEnd. */
   QUIL_DOCUMENT_END = 202,
   /** Ends the document in the short form ("0$e"), without totals.
    *  Direction: send. Record: DocumentShortEnd. */
   QUIL_DOCUMENT_SHORT_END = 203,
+  /** Sends "$n" within a document.
+   *  Direction: send. Record: DollarN. */
+  QUIL_SEND_DOLLAR_N = 204,
+  /** Sends "$L" within a document.
+   *  Direction: send. Record: DollarCapitalL. */
+  QUIL_SEND_DOLLAR_CAPITAL_L = 205,
+  /** Sends "$Y" within a document.
+   *  Direction: send. Record: DollarCapitalY. */
+  QUIL_SEND_DOLLAR_CAPITAL_Y = 206,
   /** Sends a payment ("6$d").
    *  Direction: send. Record: Payment. */
   QUIL_PAYMENT_6 = 207,
@@ -387,6 +397,69 @@ enum QuilCode {
   /** Sends a payment ("11$d").
    *  Direction: send. Record: Payment. */
   QUIL_PAYMENT_11 = 210,
+  /** Settles and closes the document with "$x". As QUIL_DOCUMENT_END it fails
+   *  when the printer is not ready afterwards or says that the command was
+   *  refused.
+   *  Direction: send. Record: DollarX. */
+  QUIL_DOCUMENT_END_X = 211,
+  /** Sends "$b" within a document.
+   *  Direction: send. Record: DollarB. */
+  QUIL_SEND_DOLLAR_B = 212,
+  /** Settles and closes the document with "$y". As QUIL_DOCUMENT_END it fails
+   *  when the printer is not ready afterwards or says that the command was
+   *  refused.
+   *  Direction: send. Record: DollarY. */
+  QUIL_DOCUMENT_END_Y = 213,
+  /** Prints a whole document and proves by the totals that it was booked. A
+   *  step that cannot be sent fails the call, but not before the others have
+   *  been sent. While the printer does not tell its totals they are asked for
+   *  again, without end.
+   *  Direction: send. Record: WholeDocument. */
+  QUIL_WHOLE_DOCUMENT = 214,
+  /** Checks the totals once more against those that the last document must
+   *  have led to. Always fails with QUIL_COMPARE_TOTALS, which forgets that
+   *  document.
+   *  Direction: read. Record: none. */
+  QUIL_CHECK_TOTALS = 215,
+  /** Sends "@z".
+   *  Direction: send. Record: AtZ. */
+  QUIL_SEND_AT_Z = 216,
+  /** Prints a line of rate group "P" ("$l").
+   *  Direction: send. Record: DocumentLineP. */
+  QUIL_DOCUMENT_LINE_P = 217,
+  /** Sends "@e".
+   *  Direction: send. Record: AtE. */
+  QUIL_SEND_AT_E = 218,
+  /** Opens a fiscal document as QUIL_DOCUMENT_HEADER does, but with 1 as the
+   *  first parameter ("$h").
+   *  Direction: send. Record: DocumentHeader. */
+  QUIL_DOCUMENT_HEADER_219 = 219,
+
+  /** Opens a fiscal document with the buyer's data ("$h").
+   *  Direction: send. Record: BuyerHeader. */
+  QUIL_BUYER_HEADER = 300,
+  /** Prints a line of the document, as QUIL_DOCUMENT_LINE does.
+   *  Direction: send. Record: DocumentLine. */
+  QUIL_BUYER_LINE = 301,
+  /** Closes the document ("$e"). Fails as QUIL_DOCUMENT_END does.
+   *  Direction: send. Record: BuyerEnd. */
+  QUIL_BUYER_END = 302,
+  /** Sends "@c".
+   *  Direction: send. Record: AtC. */
+  QUIL_SEND_AT_C = 303,
+  /** Prints a whole document with a buyer and proves by the totals that it was
+   *  booked, as QUIL_WHOLE_DOCUMENT does.
+   *  Direction: send. Record: WholeBuyerDocument. */
+  QUIL_WHOLE_BUYER_DOCUMENT = 304,
+  /** Closes the document with the command of QUIL_DOCUMENT_END ("$e").
+   *  Direction: send. Record: DocumentEnd. */
+  QUIL_BUYER_PLAIN_END = 306,
+  /** Closes the document with the command of QUIL_DOCUMENT_END_X ("$x").
+   *  Direction: send. Record: DollarX. */
+  QUIL_BUYER_END_X = 307,
+  /** Opens a document as QUIL_BUYER_HEADER does ("$h").
+   *  Direction: send. Record: BuyerHeader. */
+  QUIL_BUYER_HEADER_308 = 308,
 
   /** Opens the cash drawer ("1$d").
    *  Direction: send. Record: none. */
