@@ -26,7 +26,7 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-constexpr char kOutput[] = "receipt_test.out";
+constexpr char kOutput[] = "receipt_example_test.out";
 
 std::string ReadFile(const std::filesystem::path& path) {
   std::ostringstream text;
@@ -95,7 +95,7 @@ TEST(Receipt, StandsOnThePaper) {
 
 TEST(Receipt, LeavesALog) {
   const std::filesystem::path folder =
-      std::filesystem::absolute("receipt_test_log");
+      std::filesystem::absolute("receipt_example_test_log");
   std::filesystem::remove_all(folder);
   const VirtualPrinter printer;
   EXPECT_TRUE(RunReceipt(AddressOf(printer) + " " + folder.string()).succeeded);
@@ -117,8 +117,8 @@ TEST(Receipt, SaysWhyThePrinterRefused) {
   other_client.connect(
       {boost::asio::ip::address_v4::loopback(), printer.tcp_port()});
   // FF ^ 31 ^ 24 ^ 68 ^ 0D; all other bytes stand in pairs.
-  boost::asio::write(other_client,
-                     boost::asio::buffer("\x1BP0;0;0;1;0$h\r8f\x1B\\", 17));
+  const std::string header = "\x1BP0;0;0;1;0$h\r8f\x1B\\";
+  boost::asio::write(other_client, boost::asio::buffer(header));
   ASSERT_TRUE(printer.wait_until(
       [](const quilon::printer::Snapshot& now) { return now.document_open; }));
 
@@ -145,7 +145,6 @@ TEST(Receipt, IsCancelledWhenALineIsRefused) {
   std::future<Result> run =
       std::async(RunReceipt, "127.0.0.1 " + std::to_string(peer.port()));
   peer.Accept();
-  AnswerStatus(peer, kAccepted);
   EXPECT_THAT(peer.ReceiveFrame(), HasSubstr("$h"));
   AnswerStatus(peer, kAccepted);
   EXPECT_THAT(peer.ReceiveFrame(), HasSubstr("^lChleb"));
