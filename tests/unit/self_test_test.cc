@@ -150,7 +150,9 @@ TEST_F(SelfTestTest, TakesEveryStepWithASilentPrinter) {
 }
 
 TEST_F(SelfTestTest, WaitsForASilentPrinterFourTimes) {
-  // Every wait polls once: 10 ms later the reply time-out of 1 ms is over.
+  // A time-out of -1 ms is over when the clock has not moved yet: each wait
+  // polls once.
+  device_.set_reply_timeout(static_cast<uint32_t>(-1));
   Run();
   EXPECT_EQ(printer_.read_count, 4);
 
