@@ -74,4 +74,10 @@ int32_t RunCommand(Driver* driver, int32_t code, void* data, uint32_t flags) {
       driver, command->rule == SuccessRule::kNotMinusOne ? result : 0, flags);
 }
 
+int32_t TryCommand(Driver* driver, int32_t code, void* data) {
+  return Contain(*driver->device, kFailed, [=](OnlineFDev&) {
+    return RunCommand(driver, code, data, 0);
+  });
+}
+
 }  // namespace quilon
