@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <mutex>
 #include <string_view>
 
 namespace quilon {
@@ -17,15 +18,9 @@ inline constexpr uint32_t kLogReceived = 1;
 inline constexpr uint32_t kLogSent = 2;
 inline constexpr uint32_t kLogMessage = 4;
 
-// Entries may be written from two threads; everything else belongs to one.
+// Safe for use by several threads.
 class CommLog {
  public:
-  enum State : int32_t {
-    kNoFile = -1,
-    kSwitchedOff = 0,  // the file stays open
-    kActive = 1,
-  };
-
   // Capacity of a directory's text, with its NUL, and of a file's path.
   static constexpr size_t kPathCapacity = 256;
 
@@ -33,9 +28,6 @@ class CommLog {
   ~CommLog();
   CommLog(const CommLog&) = delete;
   CommLog& operator=(const CommLog&) = delete;
-
-  State state() const { return state_; }
-  bool active() const { return state_ == kActive; }
 
   // Keeps `directory` for the next file; at most 255 bytes.
   void SetDirectory(std::string_view directory);
@@ -45,11 +37,7 @@ class CommLog {
   void OpenLog();
 
   // Stops writing entries; the file stays open.
-  void SwitchOff() { state_ = kSwitchedOff; }
-
-  // Begins a new file in `directory`, instead of the one that may be open.
-  // Returns 1, or 0 (and says so on standard output) when that is impossible.
-  int32_t OpenLogFile(const char* directory);
+  void SwitchOff();
 
   // Writes `length` bytes as one entry, whatever the state. Returns 1 when it
   // reached the file; 0 without a file, for no bytes, or when writing failed.
@@ -62,8 +50,21 @@ class CommLog {
   void CloseLog();
 
  private:
+  enum State : int32_t {
+    kNoFile = -1,
+    kSwitchedOff = 0,  // the file stays open
+    kActive = 1,
+  };
+
+  // These expect the caller to hold the mutex.
+
+  // Begins a new file in `directory`, instead of the one that may be open. Says
+  // so on standard output when that is impossible.
+  void OpenLogFile(const char* directory);
+  int32_t WriteEntry(std::string_view data, uint32_t kind);
   void CloseFile();
 
+  std::mutex mutex_;
   State state_ = kNoFile;
   std::FILE* file_ = nullptr;
   char directory_[kPathCapacity] = {};
