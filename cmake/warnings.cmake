@@ -3,4 +3,6 @@ function(quilon_warnings target)
   target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wcast-qual -Wundef -Werror)
   target_compile_options(
     ${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast>)
+  # A record of which only some fields are named is zero in the others, and meant so.
+  target_compile_options(${target} PRIVATE -Wno-missing-field-initializers)
 endfunction()

@@ -44,6 +44,7 @@ int32_t TCPIPComm::OpenConnection(const TcpParams& params,
 }
 
 int32_t TCPIPComm::Close() {
+  unread_ = {};
   if (socket_.Close()) {
     return 0;
   }
@@ -51,8 +52,23 @@ int32_t TCPIPComm::Close() {
   return 1;
 }
 
+// Hands out received bytes; when there are none, receives first.
+int32_t TCPIPComm::Receive(void* buffer, int32_t count) {
+  if (unread_.empty()) {
+    const int32_t received = socket_.Receive(received_, sizeof(received_));
+    if (received <= 0) {
+      return received;
+    }
+    unread_ = {received_, static_cast<size_t>(received)};
+  }
+  const size_t taken =
+      unread_.copy(static_cast<char*>(buffer), static_cast<size_t>(count));
+  unread_.remove_prefix(taken);
+  return static_cast<int32_t>(taken);
+}
+
 int32_t TCPIPComm::Read(void* buffer, int32_t count) {
-  const int32_t received = socket_.Receive(buffer, count);
+  const int32_t received = Receive(buffer, count);
   if (received != 0 && received != TcpSocket::kError && count != 0) {
     log().WriteIfActive(
         {static_cast<char*>(buffer), static_cast<size_t>(count)}, kLogReceived);

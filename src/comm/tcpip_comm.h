@@ -2,6 +2,8 @@
 #ifndef QUILON_COMM_TCPIP_COMM_H_
 #define QUILON_COMM_TCPIP_COMM_H_
 
+#include <string_view>
+
 #include "comm/base_comm.h"
 #include "platform/tcp_socket.h"
 #include "quilon/records.h"
@@ -35,7 +37,13 @@ class TCPIPComm final : public BaseComm {
   int32_t Purge() override { return 1; }
 
  private:
+  int32_t Receive(void* buffer, int32_t count);
+
   TcpSocket socket_;
+  // The exchange reads byte by byte; asking the system for each would cost more
+  // than all the rest of reading an answer.
+  char received_[2048];
+  std::string_view unread_;
 };
 
 }  // namespace quilon

@@ -13,9 +13,6 @@ FLOORS = {
     "src/commands": 5,
     "src/api": 6,
 }
-# The device object is declared on the top floor; handlers and protocol code are its member functions.
-DEVICE_OBJECT = {"src/api/base_fdev.h", "src/api/online_fdev.h"}
-DEVICE_OBJECT_USERS = {"src/protocol", "src/commands"}
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^">]+)[>"]', re.MULTILINE)
 SYSTEM_QUESTION = re.compile(r"\b(_WIN32|_WIN64|__MINGW32__|__MINGW64__|__linux__|__unix__)\b")
@@ -65,11 +62,7 @@ def may_include(includer, included):
     if source == "examples":
         return target in ("examples", "include")
     if source in FLOORS:
-        if target in (source, "include"):
-            return True
-        if included in DEVICE_OBJECT and source in DEVICE_OBJECT_USERS:
-            return True
-        return FLOORS.get(target, 99) < FLOORS[source]
+        return target in (source, "include") or FLOORS.get(target, 99) < FLOORS[source]
     return True
 
 

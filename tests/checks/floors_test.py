@@ -52,16 +52,6 @@ class FloorsTest(unittest.TestCase):
             self.faults_of({"src/platform/clock.h": "", "src/text/text.cc": '#include "platform/clock.h"\n'}),
             ["src/text/text.cc must not include src/platform/clock.h"])
 
-    def test_device_object_is_for_handlers_and_protocol_only(self):
-        include = '#include "api/base_fdev.h"\n'
-        self.assertEqual(
-            self.faults_of({
-                "src/api/base_fdev.h": "",
-                "src/commands/a.cc": include,
-                "src/protocol/a.cc": include,
-                "src/comm/a.cc": include,
-            }), ["src/comm/a.cc must not include src/api/base_fdev.h"])
-
     def test_unknown_folder(self):
         self.assertEqual(self.faults_of({"src/misc/a.cc": ""}), ["src/misc/a.cc stands on no floor"])
 

@@ -1,0 +1,52 @@
+// The table of all commands: what a frame must look like for which handler.
+#ifndef PRINTER_COMMAND_TABLE_H_
+#define PRINTER_COMMAND_TABLE_H_
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "printer/request.h"
+
+namespace quilon::printer {
+
+struct Device;
+
+enum class Checksum {
+  kRequired,
+  kOptional,  // taken off when it is there
+  kNone,      // the frame's last bytes are data, whatever they look like
+};
+
+enum class When {
+  kAlways,  // even offline, and the verdict on the last command stays as it was
+  kOnline,
+  kInDocument,       // refused with kNoDocument otherwise
+  kOutsideDocument,  // refused with kForbiddenNow otherwise
+};
+
+enum class Prints { kNo, kYes };
+
+struct CommandRow {
+  std::string_view mnemonic;
+  // The text that the first parameter must be; empty: any, or none.
+  std::string_view first_parameter;
+  std::size_t min_parameters;
+  std::size_t max_parameters;
+  Checksum checksum;
+  When when;
+  Prints prints;
+  // Returns the answer, empty when the command has none. Throws Refusal before
+  // it changes anything.
+  std::string (*handler)(Device& device, Request& request);
+};
+
+// Finds the command of a frame, checks the frame's checksum and sets
+// request.fields. Throws Refusal: kUnknownCommand for a strange mnemonic,
+// kBadChecksum, kBadParameter when the first parameter selects no command,
+// kWrongFieldCount when the number of parameters fits none.
+const CommandRow& find_command(std::string_view body, Request& request);
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_COMMAND_TABLE_H_

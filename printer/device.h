@@ -1,0 +1,55 @@
+// The printer's inside: takes frame bodies and control bytes, keeps all state,
+// gives the answers. No sockets, no threads, no clock but the one it is given;
+// not to be shared between threads without a lock.
+#ifndef PRINTER_DEVICE_H_
+#define PRINTER_DEVICE_H_
+
+#include <chrono>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "printer/books.h"
+#include "printer/document.h"
+#include "printer/errors.h"
+#include "printer/paper.h"
+
+namespace quilon::printer {
+
+// Local wall-clock time.
+using Clock = std::function<std::chrono::local_seconds()>;
+
+struct Device {
+  explicit Device(Clock wall_clock) : clock(std::move(wall_clock)) {}
+
+  // Executes one frame, given without ESC "P" and ESC "\"; returns the answer
+  // with them, empty when there is none.
+  std::string execute(std::string_view body);
+  // Answers DLE, ENQ or SUB.
+  std::string answer_control(char byte) const;
+  // Records that a frame was refused before it could be executed.
+  void refuse(int error);
+
+  // "2024-01-31 12:05".
+  std::string date_and_time() const;
+
+  Clock clock;
+
+  bool online = true;
+  bool mechanism_error = false;
+  int next_refusal =
+      kNoError;  // when not 0, the next command is refused with it
+
+  int error = kNoError;  // of the last command
+  bool last_command_ok = true;
+  bool last_document_closed = true;
+
+  std::optional<Document> document;
+  Books books;
+  Paper paper;
+};
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_DEVICE_H_

@@ -1,0 +1,53 @@
+// quilon-printer: a virtual fiscal printer. Its paper appears on the standard
+// output.
+#include <CLI/CLI.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <string>
+
+#include "printer/virtual_printer.h"
+
+namespace {
+
+using quilon::printer::VirtualPrinter;
+
+int run(int argc, char** argv) {
+  CLI::App app(
+      "A virtual fiscal printer. Its paper appears on the standard output.");
+  VirtualPrinter::Options options;
+  options.tcp = "127.0.0.1:6001";
+  app.add_option("--tcp", options.tcp,
+                 "Listen on ADDRESS:PORT; port 0 takes any free one")
+      ->capture_default_str();
+  CLI11_PARSE(app, argc, argv);
+
+  // From here on the signals are caught, so that whoever reads the address
+  // below may send one at once.
+  boost::asio::io_context context;
+  boost::asio::signal_set signals(context, SIGINT, SIGTERM);
+  signals.async_wait([](const boost::system::error_code&, int) {});
+
+  options.on_paper = [](const std::string& line) {
+    std::cout << line << std::endl;
+  };
+  const std::string address = options.tcp.substr(0, options.tcp.rfind(':'));
+  const VirtualPrinter printer(std::move(options));
+  std::cerr << "listening on " << address << ":" << printer.tcp_port()
+            << std::endl;
+  context.run();
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& failure) {
+    std::cerr << "quilon-printer: " << failure.what() << std::endl;
+    return 1;
+  }
+}

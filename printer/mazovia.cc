@@ -1,0 +1,105 @@
+#include "printer/mazovia.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quilon::printer {
+namespace {
+
+using Characters = std::array<std::string_view, 32>;
+
+constexpr Characters kControls = {" ", "☺", "☻", "♥", "♦", "♣", "♠", "•",
+                                  "◘", "○", "◙", "♂", "♀", "♪", "♫", "☼",
+                                  "►", "◄", "↕", "‼", "¶", "§", "▬", "↨",
+                                  "↑", "↓", "→", "←", "∟", "↔", "▲", "▼"};
+
+constexpr std::array<std::string_view, 128> kUpperHalf = {
+    "Ç", "ü", "é", "â", "ä", "à", "ą", "ç",
+    "ê", "ë", "è", "ï", "î", "ć", "Ä", "Ą",  // 80
+    "Ę", "ę", "ł", "ô", "ö", "Ć", "û", "ù",
+    "Ś", "Ö", "Ü", "¢", "Ł", "¥", "ś", "ƒ",  // 90
+    "Ź", "Ż", "ó", "Ó", "ń", "Ń", "ź", "ż",
+    "¿", "⌐", "¬", "½", "¼", "¡", "«", "»",  // A0
+    "░", "▒", "▓", "│", "┤", "╡", "╢", "╖",
+    "╕", "╣", "║", "╗", "╝", "╜", "╛", "┐",  // B0
+    "└", "┴", "┬", "├", "─", "┼", "╞", "╟",
+    "╚", "╔", "╩", "╦", "╠", "═", "╬", "╧",  // C0
+    "╨", "╤", "╥", "╙", "╘", "╒", "╓", "╫",
+    "╪", "┘", "┌", "█", "▄", "▌", "▐", "▀",  // D0
+    "α", "ß", "Γ", "π", "Σ", "σ", "µ", "τ",
+    "Φ", "Θ", "Ω", "δ", "∞", "φ", "ε", "∩",  // E0
+    "≡", "±", "≥", "≤", "⌠", "⌡", "÷", "≈",
+    "°", "∙", "·", "√", "ⁿ", "²", "■", "␣",  // F0
+};
+
+std::size_t sequence_length(char lead) {
+  const auto byte = static_cast<unsigned char>(lead);
+  if (byte < 0xC0) {
+    return 1;
+  }
+  if (byte < 0xE0) {
+    return 2;
+  }
+  return byte < 0xF0 ? 3 : 4;
+}
+
+char byte_of(std::string_view character) {
+  if (character.size() == 1) {
+    return character.front();
+  }
+  if (const auto* upper =
+          std::find(kUpperHalf.begin(), kUpperHalf.end(), character);
+      upper != kUpperHalf.end()) {
+    return static_cast<char>(0x80 + (upper - kUpperHalf.begin()));
+  }
+  if (const auto* control =
+          std::find(kControls.begin(), kControls.end(), character);
+      control != kControls.end()) {
+    return static_cast<char>(control - kControls.begin());
+  }
+  return character == "⌂" ? '\x7F' : '?';
+}
+
+}  // namespace
+
+std::string mazovia_to_utf8(std::string_view bytes) {
+  std::string text;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x20) {
+      text += kControls.at(byte);
+    } else if (byte < 0x7F) {
+      text += c;
+    } else {
+      text += byte == 0x7F ? "⌂" : kUpperHalf.at(byte - 0x80U);
+    }
+  }
+  return text;
+}
+
+std::string utf8_to_mazovia(std::string_view text) {
+  std::string bytes;
+  while (!text.empty()) {
+    const std::string_view character =
+        text.substr(0, sequence_length(text.front()));
+    bytes += byte_of(character);
+    text.remove_prefix(character.size());
+  }
+  return bytes;
+}
+
+std::size_t character_count(std::string_view utf8) {
+  return static_cast<std::size_t>(std::count_if(
+      utf8.begin(), utf8.end(),
+      [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+}
+
+std::string_view first_characters(std::string_view utf8, std::size_t count) {
+  std::size_t end = 0;
+  for (; count > 0 && end < utf8.size(); --count) {
+    end += sequence_length(utf8[end]);
+  }
+  return utf8.substr(0, end);
+}
+
+}  // namespace quilon::printer

@@ -1,0 +1,29 @@
+// The Mazovia code page, in which texts arrive on the wire, and UTF-8, which
+// paper and state files are written in.
+//
+// Every byte has a character of its own (control bytes have the old code page's
+// symbols), so that a text survives the way to UTF-8 and back, and no control
+// byte reaches the paper.
+#ifndef PRINTER_MAZOVIA_H_
+#define PRINTER_MAZOVIA_H_
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace quilon::printer {
+
+std::string mazovia_to_utf8(std::string_view bytes);
+
+// A character outside the code page becomes "?".
+std::string utf8_to_mazovia(std::string_view text);
+
+// The number of characters of a UTF-8 text.
+std::size_t character_count(std::string_view utf8);
+
+// The first count characters of a UTF-8 text.
+std::string_view first_characters(std::string_view utf8, std::size_t count);
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_MAZOVIA_H_

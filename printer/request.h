@@ -1,0 +1,39 @@
+// A frame's body taken apart: parameters, mnemonic, and the bytes that follow
+// it.
+#ifndef PRINTER_REQUEST_H_
+#define PRINTER_REQUEST_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "printer/fields.h"
+
+namespace quilon::printer {
+
+struct Request {
+  // The texts between ";", as they came. None when the mnemonic stands first.
+  std::vector<std::string_view> parameters;
+  // From the mnemonic's first character on: mnemonic, fields and, if the
+  // command carries one, the checksum.
+  std::string_view from_mnemonic;
+  // What follows the mnemonic, without the checksum; set once the command is
+  // known.
+  Fields fields{{}};
+
+  // The parameter as a whole number of 32 bits; throws Refusal(kBadParameter)
+  // when it is none.
+  std::int32_t integer(std::size_t index) const;
+  // The same, and within [low, high].
+  std::int32_t integer(std::size_t index, std::int32_t low,
+                       std::int32_t high) const;
+};
+
+// The mnemonic begins at the first of "#", "$", "^", "@", "!" and "?"; without
+// one, from_mnemonic is empty. The result points into the body.
+Request take_apart(std::string_view body);
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_REQUEST_H_

@@ -1,0 +1,91 @@
+// A fiscal printer in this process: it listens as soon as it is constructed and
+// stops when it is destroyed.
+//
+//   VirtualPrinter printer;
+//   connect to 127.0.0.1, printer.tcp_port() ...
+//   EXPECT_TRUE(printer.wait_until([](const Snapshot& now) { return
+//   now.books.receipt_count == 1; }));
+//
+// Every member may be called from any thread at any time, except the
+// destructor, which must be the last call.
+#ifndef PRINTER_VIRTUAL_PRINTER_H_
+#define PRINTER_VIRTUAL_PRINTER_H_
+
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "printer/books.h"
+#include "printer/device.h"
+
+namespace quilon::printer {
+
+// What the printer holds at one moment.
+struct Snapshot {
+  std::vector<std::string>
+      paper;  // lines of UTF-8, without line ends; the newest 100 000
+  std::vector<std::string>
+      frames;   // bodies as they arrived, between ESC "P" and ESC "\", checksum
+                // included; the newest 10 000
+  Books books;  // fiscal totals in grosze and counters
+  int error = 0;  // number of the last command's error, 0 when it was accepted
+  bool last_command_ok = true;
+  bool document_open = false;
+  bool last_document_closed = true;
+};
+
+class VirtualPrinter {
+ public:
+  struct Options {
+    // "ADDRESS:PORT"; port 0 is any free one. Empty: no TCP.
+    std::string tcp = "127.0.0.1:0";
+    // Local time; empty: the system's.
+    Clock clock;
+    // Called on the printer's thread with every line of paper as it appears.
+    // Must not call the printer.
+    std::function<void(const std::string& line)> on_paper;
+  };
+
+  // Throws std::runtime_error when an address cannot be listened on,
+  // std::invalid_argument when it is none.
+  VirtualPrinter();
+  explicit VirtualPrinter(Options options);
+  VirtualPrinter(const VirtualPrinter&) = delete;
+  VirtualPrinter& operator=(const VirtualPrinter&) = delete;
+  // Closes all connections and joins the printer's thread.
+  ~VirtualPrinter();
+
+  // The port that is listened on; 0 without TCP.
+  std::uint16_t tcp_port() const;
+
+  Snapshot snapshot() const;
+  std::vector<std::string> paper() const;
+  std::vector<std::string> frames() const;
+  Books books() const;
+
+  // Waits until the condition holds, at most so long; returns whether it does.
+  // The condition is tried after everything that the printer receives.
+  bool wait_until(
+      const std::function<bool(const Snapshot&)>& condition,
+      std::chrono::milliseconds limit = std::chrono::seconds(10)) const;
+
+  void set_online(bool online);
+  // Lines that cannot be printed wait until the paper is back.
+  void set_paper_out(bool out);
+  // The DLE answer's error bit: a lid open, a broken cutter.
+  void set_mechanism_error(bool error);
+  // Refuses the next command, whatever it is, with the given error number.
+  void refuse_next(int error);
+
+ private:
+  class Engine;
+  std::unique_ptr<Engine> engine_;
+};
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_VIRTUAL_PRINTER_H_

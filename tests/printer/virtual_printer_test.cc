@@ -1,0 +1,168 @@
+#include "printer/virtual_printer.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <boost/asio/connect.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/ip/tcp.hpp>
+#include <boost/asio/read.hpp>
+#include <boost/asio/write.hpp>
+#include <mutex>
+#include <string>
+#include <stdexcept>
+
+#include "tests/printer/bench.h"
+
+namespace quilon::printer {
+namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
+
+class Client {
+ public:
+  explicit Client(const VirtualPrinter& printer) : socket_(context_) {
+    socket_.connect(
+        {boost::asio::ip::address_v4::loopback(), printer.tcp_port()});
+  }
+
+  void send(const std::string& bytes) {
+    boost::asio::write(socket_, boost::asio::buffer(bytes));
+  }
+
+  std::string read(std::size_t count) {
+    std::string bytes(count, '\0');
+    boost::asio::read(socket_, boost::asio::buffer(bytes));
+    return bytes;
+  }
+
+ private:
+  boost::asio::io_context context_;
+  boost::asio::ip::tcp::socket socket_;
+};
+
+constexpr const char* kReceipt[] = {
+    "0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rA/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/"};
+
+VirtualPrinter::Options bench_options() {
+  VirtualPrinter::Options options;
+  options.clock = bench_time;
+  return options;
+}
+
+TEST(VirtualPrinter, PrintsAReceiptOverTcp) {
+  VirtualPrinter printer(bench_options());
+  Client client(printer);
+  for (const char* command : kReceipt) {
+    client.send(framed(command));
+    client.send("\x10\x05");
+    EXPECT_EQ(client.read(2).substr(0, 1), "\x74");
+  }
+  EXPECT_EQ(printer.books().receipts, (Totals{900, 0, 0, 0, 0, 0, 0}));
+  EXPECT_THAT(printer.paper(),
+              Contains("SUMA PLN                            9,00"));
+  EXPECT_THAT(printer.frames(), testing::SizeIs(3));
+  EXPECT_TRUE(printer.snapshot().last_document_closed);
+}
+
+TEST(VirtualPrinter, TakesAFrameByteByByte) {
+  VirtualPrinter printer;
+  Client client(printer);
+  for (const char byte : framed("0;0;0;1;0$h\r")) {
+    client.send({byte});
+  }
+  EXPECT_TRUE(printer.wait_until(
+      [](const Snapshot& now) { return now.document_open; }));
+  EXPECT_THAT(printer.frames(),
+              ElementsAre(framed("0;0;0;1;0$h\r").substr(2, 14)));
+}
+
+TEST(VirtualPrinter, ForgetsWhatADeadClientLeftUnfinished) {
+  VirtualPrinter printer;
+  {
+    Client dying(printer);
+    dying.send("\x1BP0;0;0;1");
+  }
+  Client client(printer);
+  client.send("\x05");
+  EXPECT_EQ(client.read(1), "\x6D");
+}
+
+TEST(VirtualPrinter, ServesAHundredClientsInARow) {
+  VirtualPrinter printer;
+  for (int i = 0; i < 100; ++i) {
+    Client client(printer);
+    client.send("\x10");
+    ASSERT_EQ(client.read(1), "\x74");
+  }
+}
+
+TEST(VirtualPrinter, ObeysItsSwitches) {
+  VirtualPrinter printer;
+  Client client(printer);
+  printer.set_online(false);
+  client.send("\x10");
+  EXPECT_EQ(client.read(1), "\x70");
+  printer.set_online(true);
+  printer.set_paper_out(true);
+  printer.set_mechanism_error(true);
+  client.send("\x10");
+  EXPECT_EQ(client.read(1), "\x77");
+  printer.set_paper_out(false);
+  printer.set_mechanism_error(false);
+  printer.refuse_next(1054);
+  client.send(framed(kReceipt[0]));
+  EXPECT_TRUE(printer.wait_until(
+      [](const Snapshot& now) { return !now.last_command_ok; }));
+  EXPECT_EQ(printer.snapshot().error, 1054);
+}
+
+TEST(VirtualPrinter, TellsItsPaperAsItAppears) {
+  std::mutex mutex;
+  std::vector<std::string> lines;
+  VirtualPrinter::Options options;
+  options.on_paper = [&](const std::string& line) {
+    const std::scoped_lock lock(mutex);
+    lines.push_back(line);
+  };
+  VirtualPrinter printer(std::move(options));
+  Client client(printer);
+  client.send(framed(kReceipt[0]));
+  EXPECT_TRUE(printer.wait_until(
+      [](const Snapshot& now) { return now.document_open; }));
+  const std::scoped_lock lock(mutex);
+  EXPECT_THAT(lines, ElementsAre("            PARAGON FISKALNY"));
+}
+
+TEST(VirtualPrinter, GivesUpWaitingAtItsLimit) {
+  const VirtualPrinter printer;
+  EXPECT_FALSE(printer.wait_until([](const Snapshot&) { return false; },
+                                  std::chrono::milliseconds(1)));
+}
+
+TEST(VirtualPrinter, RefusesABadAddress) {
+  VirtualPrinter::Options options;
+  options.tcp = "127.0.0.1";
+  EXPECT_THROW(VirtualPrinter{options}, std::invalid_argument);
+  options.tcp = "127.0.0.1:99999";
+  EXPECT_THROW(VirtualPrinter{options}, std::invalid_argument);
+  options.tcp = "nowhere:1";
+  EXPECT_THROW(VirtualPrinter{options}, std::runtime_error);
+}
+
+TEST(VirtualPrinter, ListensOnlyWhenAsked) {
+  VirtualPrinter::Options options;
+  options.tcp.clear();
+  EXPECT_EQ(VirtualPrinter(options).tcp_port(), 0);
+}
+
+TEST(VirtualPrinter, CannotTakeAPortTwice) {
+  const VirtualPrinter first;
+  VirtualPrinter::Options options;
+  options.tcp = "127.0.0.1:" + std::to_string(first.tcp_port());
+  EXPECT_THROW(VirtualPrinter{options}, std::runtime_error);
+}
+
+}  // namespace
+}  // namespace quilon::printer

@@ -1,0 +1,33 @@
+// Every export before quil_init. A program of its own: the device object stays
+// until the process ends.
+#include <cstring>
+
+#include "support/driver_test.h"
+
+namespace quilon::testing {
+namespace {
+
+TEST(BeforeInitTest, EveryExportFailsAndDoesNothing) {
+  LastErrorRecord error;
+  std::memset(&error, 0xEE, sizeof(error));
+  const LastErrorRecord zero = {};
+  EXPECT_EQ(quil_get_last_error(&error), 1);
+  EXPECT_EQ(std::memcmp(&error, &zero, sizeof(error)), 0);
+
+  TcpParams tcp = {};
+  Fill("127.0.0.1", tcp.address);
+  EXPECT_EQ(quil_close(), 0);
+  EXPECT_EQ(Ioctl(QUIL_NOTHING), -1);
+  EXPECT_EQ(Ioctl(QUIL_TEXT_UTF8), -1);
+  EXPECT_EQ(quil_open_tcpip("127.0.0.1", 9), 0);
+  EXPECT_EQ(quil_open_tcpip_ex(&tcp), 0);
+  EXPECT_EQ(quil_enable_log("logs"), 0);
+  EXPECT_EQ(quil_disable_log(), 0);
+  EXPECT_EQ(quil_log_msg("text"), 0);
+
+  EXPECT_EQ(quil_get_last_error(&error), 1);
+  EXPECT_EQ(std::memcmp(&error, &zero, sizeof(error)), 0);
+}
+
+}  // namespace
+}  // namespace quilon::testing
