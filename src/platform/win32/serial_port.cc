@@ -112,11 +112,11 @@ int32_t Win32SerialPort::Write(const void* buffer, int32_t count) {
 }
 
 void Win32SerialPort::CancelWrite() {
-  // Where a write cannot be cancelled it ends when the bytes that block it are
-  // thrown away.
-  if (CancelIoEx(handle_, nullptr) == 0) {
-    PurgeComm(handle_, PURGE_TXABORT | PURGE_TXCLEAR);
-  }
+  CancelIoEx(handle_, nullptr);
+  // Under Wine that does nothing. There a write finishes when the bytes that
+  // block it are thrown away, and notices when the line is set up anew.
+  PurgeComm(handle_, PURGE_TXABORT | PURGE_TXCLEAR);
+  SetCommState(handle_, &control_block_);
 }
 
 }  // namespace
