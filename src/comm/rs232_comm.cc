@@ -46,6 +46,8 @@ int32_t RS232Comm::Write(const void* buffer, int32_t count) {
   return written;
 }
 
-int32_t RS232Comm::Purge() { return port_->ClearReceived() ? 1 : 0; }
+int32_t RS232Comm::Purge() {
+  return port_->IsOpen() && port_->ClearReceived() ? 1 : 0;
+}
 
 }  // namespace quilon

@@ -62,14 +62,7 @@ class SerialFixture : public ::testing::Test {
     return entries;
   }
 
-  void WaitForEntry(const std::string& entry) const {
-    const Clock::time_point deadline = Clock::now() + std::chrono::seconds(10);
-    for (Strings log = Log();
-         std::find(log.begin(), log.end(), entry) == log.end(); log = Log()) {
-      ASSERT_LT(Clock::now(), deadline) << entry;
-      std::this_thread::sleep_for(milliseconds(1));
-    }
-  }
+  const LogFolder& folder() const { return folder_; }
 
   // A status request and its answer.
   static void ExpectExchange(SerialPeer& peer) {
@@ -454,7 +447,7 @@ class ThreadedSerialTest : public SerialFixture {
 
 TEST_F(ThreadedSerialTest, LogOfAConnection) {
   ASSERT_EQ(Ioctl(QUIL_SEND_DLE), 0);
-  WaitForEntry("MSG WRITE ASYNC");
+  folder().WaitForEntry("MSG WRITE ASYNC");
   EXPECT_EQ(peer().Receive(1), "\x10");
   peer().Send("\x74");
   DleStatus status = {};
