@@ -12,8 +12,20 @@
 #ifndef QUILON_RECORDS_H_
 #define QUILON_RECORDS_H_
 
+#include "quilon/records/config.h"
 #include "quilon/records/connection.h"
+#include "quilon/records/device.h"
+#include "quilon/records/display.h"
 #include "quilon/records/documents.h"
+#include "quilon/records/epar.h"
+#include "quilon/records/files.h"
+#include "quilon/records/info_blocks.h"
+#include "quilon/records/long_frames.h"
+#include "quilon/records/nonfiscal.h"
+#include "quilon/records/plain.h"
+#include "quilon/records/raw.h"
+#include "quilon/records/reports.h"
+#include "quilon/records/second_series.h"
 #include "quilon/records/status.h"
 
 #endif /* QUILON_RECORDS_H_ */

@@ -1,12 +1,11 @@
 #include "comm/last_error.h"
 
-#include <cstring>
+#include "text/copy_text.h"
 
 namespace quilon {
 
 void SetMessage(std::string_view text, LastErrorRecord* record) {
-  std::memset(record->message, 0, sizeof(record->message));
-  text.copy(record->message, sizeof(record->message) - 1);
+  CopyText(text, record->message);
 }
 
 void SetDriverError(std::string_view text, LastErrorRecord* record) {

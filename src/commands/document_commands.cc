@@ -17,15 +17,6 @@ void AddQuantity(FrameBuilder& frame, const char (&quantity_text)[kCapacity],
   }
 }
 
-// As many of `lines` as `count` says, each with its CR.
-template <size_t kLines, size_t kCapacity>
-void AddLines(FrameBuilder& frame, const char (&lines)[kLines][kCapacity],
-              int32_t count) {
-  for (int32_t i = 0; i < count && i < static_cast<int32_t>(kLines); ++i) {
-    frame.TextCr(lines[i]);
-  }
-}
-
 }  // namespace
 
 // A transport that cannot write says so with 0 or with less.
@@ -35,11 +26,13 @@ int32_t OnlineFDev::SendDocument(const FrameBuilder& frame) {
 }
 
 int32_t OnlineFDev::SendDocumentHeader(const DocumentHeader& record) {
-  FrameBuilder frame = Frame();
-  frame.Parameters("0", record.line_count, "0", "1", record.header_integer)
-      .Raw("$h");
-  AddLines(frame, record.lines, record.line_count);
-  return SendDocument(frame.TextCr(record.final_text).End());
+  return SendDocument(
+      Frame()
+          .Parameters("0", record.line_count, "0", "1", record.header_integer)
+          .Raw("$h")
+          .TextCrList(record.lines, record.line_count)
+          .TextCr(record.final_text)
+          .End());
 }
 
 int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
@@ -73,20 +66,19 @@ int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
 }
 
 int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
-  FrameBuilder frame = Frame();
-  frame.Int32(record.first_parameter)
-      .Semicolon()
-      .Amount32(record.rate)
-      .Semicolon()
-      .Parameters(record.extra_line_count, "0", record.fifth_parameter, "0")
-      .Raw("$e")
-      .TextCr(record.code_text);
-  AddLines(frame, record.extra_lines, record.extra_line_count);
-  return SendDocument(frame
-                          .AmountFields(record.first_amount,
-                                        record.second_amount,
-                                        record.third_amount)
-                          .End());
+  return SendDocument(
+      Frame()
+          .Int32(record.first_parameter)
+          .Semicolon()
+          .Amount32(record.rate)
+          .Semicolon()
+          .Parameters(record.extra_line_count, "0", record.fifth_parameter, "0")
+          .Raw("$e")
+          .TextCr(record.code_text)
+          .TextCrList(record.extra_lines, record.extra_line_count)
+          .AmountFields(record.first_amount, record.second_amount,
+                        record.third_amount)
+          .End());
 }
 
 int32_t OnlineFDev::SendDocumentShortEnd(const DocumentShortEnd& record) {

@@ -109,6 +109,23 @@ class BaseFDev {
   // printer falls silent before it.
   bool ReadAnswer();
 
+  // Reads the next answer and takes the fields behind `mnemonic` from it; see
+  // reply_fields.h. Returns 1, or 0 without an answer or without the mnemonic.
+  template <typename... Fields>
+  int32_t ReadFields(std::string_view mnemonic, const Fields&... fields) {
+    if (!ReadAnswer() || !reply_.SkipPast(mnemonic)) {
+      return 0;
+    }
+    TakeFields(fields...);
+    return 1;
+  }
+
+  // Takes the next fields from the answer that was read last.
+  template <typename... Fields>
+  void TakeFields(const Fields&... fields) {
+    (fields(reply_), ...);
+  }
+
   Reply& reply() { return reply_; }
 
  private:

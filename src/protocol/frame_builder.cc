@@ -71,8 +71,15 @@ FrameBuilder& FrameBuilder::Checksum() {
   for (const char byte : std::string_view(buffer_).substr(kStartLength)) {
     checksum = static_cast<uint8_t>(checksum ^ static_cast<uint8_t>(byte));
   }
-  constexpr char kDigits[] = "0123456789abcdef";
-  return Char(kDigits[checksum >> 4]).Char(kDigits[checksum & 15]);
+  return LowerHex({&checksum, 1});
+}
+
+FrameBuilder& FrameBuilder::Hex(std::span<const uint8_t> bytes,
+                                std::string_view digits) {
+  for (const uint8_t byte : bytes) {
+    Char(digits[byte >> 4]).Char(digits[byte & 15]);
+  }
+  return *this;
 }
 
 FrameBuilder& FrameBuilder::EndWithoutChecksum() { return Raw("\x1B\\"); }

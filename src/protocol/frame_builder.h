@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -62,6 +63,14 @@ class FrameBuilder {
     return Raw(TextOf(text));
   }
 
+  // Bytes as pairs of hexadecimal digits.
+  FrameBuilder& UpperHex(std::span<const uint8_t> bytes) {
+    return Hex(bytes, "0123456789ABCDEF");
+  }
+  FrameBuilder& LowerHex(std::span<const uint8_t> bytes) {
+    return Hex(bytes, "0123456789abcdef");
+  }
+
   // A text of the application, converted to the printer's code page.
   FrameBuilder& Text(std::string_view text);
   template <size_t kCapacity>
@@ -69,10 +78,21 @@ class FrameBuilder {
     return Text(TextOf(text));
   }
 
-  // A converted text and the CR that closes it.
-  template <size_t kCapacity>
-  FrameBuilder& TextCr(const char (&text)[kCapacity]) {
-    return Text(text).Cr();
+  // Converted texts, each closed by CR.
+  template <size_t... kCapacities>
+  FrameBuilder& TextCr(const char (&... texts)[kCapacities]) {
+    (Text(texts).Cr(), ...);
+    return *this;
+  }
+
+  // As many of `texts` as `count` says, each closed by CR.
+  template <size_t kTexts, size_t kCapacity>
+  FrameBuilder& TextCrList(const char (&texts)[kTexts][kCapacity],
+                           int32_t count = int32_t{kTexts}) {
+    for (int32_t i = 0; i < count && i < int32_t{kTexts}; ++i) {
+      TextCr(texts[i]);
+    }
+    return *this;
   }
 
   // A converted text and its CR; nothing at all for an empty text.
@@ -89,10 +109,41 @@ class FrameBuilder {
     return *this;
   }
 
+  // Numbers and arrays of numbers, each number closed by "/".
+  template <typename... Numbers>
+  FrameBuilder& NumberFields(const Numbers&... numbers) {
+    (NumberField(numbers), ...);
+    return *this;
+  }
+
+  // Bytes as they are, each text closed by "/".
+  template <typename... Texts>
+  FrameBuilder& RawFields(const Texts&... texts) {
+    (Raw(texts).Slash(), ...);
+    return *this;
+  }
+
+  // Bytes as they are, each text closed by CR.
+  template <typename... Texts>
+  FrameBuilder& RawLines(const Texts&... texts) {
+    (Raw(texts).Cr(), ...);
+    return *this;
+  }
+
   // Amounts, each closed by "/".
   template <typename... Amounts>
   FrameBuilder& AmountFields(Amounts... amounts) {
     (Amount(amounts).Slash(), ...);
+    return *this;
+  }
+
+  // As many of `amounts` as `count` says, each closed by "/".
+  template <size_t kAmounts>
+  FrameBuilder& AmountFieldList(const int64_t (&amounts)[kAmounts],
+                                int32_t count = int32_t{kAmounts}) {
+    for (int32_t i = 0; i < count && i < int32_t{kAmounts}; ++i) {
+      AmountFields(amounts[i]);
+    }
     return *this;
   }
 
@@ -110,11 +161,23 @@ class FrameBuilder {
 
  private:
   void CheckRoom(size_t length) const;
+  FrameBuilder& Hex(std::span<const uint8_t> bytes, std::string_view digits);
 
   FrameBuilder& Parameter(int32_t value) { return Int32(value); }
   template <size_t kCapacity>
   FrameBuilder& Parameter(const char (&text)[kCapacity]) {
     return Raw(text);
+  }
+
+  template <typename Integer>
+  void NumberField(Integer number) {
+    Int64(static_cast<int64_t>(number)).Slash();
+  }
+  template <size_t kCount>
+  void NumberField(const int32_t (&numbers)[kCount]) {
+    for (const int32_t number : numbers) {
+      NumberField(number);
+    }
   }
 
   std::string& buffer_;

@@ -58,6 +58,10 @@ Integer ParseDecimal(std::string_view text, const Conversion& conversion) {
 
 }  // namespace
 
+int32_t ParseInt32(std::string_view text) {
+  return ParseDecimal<int32_t>(text, kInt32);
+}
+
 void Reply::Clear() {
   bytes_.clear();
   cursor_ = 0;
@@ -83,7 +87,7 @@ std::string_view Reply::TextUpTo(std::string_view marker) {
 
 int32_t Reply::Int32Field() {
   const std::string_view field = NextField();
-  return field.empty() ? -1 : ParseDecimal<int32_t>(field, kInt32);
+  return field.empty() ? -1 : ParseInt32(field);
 }
 
 int64_t Reply::AmountField() {

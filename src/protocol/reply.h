@@ -10,6 +10,11 @@
 
 namespace quilon {
 
+// The decimal number that `text` begins with. Reads like the standard
+// string-to-integer functions and fails like them, too: throws
+// std::invalid_argument or std::out_of_range.
+int32_t ParseInt32(std::string_view text);
+
 // The views that the readers return are valid until the next packet. Fields are
 // separated by CR, "/" or ";". Behind the end every text is empty.
 class Reply {
@@ -22,6 +27,11 @@ class Reply {
 
   const std::string& bytes() const { return bytes_; }
   bool empty() const { return bytes_.empty(); }
+
+  // Whether `marker` stands at the position or behind it.
+  bool HasAhead(std::string_view marker) const {
+    return bytes_.find(marker, cursor_) != std::string::npos;
+  }
 
   // Moves behind the next `marker`. Returns false, and does not move, when
   // there is none.
@@ -37,9 +47,7 @@ class Reply {
   // empty text, and the position stays.
   std::string_view TextUpTo(std::string_view marker);
 
-  // A field as a number, -1 when it is empty. Reads like the standard
-  // string-to-integer functions and fails like them, too: throws
-  // std::invalid_argument or std::out_of_range.
+  // A field as a number, -1 when it is empty. Fails like ParseInt32.
   int32_t Int32Field();
 
   // As Int32Field, with the points of the text left out: "12.34" is 1234.

@@ -8,6 +8,7 @@
 #include "comm/last_error.h"
 #include "protocol/base_fdev.h"
 #include "protocol/error_table.h"
+#include "protocol/reply_fields.h"
 
 namespace quilon {
 namespace {
@@ -103,11 +104,7 @@ int32_t BaseFDev::ReadExtendedStatus(ExtendedStatus* status) {
 }
 
 int32_t BaseFDev::ReadErrorNumber(ErrorNumber* error) {
-  if (!ReadAnswer() || !reply_.SkipPast("#E")) {
-    return 0;
-  }
-  error->number = reply_.Int32Field();
-  return 1;
+  return ReadFields("#E", Int(error->number));
 }
 
 int32_t BaseFDev::StatusCheck(LastErrorRecord* record) {

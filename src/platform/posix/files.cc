@@ -1,6 +1,10 @@
 #include "platform/files.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
 
 namespace quilon {
 
@@ -9,5 +13,41 @@ const char* const kDefaultLogDirectory = "/var/log/quilon";
 const char* const kSystemName = "LINUX";
 
 void CreateDirectoryAt(const char* path) { mkdir(path, 0777); }
+
+InputFile::InputFile(const char* path) {
+  // A pipe must not make the caller wait for its other end.
+  const int opened = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (opened < 0) {
+    return;
+  }
+  struct stat state = {};
+  if (fstat(opened, &state) != 0 || !S_ISREG(state.st_mode)) {
+    close(opened);
+    return;
+  }
+  file_ = opened;
+  size_ = state.st_size;
+}
+
+InputFile::~InputFile() {
+  if (is_open()) {
+    close(static_cast<int>(file_));
+  }
+}
+
+size_t InputFile::Read(void* buffer, size_t count) {
+  size_t length = 0;
+  while (length < count) {
+    const ssize_t part =
+        read(static_cast<int>(file_), static_cast<char*>(buffer) + length,
+             count - length);
+    if (part > 0) {
+      length += static_cast<size_t>(part);
+    } else if (part == 0 || errno != EINTR) {
+      break;
+    }
+  }
+  return length;
+}
 
 }  // namespace quilon

@@ -1,0 +1,28 @@
+/**
+ * The printer's EPAR parameter sets.
+ */
+#ifndef QUILON_RECORDS_EPAR_H_
+#define QUILON_RECORDS_EPAR_H_
+
+#include "quilon/records/layout.h"
+
+/** A parameter set: QUIL_SET_EPAR_COMMON, QUIL_SEND_EPAR, QUIL_READ_EPAR and
+ *  QUIL_SET_EPAR. */
+typedef struct EparSet {
+  int32_t type;            /**< 0 to 3; says which tail values are used. Tail
+                                values are numbered from 1. Sent: by type 2 the
+                                first four, by type 3 the first five. Read: by
+                                type 1 the first four, by type 2 all but the
+                                fifth, by type 3 all. */
+  char first_text[204];    /**< First text. */
+  int32_t values[3];       /**< The values between the texts. */
+  char second_text[68];    /**< Second text; at most 64 characters are read. */
+  int32_t tail_values[10]; /**< Values of the type. */
+} EparSet;
+QUILON_SIZE(EparSet, 328);
+QUILON_OFFSET(EparSet, first_text, 4);
+QUILON_OFFSET(EparSet, values, 208);
+QUILON_OFFSET(EparSet, second_text, 220);
+QUILON_OFFSET(EparSet, tail_values, 288);
+
+#endif /* QUILON_RECORDS_EPAR_H_ */

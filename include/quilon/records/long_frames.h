@@ -1,0 +1,98 @@
+/**
+ * Records of the two commands that carry whole lists of texts and amounts, "#f"
+ * and "#m".
+ *
+ * Units: an amount counts hundredths (1250 is 12,50 zł). Texts are CP1250 (or
+ * UTF-8 after QUIL_TEXT_UTF8) and end at their NUL or, when they have none,
+ * with their array. The last text of a record has 64 bytes.
+ */
+#ifndef QUILON_RECORDS_LONG_FRAMES_H_
+#define QUILON_RECORDS_LONG_FRAMES_H_
+
+#include "quilon/records/layout.h"
+
+/** "#f": QUIL_SEND_HASH_F. Its texts and amounts are sent in the order of the
+ *  record, empty texts too; only `text3` is sent last, and when not empty. */
+typedef struct HashF {
+  int32_t reserved1;   /**< Not read. */
+  char text1[9];       /**< First text. */
+  char text2[33];      /**< Second text. */
+  char text3[9];       /**< Sent behind all others, when not empty. */
+  char texts4[16][17]; /**< Texts 4 to 19. */
+  char text20[16];     /**< Text 20. */
+  char text21[17];     /**< Text 21, the last one before the amounts. */
+  int64_t amounts[23]; /**< The amounts, in hundredths. */
+  char text22[6];      /**< The first text behind the amounts. */
+  char text23[6];      /**< The second text behind the amounts. */
+  char text24[64];     /**< The third text behind the amounts. */
+  char reserved2[4];   /**< Padding. */
+} HashF;
+QUILON_SIZE(HashF, 624);
+QUILON_OFFSET(HashF, text1, 4);
+QUILON_OFFSET(HashF, text2, 13);
+QUILON_OFFSET(HashF, text3, 46);
+QUILON_OFFSET(HashF, texts4, 55);
+QUILON_OFFSET(HashF, text20, 327);
+QUILON_OFFSET(HashF, text21, 343);
+QUILON_OFFSET(HashF, amounts, 360);
+QUILON_OFFSET(HashF, text22, 544);
+QUILON_OFFSET(HashF, text23, 550);
+QUILON_OFFSET(HashF, text24, 556);
+
+/** "#m": QUIL_SEND_HASH_M. Its lists are sent as far as the count that their
+ * name bears says, at most whole; a count of 0 or less sends nothing of them.
+ */
+typedef struct HashM {
+  int32_t count_a;        /**< Entries of texts_a, amounts_a1 and amounts_a2. */
+  int32_t count_b;        /**< Entries of texts_b. */
+  int32_t count_c;        /**< Entries of integers_c, texts_c and amounts_c.
+                               Beyond 16, each counted integer still sends its
+                               ";", and the command fails when these make the
+                               frame longer than 1 MiB. */
+  int32_t reserved1;      /**< Not read. */
+  int32_t integers_c[16]; /**< Parameters behind the counts. */
+  char text1[9];          /**< Texts 1 to 5 are sent also when empty. */
+  char text2[9];          /**< Second text. */
+  char text3[33];         /**< Third text. */
+  char text4[16];         /**< Fourth text. */
+  char text5[16];         /**< Fifth text. */
+  char texts_c[16][17];   /**< Sent behind the five texts. */
+  char texts_a[32][25];   /**< Sent behind texts_c. */
+  char texts_b[32][25];   /**< Sent behind texts_a. */
+  char reserved2[5];      /**< Padding. */
+  int64_t amounts[5];     /**< The first amounts, in hundredths. */
+  int64_t amounts_c[16];  /**< Amounts, in hundredths. */
+  int64_t amount6;        /**< Sent behind amounts_c, in hundredths. */
+  int64_t amounts_a1[32]; /**< Amounts, in hundredths. */
+  int64_t amount7;        /**< Sent behind amounts_a1, in hundredths. */
+  int64_t amounts_a2[32]; /**< Amounts, in hundredths. */
+  int64_t amount8;        /**< Sent behind amounts_a2, in hundredths. */
+  char text6[10];         /**< Texts 6 to 8 are sent also when empty. */
+  char text7[10];         /**< Seventh text. */
+  char text8[64];         /**< Last text. */
+  char reserved3[4];      /**< Padding. */
+} HashM;
+QUILON_SIZE(HashM, 2832);
+QUILON_OFFSET(HashM, count_b, 4);
+QUILON_OFFSET(HashM, count_c, 8);
+QUILON_OFFSET(HashM, integers_c, 16);
+QUILON_OFFSET(HashM, text1, 80);
+QUILON_OFFSET(HashM, text2, 89);
+QUILON_OFFSET(HashM, text3, 98);
+QUILON_OFFSET(HashM, text4, 131);
+QUILON_OFFSET(HashM, text5, 147);
+QUILON_OFFSET(HashM, texts_c, 163);
+QUILON_OFFSET(HashM, texts_a, 435);
+QUILON_OFFSET(HashM, texts_b, 1235);
+QUILON_OFFSET(HashM, amounts, 2040);
+QUILON_OFFSET(HashM, amounts_c, 2080);
+QUILON_OFFSET(HashM, amount6, 2208);
+QUILON_OFFSET(HashM, amounts_a1, 2216);
+QUILON_OFFSET(HashM, amount7, 2472);
+QUILON_OFFSET(HashM, amounts_a2, 2480);
+QUILON_OFFSET(HashM, amount8, 2736);
+QUILON_OFFSET(HashM, text6, 2744);
+QUILON_OFFSET(HashM, text7, 2754);
+QUILON_OFFSET(HashM, text8, 2764);
+
+#endif /* QUILON_RECORDS_LONG_FRAMES_H_ */

@@ -1,0 +1,92 @@
+// The logo: a bitmap file, sent to the printer as raster image.
+#include <array>
+#include <cstdio>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "commands/online_fdev.h"
+#include "commands/raster_image.h"
+#include "platform/files.h"
+#include "protocol/reply_fields.h"
+
+namespace quilon {
+namespace {
+
+constexpr size_t kMaxBitmapLength = 32768;
+constexpr size_t kMaxImageSize = 32768;
+constexpr size_t kBlockSize = 64;  // bytes of the image in a frame
+
+// Converts the bitmap file of the record. Returns the size of the image, or 0
+// when the file cannot be read or is not such a bitmap.
+size_t ConvertBitmapFile(const Logo& record, std::span<uint8_t> image) {
+  InputFile file(std::string(TextOf(record.path)).c_str());
+  if (!file.is_open()) {
+    return 0;
+  }
+  std::vector<uint8_t> bitmap(kMaxBitmapLength);
+  bitmap.resize(file.Read(bitmap.data(), bitmap.size()));
+  size_t image_size = 0;
+  ConvertBitmap(bitmap, image, &image_size);
+  return image_size;
+}
+
+}  // namespace
+
+// A logo frame without data.
+int32_t OnlineFDev::SendCaretF1(const Logo& record) {
+  return Send(Frame().Raw("1;^F0/0").Cr().NumberFields(record.number).End());
+}
+
+int32_t OnlineFDev::SendCaretF10(const Logo& record) {
+  return Send(Frame().Raw("10;^F0/0").Cr().NumberFields(record.number).End());
+}
+
+int32_t OnlineFDev::SendLogo(const Logo& record) {
+  std::vector<uint8_t> buffer(kMaxImageSize);
+  const size_t image_size = ConvertBitmapFile(record, buffer);
+  if (image_size == 0) {
+    return -1;
+  }
+  const std::span<const uint8_t> image(buffer.data(), image_size);
+  // The printer counts hexadecimal digits, two a byte.
+  for (size_t start = 0; start < image.size(); start += kBlockSize) {
+    const std::span<const uint8_t> block =
+        image.subspan(start, std::min(kBlockSize, image.size() - start));
+    Send(Frame()
+             .Raw("0;^F")
+             .NumberFields(0, 2 * image.size(), 2 * start, 2 * block.size())
+             .UpperHex(block)
+             .Cr()
+             .NumberFields(static_cast<uint32_t>(record.number))
+             .End());
+  }
+  return 0;
+}
+
+// Succeeds whatever comes: the record tells.
+int32_t OnlineFDev::ReadLogo(Logo* record) {
+  if (ReadPacket() && reply().SkipPast("^f")) {
+    TakeFields(SkipText(), Int(record->value), SkipText(), SkipText(),
+               Text(record->checksum));
+  }
+  return 0;
+}
+
+int32_t OnlineFDev::LogoChecksum(Logo* record) {
+  // Applications know the checksum of a buffer of this length, and of an image
+  // that may take no more than six bytes of it.
+  constexpr size_t kBufferLength = 12292;
+  constexpr size_t kMaxChecksumImageSize = 6;
+  std::vector<uint8_t> buffer(kBufferLength, 0xFF);
+  uint16_t checksum = 0xFFFF;
+  if (ConvertBitmapFile(*record,
+                        std::span(buffer).first(kMaxChecksumImageSize)) != 0) {
+    checksum = RasterChecksum(buffer);
+  }
+  std::snprintf(record->checksum, sizeof(record->checksum), "%02x%02x",
+                checksum & 0xFF, checksum >> 8);
+  return checksum;
+}
+
+}  // namespace quilon
