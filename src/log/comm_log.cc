@@ -109,6 +109,11 @@ char* RenderByte(uint8_t byte, char* out) {
 
 CommLog::~CommLog() { CloseFile(); }
 
+CommLog::State CommLog::state() const {
+  const std::lock_guard lock(mutex_);
+  return state_;
+}
+
 void CommLog::SetDirectory(std::string_view directory) {
   const std::lock_guard lock(mutex_);
   const size_t length = directory.copy(directory_, sizeof(directory_) - 1);
@@ -118,7 +123,7 @@ void CommLog::SetDirectory(std::string_view directory) {
 void CommLog::OpenLog() {
   const std::lock_guard lock(mutex_);
   if (state_ == kNoFile) {
-    OpenLogFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory);
+    BeginFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory);
     WriteEntry(kDriverText, kLogStatus);
     WriteEntry(kSystemName, kLogStatus);
   }
@@ -128,6 +133,11 @@ void CommLog::OpenLog() {
 void CommLog::SwitchOff() {
   const std::lock_guard lock(mutex_);
   state_ = kSwitchedOff;
+}
+
+int32_t CommLog::OpenLogFile(const char* directory) {
+  const std::lock_guard lock(mutex_);
+  return BeginFile(directory);
 }
 
 int32_t CommLog::WriteLogEntry(const void* data, size_t length, uint32_t kind) {
@@ -150,7 +160,7 @@ void CommLog::CloseLog() {
   state_ = kNoFile;
 }
 
-void CommLog::OpenLogFile(const char* directory) {
+int32_t CommLog::BeginFile(const char* directory) {
   CloseFile();
   Path path;
   if (MakeFilePath(directory, path)) {
@@ -161,7 +171,9 @@ void CommLog::OpenLogFile(const char* directory) {
   }
   if (file_ == nullptr) {
     std::printf("Blad otwierania logu komunikacyjnego %d\n", errno);
+    return 0;
   }
+  return 1;
 }
 
 int32_t CommLog::WriteEntry(std::string_view data, uint32_t kind) {

@@ -21,6 +21,12 @@ inline constexpr uint32_t kLogMessage = 4;
 // Safe for use by several threads.
 class CommLog {
  public:
+  enum State : int32_t {
+    kNoFile = -1,
+    kSwitchedOff = 0,  // the file stays open
+    kActive = 1,
+  };
+
   // Capacity of a directory's text, with its NUL, and of a file's path.
   static constexpr size_t kPathCapacity = 256;
 
@@ -28,6 +34,8 @@ class CommLog {
   ~CommLog();
   CommLog(const CommLog&) = delete;
   CommLog& operator=(const CommLog&) = delete;
+
+  State state() const;
 
   // Keeps `directory` for the next file; at most 255 bytes.
   void SetDirectory(std::string_view directory);
@@ -38,6 +46,10 @@ class CommLog {
 
   // Stops writing entries; the file stays open.
   void SwitchOff();
+
+  // Begins a new file in `directory`, instead of the one that may be open.
+  // Returns 1, or 0 (and says so on standard output) when that is impossible.
+  int32_t OpenLogFile(const char* directory);
 
   // Writes `length` bytes as one entry, whatever the state. Returns 1 when it
   // reached the file; 0 without a file, for no bytes, or when writing failed.
@@ -50,21 +62,12 @@ class CommLog {
   void CloseLog();
 
  private:
-  enum State : int32_t {
-    kNoFile = -1,
-    kSwitchedOff = 0,  // the file stays open
-    kActive = 1,
-  };
-
   // These expect the caller to hold the mutex.
-
-  // Begins a new file in `directory`, instead of the one that may be open. Says
-  // so on standard output when that is impossible.
-  void OpenLogFile(const char* directory);
+  int32_t BeginFile(const char* directory);
   int32_t WriteEntry(std::string_view data, uint32_t kind);
   void CloseFile();
 
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   State state_ = kNoFile;
   std::FILE* file_ = nullptr;
   char directory_[kPathCapacity] = {};
