@@ -10,7 +10,10 @@
 #include "api/driver.h"
 #include "api/self_test.h"
 #include "api/versions.h"
+#include "comm/rs232_comm.h"
+#include "comm/serial_setup.h"
 #include "comm/tcpip_comm.h"
+#include "comm/thread_rs232_comm.h"
 #include "platform/clock.h"
 #include "platform/tcp_socket.h"
 #include "quilon/quilon.h"
@@ -24,6 +27,9 @@ using quilon::OnlineFDev;
 constexpr int32_t kFailed = 0;
 constexpr int32_t kDone = 1;
 constexpr uint32_t kDefaultReplyTimeout = OnlineFDev::kDefaultReplyTimeout;
+constexpr uint32_t kDefaultWriteTimeout = 10000;
+// A longer port name is cut to this many characters when it comes alone.
+constexpr size_t kMaxPortName = 9;
 // A longer log message shows no more than this many characters.
 constexpr size_t kMaxMessageLength = 4096;
 // How long the self-test shows the versions on the customer display.
@@ -40,6 +46,17 @@ int32_t WithDevice(int32_t failure, Body body) noexcept {
   return driver.device == nullptr
              ? failure
              : quilon::Contain(*driver.device, failure, body);
+}
+
+// Opens a connection and makes it the device's, even when it failed.
+template <typename Transport, typename Params>
+int32_t OpenTransport(const Params& params, OnlineFDev* device) {
+  device->set_reply_timeout(params.reply_timeout);
+  auto transport = std::make_unique<Transport>();
+  device->StartLog(transport.get());
+  const int32_t result = transport->OpenConnection(params, &driver.last_error);
+  device->Attach(std::move(transport));
+  return result;
 }
 
 }  // namespace
@@ -76,6 +93,33 @@ int32_t quil_ioctrl(int32_t code, void* data, void* /*reserved*/,
   });
 }
 
+int32_t quil_open_serial(const char* port_name, uint32_t baud_rate,
+                         uint32_t threaded) {
+  if (port_name == nullptr) {
+    return kFailed;
+  }
+  SerialParams params = {};
+  std::strncpy(params.port_name, port_name, kMaxPortName);
+  params.baud_rate = baud_rate;
+  params.data_bits = 8;
+  params.reserved1 = 100;
+  params.write_timeout = kDefaultWriteTimeout;
+  params.threaded = threaded;
+  params.reply_timeout = kDefaultReplyTimeout;
+  return quil_open_serial_ex(&params);
+}
+
+int32_t quil_open_serial_ex(const SerialParams* params) {
+  if (params == nullptr) {
+    return kFailed;
+  }
+  return WithDevice(kFailed, [params](OnlineFDev& device) {
+    return quilon::IsThreaded(*params)
+               ? OpenTransport<quilon::ThreadRS232Comm>(*params, &device)
+               : OpenTransport<quilon::RS232Comm>(*params, &device);
+  });
+}
+
 int32_t quil_open_tcpip(const char* address, uint32_t port) {
   if (address == nullptr) {
     return kFailed;
@@ -92,13 +136,7 @@ int32_t quil_open_tcpip_ex(const TcpParams* params) {
     return kFailed;
   }
   return WithDevice(kFailed, [params](OnlineFDev& device) {
-    device.set_reply_timeout(params->reply_timeout);
-    auto transport = std::make_unique<quilon::TCPIPComm>();
-    device.StartLog(transport.get());
-    const int32_t result =
-        transport->OpenConnection(*params, &driver.last_error);
-    device.Attach(std::move(transport));
-    return result;
+    return OpenTransport<quilon::TCPIPComm>(*params, &device);
   });
 }
 

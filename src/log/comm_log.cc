@@ -109,21 +109,58 @@ char* RenderByte(uint8_t byte, char* out) {
 
 CommLog::~CommLog() { CloseFile(); }
 
+CommLog::State CommLog::state() const {
+  const std::lock_guard lock(mutex_);
+  return state_;
+}
+
 void CommLog::SetDirectory(std::string_view directory) {
+  const std::lock_guard lock(mutex_);
   const size_t length = directory.copy(directory_, sizeof(directory_) - 1);
   directory_[length] = '\0';
 }
 
 void CommLog::OpenLog() {
+  const std::lock_guard lock(mutex_);
   if (state_ == kNoFile) {
-    OpenLogFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory);
-    WriteLogEntry(kDriverText, std::strlen(kDriverText), kLogStatus);
-    WriteLogEntry(kSystemName, std::strlen(kSystemName), kLogStatus);
+    BeginFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory);
+    WriteEntry(kDriverText, kLogStatus);
+    WriteEntry(kSystemName, kLogStatus);
   }
   state_ = kActive;
 }
 
+void CommLog::SwitchOff() {
+  const std::lock_guard lock(mutex_);
+  state_ = kSwitchedOff;
+}
+
 int32_t CommLog::OpenLogFile(const char* directory) {
+  const std::lock_guard lock(mutex_);
+  return BeginFile(directory);
+}
+
+int32_t CommLog::WriteLogEntry(const void* data, size_t length, uint32_t kind) {
+  const std::lock_guard lock(mutex_);
+  return WriteEntry({static_cast<const char*>(data), length}, kind);
+}
+
+int32_t CommLog::WriteIfActive(std::string_view text, uint32_t kind) {
+  const std::lock_guard lock(mutex_);
+  return state_ == kActive ? WriteEntry(text, kind) : 0;
+}
+
+void CommLog::CloseLog() {
+  const std::lock_guard lock(mutex_);
+  if (state_ != kActive) {
+    return;
+  }
+  WriteEntry("Close port", kLogStatus);
+  CloseFile();
+  state_ = kNoFile;
+}
+
+int32_t CommLog::BeginFile(const char* directory) {
   CloseFile();
   Path path;
   if (MakeFilePath(directory, path)) {
@@ -139,21 +176,21 @@ int32_t CommLog::OpenLogFile(const char* directory) {
   return 1;
 }
 
-int32_t CommLog::WriteLogEntry(const void* data, size_t length, uint32_t kind) {
-  if (length == 0 || file_ == nullptr) {
+int32_t CommLog::WriteEntry(std::string_view data, uint32_t kind) {
+  if (data.empty() || file_ == nullptr) {
     return 0;
   }
   char line[kLineCapacity] = {};
   const size_t prefix_length = WritePrefix(kind, line);
   // The data is copied as a text: what follows a zero byte in it shows as zero
   // bytes too.
-  std::strncpy(line + prefix_length, static_cast<const char*>(data),
-               std::min(length, kMaxDataLength));
+  std::strncpy(line + prefix_length, data.data(),
+               std::min(data.size(), kMaxDataLength));
 
   char rendered[kMaxRenderedPositions * kLongestRendering +
                 kTruncationMark.size() + 1];
   char* end = rendered;
-  const size_t wanted = prefix_length + length;
+  const size_t wanted = prefix_length + data.size();
   const size_t positions = std::min(wanted, kMaxRenderedPositions);
   for (size_t i = 0; i < positions; ++i) {
     end = RenderByte(static_cast<uint8_t>(line[i]), end);
@@ -167,19 +204,6 @@ int32_t CommLog::WriteLogEntry(const void* data, size_t length, uint32_t kind) {
                  std::fflush(file_) == 0
              ? 1
              : 0;
-}
-
-int32_t CommLog::WriteIfActive(std::string_view text, uint32_t kind) {
-  return active() ? WriteLogEntry(text.data(), text.size(), kind) : 0;
-}
-
-void CommLog::CloseLog() {
-  if (!active()) {
-    return;
-  }
-  WriteIfActive("Close port", kLogStatus);
-  CloseFile();
-  state_ = kNoFile;
 }
 
 void CommLog::CloseFile() {

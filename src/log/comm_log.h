@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <mutex>
 #include <string_view>
 
 namespace quilon {
@@ -17,7 +18,7 @@ inline constexpr uint32_t kLogReceived = 1;
 inline constexpr uint32_t kLogSent = 2;
 inline constexpr uint32_t kLogMessage = 4;
 
-// Entries may be written from two threads; everything else belongs to one.
+// Safe for use by several threads.
 class CommLog {
  public:
   enum State : int32_t {
@@ -34,8 +35,7 @@ class CommLog {
   CommLog(const CommLog&) = delete;
   CommLog& operator=(const CommLog&) = delete;
 
-  State state() const { return state_; }
-  bool active() const { return state_ == kActive; }
+  State state() const;
 
   // Keeps `directory` for the next file; at most 255 bytes.
   void SetDirectory(std::string_view directory);
@@ -45,7 +45,7 @@ class CommLog {
   void OpenLog();
 
   // Stops writing entries; the file stays open.
-  void SwitchOff() { state_ = kSwitchedOff; }
+  void SwitchOff();
 
   // Begins a new file in `directory`, instead of the one that may be open.
   // Returns 1, or 0 (and says so on standard output) when that is impossible.
@@ -62,8 +62,12 @@ class CommLog {
   void CloseLog();
 
  private:
+  // These expect the caller to hold the mutex.
+  int32_t BeginFile(const char* directory);
+  int32_t WriteEntry(std::string_view data, uint32_t kind);
   void CloseFile();
 
+  mutable std::mutex mutex_;
   State state_ = kNoFile;
   std::FILE* file_ = nullptr;
   char directory_[kPathCapacity] = {};

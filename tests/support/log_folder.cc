@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <chrono>
 #include <fstream>
+#include <thread>
 
 namespace quilon::testing {
 namespace {
@@ -63,6 +66,17 @@ std::vector<std::string> LogFolder::Entries() const {
     entries.push_back(line.substr(std::min(line.size(), kTimeShape.size())));
   }
   return entries;
+}
+
+void LogFolder::WaitForEntry(const std::string& entry) const {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point deadline = Clock::now() + std::chrono::seconds(10);
+  for (auto entries = Entries();
+       std::find(entries.begin(), entries.end(), entry) == entries.end();
+       entries = Entries()) {
+    ASSERT_LT(Clock::now(), deadline) << entry;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
 }
 
 }  // namespace quilon::testing

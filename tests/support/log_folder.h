@@ -24,6 +24,9 @@ class LogFolder {
   // The lines' texts: without the time, which is checked for its form.
   std::vector<std::string> Entries() const;
 
+  // Waits until a thread of the driver has written `entry`; fails after 10 s.
+  void WaitForEntry(const std::string& entry) const;
+
  private:
   std::filesystem::path path_;
 };
