@@ -43,6 +43,10 @@ class VirtualPrinter {
   struct Options {
     // "ADDRESS:PORT"; port 0 is any free one. Empty: no TCP.
     std::string tcp = "127.0.0.1:0";
+    // Makes a pseudo-terminal, and a symbolic link to it when pty_link is not
+    // empty. Not on Windows.
+    bool pty = false;
+    std::string pty_link;
     // Local time; empty: the system's.
     Clock clock;
     // Called on the printer's thread with every line of paper as it appears.
@@ -62,6 +66,9 @@ class VirtualPrinter {
   // The port that is listened on; 0 without TCP.
   std::uint16_t tcp_port() const;
 
+  // The device that a serial client opens; empty without a pseudo-terminal.
+  std::string pty_path() const;
+
   Snapshot snapshot() const;
   std::vector<std::string> paper() const;
   std::vector<std::string> frames() const;
@@ -73,6 +80,10 @@ class VirtualPrinter {
       const std::function<bool(const Snapshot&)>& condition,
       std::chrono::milliseconds limit = std::chrono::seconds(10)) const;
 
+  // While held, the printer reads nothing from its clients: what they send
+  // stays
+  // in the wires until those are full.
+  void hold_input(bool hold);
   void set_online(bool online);
   // Lines that cannot be printed wait until the paper is back.
   void set_paper_out(bool out);
