@@ -29,12 +29,16 @@ enum Error : int {
   kUnpaid = 30,
   kDocumentAlreadyOpen = 1002,
   kBadAdjustment = 1004,
+  kBadData = 1005,
+  kUnsavedState = 1014,
   kUnknownCommand = 1022,
   kBufferOverflow = 1026,
   kForbiddenNow = 1031,
   kBusy = 1034,
+  kBadLogo = 1035,
   kNoPaper = 1037,
   kPrintMechanism = 1086,
+  kNoSpace = 1090,
   kNoItems = 1092,
 };
 

@@ -26,6 +26,8 @@ int run(int argc, char** argv) {
   app.add_option("--pty", options.pty_link,
                  "Make a pseudo-terminal and this symbolic link to it");
 
+  app.add_option("--state", options.state_file,
+                 "Keep the printer's memory in this file");
   CLI11_PARSE(app, argc, argv);
   options.pty = !options.pty_link.empty();
   if (tcp->empty()) {

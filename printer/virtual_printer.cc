@@ -7,14 +7,17 @@
 #include <charconv>
 #include <condition_variable>
 #include <ctime>
+#include <deque>
 #include <mutex>
 #include <stdexcept>
 #include <thread>
 #include <utility>
 
 #include "printer/line.h"
+#include "printer/mazovia.h"
 #include "printer/pseudo_terminal.h"
 #include "printer/session.h"
+#include "printer/state.h"
 
 namespace quilon::printer {
 namespace {
@@ -58,7 +61,9 @@ class VirtualPrinter::Engine {
  public:
   explicit Engine(Options options)
       : device_(options.clock ? std::move(options.clock) : Clock(system_clock)),
+        state_file_(std::move(options.state_file)),
         acceptor_(context_) {
+    state_file_.load(device_);
     device_.paper.set_sink(std::move(options.on_paper));
     if (!options.tcp.empty()) {
       listen(endpoint_of(options.tcp));
@@ -147,9 +152,24 @@ class VirtualPrinter::Engine {
         });
     return [this, line](std::string_view bytes) {
       std::string answer;
-      change([&](Device&) { answer = line->receive(bytes); });
+      change([&](Device& device) {
+        answer = line->receive(bytes);
+        if (!state_file_.save(device)) {
+          device.refuse(kUnsavedState);
+        }
+      });
       return answer;
     };
+  }
+
+  std::map<std::string, std::string> complete_files() const {
+    std::map<std::string, std::string> files;
+    for (const auto& [name, file] : device_.files) {
+      if (file.complete()) {
+        files[mazovia_to_utf8(name)] = file.bytes;
+      }
+    }
+    return files;
   }
 
   Snapshot look() const {
@@ -159,13 +179,18 @@ class VirtualPrinter::Engine {
             device_.error,
             device_.last_command_ok,
             device_.document.has_value(),
-            device_.last_document_closed};
+            device_.last_document_closed,
+            {device_.display.lines().begin(), device_.display.lines().end()},
+            device_.drawer_openings,
+            complete_files()};
   }
 
   mutable std::mutex mutex_;
   mutable std::condition_variable changed_;
   Device device_;
+  StateFile state_file_;
   std::deque<std::string> frames_;
+
   std::uint16_t port_ = 0;
   asio::io_context context_;
   // Keeps the thread waiting while the gate holds back the only client.

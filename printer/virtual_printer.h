@@ -13,8 +13,9 @@
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
+#include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,6 +37,9 @@ struct Snapshot {
   bool last_command_ok = true;
   bool document_open = false;
   bool last_document_closed = true;
+  std::vector<std::string> display;  // the customer display's lines, UTF-8
+  int drawer_openings = 0;
+  std::map<std::string, std::string> files;  // stored whole, by name
 };
 
 class VirtualPrinter {
@@ -47,6 +51,9 @@ class VirtualPrinter {
     // empty. Not on Windows.
     bool pty = false;
     std::string pty_link;
+    // Where the printer's memory is kept; empty: nowhere. Read at the start if
+    // it is there, replaced after every change, before the answer goes out.
+    std::filesystem::path state_file;
     // Local time; empty: the system's.
     Clock clock;
     // Called on the printer's thread with every line of paper as it appears.
@@ -54,7 +61,8 @@ class VirtualPrinter {
     std::function<void(const std::string& line)> on_paper;
   };
 
-  // Throws std::runtime_error when an address cannot be listened on,
+  // Throws std::runtime_error when an address cannot be listened on or the
+  // state file holds no state,
   // std::invalid_argument when it is none.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);
