@@ -17,6 +17,7 @@ constexpr auto kUnchecked = Checksum::kNone;
 constexpr auto kAlways = When::kAlways;
 constexpr auto kOnline = When::kOnline;
 constexpr auto kInside = When::kInDocument;
+constexpr auto kInSlip = When::kInSlip;
 constexpr auto kOutside = When::kOutsideDocument;
 constexpr auto kPrints = Prints::kYes;
 constexpr auto kQuiet = Prints::kNo;
@@ -87,6 +88,30 @@ constexpr std::array kCommands = {
     CommandRow{"$d", "1", 1, 1, "*", kOptional, kOnline, kQuiet, open_drawer},
     CommandRow{"$d", "", 1, 1, "*", kUnchecked, kOnline, kQuiet, show},
     CommandRow{"!d", "", 1, 1, "*", kChecked, kOnline, kQuiet, show_line},
+
+    // Non-fiscal printouts
+    CommandRow{"$w", "0", 6, 6, "*", kChecked, kOutside, kPrints, begin_slip},
+    CommandRow{"$w", "", 7, 7, "*", kChecked, kInSlip, kPrints, print_slip_lines},
+    CommandRow{"$w", "1", 4, 5, "*", kChecked, kInSlip, kPrints, end_slip},
+    CommandRow{"$z", "28", 2, 2, "", kChecked, kInSlip, kPrints, end_attached_slip},
+
+    // Reports, shifts and cash
+    CommandRow{"#r", "0", 1, 1, "?tt", kChecked, kOutside, kPrints, print_daily_report, "RAPORT DOBOWY"},
+    CommandRow{"#r", "1", 4, 4, "?tt", kChecked, kOutside, kPrints, print_daily_report, "RAPORT DOBOWY"},
+    CommandRow{"#o", "", 7, 7, "?tt", kChecked, kOutside, kPrints, print_form, "RAPORT OKRESOWY"},
+    CommandRow{"#o", "", 1, 1, "ss?tt", kChecked, kOutside, kPrints, print_form, "RAPORT OKRESOWY"},
+    CommandRow{"$o", "", 1, 1, "*", kChecked, kOutside, kPrints, print_range_report, "RAPORT ZAKRESOWY"},
+    CommandRow{"#t", "0", 1, 1, "?tt", kChecked, kOutside, kPrints, print_form, "RAPORT STANU KASY"},
+    CommandRow{"@PR", "", 0, 0, "iitt", kChecked, kOutside, kPrints, print_form, "WYDRUK Z PAMIĘCI"},
+    CommandRow{"@PMR", "", 0, 0, "iitt", kChecked, kOutside, kPrints, print_form, "WYDRUK Z PAMIĘCI CHRONIONEJ"},
+    CommandRow{"#k", "", 1, 1, "tt?t", kChecked, kOutside, kPrints, print_form, "RAPORT ZMIANY"},
+    CommandRow{"#p", "1", 1, 1, "?tt", kChecked, kOutside, kQuiet, log_in_or_tell, "ROZPOCZĘCIE PRACY KASJERA"},
+    CommandRow{"#p", "", 1, 1, "tt", kChecked, kOutside, kPrints, log_in, "ROZPOCZĘCIE PRACY KASJERA"},
+    CommandRow{"#q", "0", 1, 1, "tt", kChecked, kOutside, kPrints, log_out, "ZAKOŃCZENIE PRACY KASJERA"},
+    CommandRow{"#i", "", 1, 1, "a?tt", kChecked, kOutside, kPrints, pay_in, "WPŁATA DO KASY"},
+    CommandRow{"#d", "", 1, 1, "a?tt", kChecked, kOutside, kPrints, pay_out, "WYPŁATA Z KASY"},
+    CommandRow{"#f", "8", 3, 3, "tttttttttttttttttttt" "aaaaaaaaaaaaaaaaaaaaaaa" "ttt?t", kChecked, kOutside, kPrints, print_form, "FORMULARZ"},
+    CommandRow{"#m", "", 4, 20, "*", kChecked, kOutside, kPrints, print_settlement, "ROZLICZENIE"},
 
     // Files and logos
     CommandRow{"@A", "", 2, 2, "*", kChecked, kOnline, kQuiet, store_block},
@@ -161,6 +186,7 @@ const CommandRow& find_command(std::string_view body, Request& request) {
     fields.remove_suffix(2);
   }
   request.title = row->title;
+  request.shape = row->shape;
   request.fields = Fields(fields);
   if (row->shape != "*") {
     request.values = read_shape(request.fields, row->shape);

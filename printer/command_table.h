@@ -21,8 +21,9 @@ enum class Checksum {
 enum class When {
   kAlways,  // even offline, and the verdict on the last command stays as it was
   kOnline,
+  kInSlip,           // refused with kNoDocument otherwise
   kInDocument,       // refused with kNoDocument otherwise
-  kOutsideDocument,  // refused with kForbiddenNow otherwise
+  kOutsideDocument,  // and outside slips; refused with kForbiddenNow otherwise
 };
 
 enum class Prints { kNo, kYes };

@@ -36,7 +36,11 @@ void check_state(const Device& device, const CommandRow& row) {
   if (row.when == When::kInDocument && !device.document) {
     throw Refusal(kNoDocument);
   }
-  if (row.when == When::kOutsideDocument && device.document) {
+  if (row.when == When::kInSlip && !device.slip_open) {
+    throw Refusal(kNoDocument);
+  }
+  if (row.when == When::kOutsideDocument &&
+      (device.document || device.slip_open)) {
     throw Refusal(kForbiddenNow);
   }
   if (row.prints == Prints::kYes && device.paper.out()) {

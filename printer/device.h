@@ -55,6 +55,10 @@ struct Device {
   Books books;
   Paper paper;
 
+  bool slip_open = false;
+  std::int64_t cash = 0;  // paid in and not out again, grosze
+  Cashier cashier;
+
   std::chrono::seconds clock_offset{0};  // what "$c" put between both clocks
   std::int32_t totals_mode = 0;          // chosen by "$r"
   // Not 0: every refusal is reported at once by an answer with "#Z".

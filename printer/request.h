@@ -23,6 +23,8 @@ struct Request {
   // The following are set once the command is known.
   std::string_view mnemonic;
   std::string_view title;
+  std::string_view shape;
+
   // The fields of a command with a shape.
   std::vector<std::string> values;
   // The fields of a command without one, for its handler to read.

@@ -52,6 +52,16 @@ Books books_of(const json& state) {
   return books;
 }
 
+json to_json(const Cashier& cashier) {
+  return {{"number", cashier.number},
+          {"texts", texts_to_json({cashier.name, cashier.code})}};
+}
+
+Cashier cashier_of(const json& state) {
+  const auto texts = texts_of_json(state.at("texts"));
+  return {state.at("number").get<std::int32_t>(), texts.at(0), texts.at(1)};
+}
+
 json to_json(const ParameterSet& set) {
   return {{"texts", texts_to_json({set.first_text, set.second_text})},
           {"values", set.values},
@@ -75,6 +85,8 @@ void restore(Device& device, const json& state) {
     ++device.books.cancelled_count;
     device.last_document_closed = false;
   }
+  state.at("cash").get_to(device.cash);
+  device.cashier = cashier_of(state.at("cashier"));
   device.clock_offset =
       std::chrono::seconds(state.at("clock_offset").get<std::int64_t>());
   state.at("totals_mode").get_to(device.totals_mode);
@@ -105,6 +117,8 @@ std::string state_text(const Device& device) {
   json state = {{"books", to_json(device.books)},
                 {"last_document_closed", device.last_document_closed},
                 {"document_open", device.document.has_value()},
+                {"cash", device.cash},
+                {"cashier", to_json(device.cashier)},
                 {"clock_offset", device.clock_offset.count()},
                 {"totals_mode", device.totals_mode},
                 {"error_reports", device.error_reports},

@@ -17,6 +17,13 @@ struct Setting {
   std::vector<std::string> fields;
 };
 
+// Who works at the register; Mazovia, empty after logging out.
+struct Cashier {
+  std::int32_t number = 0;
+  std::string name;
+  std::string code;
+};
+
 // One of the four electronic-document parameter sets.
 struct ParameterSet {
   std::string first_text;

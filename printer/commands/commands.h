@@ -63,6 +63,25 @@ std::string show(Device& device, Request& request);
 std::string show_line(Device& device, Request& request);
 std::string tell_display(Device& device, Request& request);
 
+// slip_commands.cc
+std::string begin_slip(Device& device, Request& request);
+std::string print_slip_lines(Device& device, Request& request);
+std::string end_slip(Device& device, Request& request);
+std::string end_attached_slip(Device& device, Request& request);
+
+// report_commands.cc
+std::string print_form(Device& device, Request& request);
+std::string print_daily_report(Device& device, Request& request);
+std::string print_range_report(Device& device, Request& request);
+std::string print_settlement(Device& device, Request& request);
+
+// shift_commands.cc
+std::string log_in(Device& device, Request& request);
+std::string log_in_or_tell(Device& device, Request& request);
+std::string log_out(Device& device, Request& request);
+std::string pay_in(Device& device, Request& request);
+std::string pay_out(Device& device, Request& request);
+
 // transfer_commands.cc
 std::string store_block(Device& device, Request& request);
 std::string store_logo_block(Device& device, Request& request);

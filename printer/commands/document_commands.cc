@@ -273,6 +273,9 @@ std::string begin_receipt(Device& device, Request& request) {
   if (device.document) {
     throw Refusal(kDocumentAlreadyOpen);
   }
+  if (device.slip_open) {
+    throw Refusal(kForbiddenNow);
+  }
   device.document = Document{Series::kReceipt};
   device.last_document_closed = false;
   print_texts(device.paper, texts);
