@@ -83,11 +83,22 @@ static void print_cp1250(const char* text) {
   }
 }
 
+/* After a failed status check. */
 static void print_last_error(void) {
   LastErrorRecord error;
   quil_get_last_error(&error);
-  printf("error %d: ", (int)error.error_code);
-  print_cp1250(error.message);
+  if (!error.dle.valid) {
+    printf("the printer does not answer");
+  } else if (error.dle.paper_out) {
+    printf("the printer has no paper");
+  } else if (error.dle.printer_error || !error.dle.online) {
+    printf("the printer is out of order");
+  } else if (error.enq.last_command_ok) {
+    printf("the command did not reach the printer");
+  } else {
+    printf("refused, error %d: ", (int)error.error_code);
+    print_cp1250(error.message);
+  }
   printf("\n");
 }
 
@@ -97,7 +108,7 @@ static int run(const char* what, int32_t code, void* data) {
     printf("%s: ok\n", what);
     return 1;
   }
-  printf("%s: failed, ", what);
+  printf("%s: ", what);
   print_last_error();
   return 0;
 }

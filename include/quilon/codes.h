@@ -16,6 +16,12 @@
  * "?e". A command that reads fails when the printer is silent, its answer has
  * not the mnemonic, or a number in it is none; packets with "#Z" before the
  * answer are passed over. Fields read before a failure keep what was read.
+ *
+ * A command whose purpose only the printer's own manual tells is named by its
+ * mnemonic in the protocol: DOLLAR_C is "$c", CARET_B_1 is "1^b", QUESTION_E is
+ * "?e". A command that reads fails when the printer is silent, its answer has
+ * not the mnemonic, or a number in it is none; packets with "#Z" before the
+ * answer are passed over. Fields read before a failure keep what was read.
  */
 #ifndef QUILON_CODES_H_
 #define QUILON_CODES_H_
@@ -85,13 +91,13 @@ enum QuilCode {
   QUIL_READ_PROC = 21,
   /** Sends "$c": six parameters, two texts.
    *  Direction: send. Record: DollarC. */
-  QUIL_SEND_DOLLAR_C = 22,
+  QUIL_DOLLAR_C = 22,
   /** Sends "$p": one parameter, two texts, seven values.
    *  Direction: send. Record: DollarP. */
-  QUIL_SEND_DOLLAR_P = 23,
+  QUIL_DOLLAR_P = 23,
   /** Sends "1$P": seven parameters, six values.
    *  Direction: send. Record: DollarCapitalP. */
-  QUIL_SEND_DOLLAR_CAPITAL_P = 24,
+  QUIL_DOLLAR_CAPITAL_P = 24,
   /** Chooses by its number which totals the printer tells, before
    *  QUIL_SEND_IDENTITY (0) or QUIL_SEND_TOTALS (1) ("243;n$r").
    *  Direction: send. Record: SingleNumber. */
@@ -120,7 +126,7 @@ enum QuilCode {
   QUIL_NOTHING = 32,
   /** Sends "1;^F" with the record's number: a logo frame without data.
    *  Direction: send. Record: Logo. */
-  QUIL_SEND_CARET_F_1 = 33,
+  QUIL_CARET_F_1 = 33,
   /** Sends the bitmap at the record's path to the printer, 64 bytes a frame
    *  ("0;^F"). Fails, with nothing sent, when the file is no such bitmap, or
    *  one of more than 32764 bytes of pixels or with its top row first. Whether
@@ -129,7 +135,7 @@ enum QuilCode {
   QUIL_SEND_LOGO = 34,
   /** Sends "10;^F" with the record's number: a logo frame without data.
    *  Direction: send. Record: Logo. */
-  QUIL_SEND_CARET_F_10 = 35,
+  QUIL_CARET_F_10 = 35,
   /** Reads the value and the checksum of a "^f" answer. Succeeds also when none
    *  came, and leaves the record as it was.
    *  Direction: read. Record: Logo. */
@@ -142,7 +148,7 @@ enum QuilCode {
   QUIL_LOGO_CHECKSUM = 37,
   /** Sends "1^c" with a number and a converted text.
    *  Direction: send. Record: NumberAndText. */
-  QUIL_SEND_CARET_C = 38,
+  QUIL_CARET_C = 38,
   /** Sends the file at the record's path, 1024 bytes a frame ("@A"), and asks
    *  with ENQ after each frame whether the printer took it. An empty file
    *  succeeds with nothing sent. Fails when the file cannot be read to the size
@@ -155,7 +161,7 @@ enum QuilCode {
   QUIL_SEND_EMPTY_FILE = 40,
   /** Sends "100;1$z" with a converted text.
    *  Direction: send. Record: SingleText. */
-  QUIL_SEND_DOLLAR_Z = 41,
+  QUIL_DOLLAR_Z = 41,
   /** Asks for the information block of the number ("$i").
    *  Direction: send. Record: SingleNumber. */
   QUIL_SEND_INFO_BLOCK = 42,
@@ -164,19 +170,19 @@ enum QuilCode {
   QUIL_READ_INFO_43 = 43,
   /** Sends "10$o" with two texts.
    *  Direction: send. Record: TwoTexts. */
-  QUIL_SEND_DOLLAR_O_10 = 44,
+  QUIL_DOLLAR_O_10 = 44,
   /** Sends "11$o" with two numbers.
    *  Direction: send. Record: TwoNumbers. */
-  QUIL_SEND_DOLLAR_O_11 = 45,
+  QUIL_DOLLAR_O_11 = 45,
   /** Sends "12;1$o".
    *  Direction: send. Record: none. */
-  QUIL_SEND_DOLLAR_O_12 = 46,
+  QUIL_DOLLAR_O_12 = 46,
   /** Reads an "#X" answer of three numbers and a text.
    *  Direction: read. Record: HashX. */
   QUIL_READ_HASH_X = 47,
   /** Sends "@PMI".
    *  Direction: send. Record: PmiCommand. */
-  QUIL_SEND_PMI = 48,
+  QUIL_AT_PMI = 48,
   /** Reads a "@PMD" answer.
    *  Direction: read. Record: PmdAnswer. */
   QUIL_READ_PMD = 49,
@@ -245,7 +251,7 @@ enum QuilCode {
   QUIL_READ_USB = 69,
   /** Sends "1^b" with seven texts.
    *  Direction: send. Record: SevenTexts. */
-  QUIL_SEND_CARET_B_1 = 70,
+  QUIL_CARET_B_1 = 70,
   /** Sends "?e".
    *  Direction: send. Record: none. */
   QUIL_SEND_QUESTION_E = 71,
@@ -254,28 +260,28 @@ enum QuilCode {
   QUIL_READ_QUESTION_E = 72,
   /** Sends "$g" with two texts.
    *  Direction: send. Record: TwoTexts. */
-  QUIL_SEND_DOLLAR_G = 73,
+  QUIL_DOLLAR_G = 73,
   /** Reads a "$G" answer.
    *  Direction: read. Record: NumberAndText. */
   QUIL_READ_DOLLAR_G = 74,
   /** Sends "$m".
    *  Direction: send. Record: none. */
-  QUIL_SEND_DOLLAR_M = 75,
+  QUIL_DOLLAR_M = 75,
   /** Sends "0;n^b" with a parameter and seven texts.
    *  Direction: send. Record: NumberAndSevenTexts. */
-  QUIL_SEND_CARET_B_0 = 76,
+  QUIL_CARET_B_0 = 76,
   /** Sends "12^t".
    *  Direction: send. Record: none. */
-  QUIL_SEND_CARET_T_12 = 77,
+  QUIL_CARET_T_12 = 77,
   /** Reads a "^t" answer.
    *  Direction: read. Record: FiveTexts. */
   QUIL_READ_CARET_T = 78,
   /** Sends "#b" with a parameter and four texts.
    *  Direction: send. Record: NumberAndFourTexts. */
-  QUIL_SEND_HASH_B = 79,
+  QUIL_HASH_B = 79,
   /** Sends "#l" with a parameter.
    *  Direction: send. Record: SingleNumber. */
-  QUIL_SEND_HASH_L = 80,
+  QUIL_HASH_L = 80,
   /** Sends "@SERW" with a converted text and a number.
    *  Direction: send. Record: NumberAndText. */
   QUIL_SET_SERW = 81,
@@ -309,7 +315,7 @@ enum QuilCode {
   QUIL_READ_EDB = 89,
   /** Sends "!EDB" with a number.
    *  Direction: send. Record: SingleNumber. */
-  QUIL_SEND_EXCLAMATION_EDB = 90,
+  QUIL_EXCLAMATION_EDB = 90,
   /** Writes the EPNG settings ("@EPNG").
    *  Direction: send. Record: ThreeNumbers. */
   QUIL_SET_EPNG = 91,
@@ -369,12 +375,22 @@ enum QuilCode {
   /** Prints a line of the document ("$l" or "^l").
    *  Direction: send. Record: DocumentLine. */
   QUIL_DOCUMENT_LINE = 201,
-  /** Closes the document ("$e").
+  /** Closes the document ("$e"). Fails, whatever the flags, when the printer is
+   *  not ready afterwards or says that the command was refused.
    *  Direction: send. Record: DocumentEnd. */
   QUIL_DOCUMENT_END = 202,
   /** Ends the document in the short form ("0$e"), without totals.
    *  Direction: send. Record: DocumentShortEnd. */
   QUIL_DOCUMENT_SHORT_END = 203,
+  /** Sends "$n" within a document.
+   *  Direction: send. Record: DollarN. */
+  QUIL_SEND_DOLLAR_N = 204,
+  /** Sends "$L" within a document.
+   *  Direction: send. Record: DollarCapitalL. */
+  QUIL_SEND_DOLLAR_CAPITAL_L = 205,
+  /** Sends "$Y" within a document.
+   *  Direction: send. Record: DollarCapitalY. */
+  QUIL_SEND_DOLLAR_CAPITAL_Y = 206,
   /** Sends a payment ("6$d").
    *  Direction: send. Record: Payment. */
   QUIL_PAYMENT_6 = 207,
@@ -387,6 +403,69 @@ enum QuilCode {
   /** Sends a payment ("11$d").
    *  Direction: send. Record: Payment. */
   QUIL_PAYMENT_11 = 210,
+  /** Settles and closes the document with "$x". As QUIL_DOCUMENT_END it fails
+   *  when the printer is not ready afterwards or says that the command was
+   *  refused.
+   *  Direction: send. Record: DollarX. */
+  QUIL_DOCUMENT_END_X = 211,
+  /** Sends "$b" within a document.
+   *  Direction: send. Record: DollarB. */
+  QUIL_SEND_DOLLAR_B = 212,
+  /** Settles and closes the document with "$y". As QUIL_DOCUMENT_END it fails
+   *  when the printer is not ready afterwards or says that the command was
+   *  refused.
+   *  Direction: send. Record: DollarY. */
+  QUIL_DOCUMENT_END_Y = 213,
+  /** Prints a whole document and proves by the totals that it was booked. A
+   *  step that cannot be sent fails the call, but not before the others have
+   *  been sent. While the printer does not tell its totals they are asked for
+   *  again, without end.
+   *  Direction: send. Record: WholeDocument. */
+  QUIL_WHOLE_DOCUMENT = 214,
+  /** Checks the totals once more against those that the last document must
+   *  have led to. Always fails with QUIL_COMPARE_TOTALS, which forgets that
+   *  document.
+   *  Direction: read. Record: none. */
+  QUIL_CHECK_TOTALS = 215,
+  /** Sends "@z".
+   *  Direction: send. Record: AtZ. */
+  QUIL_SEND_AT_Z = 216,
+  /** Prints a line of rate group "P" ("$l").
+   *  Direction: send. Record: DocumentLineP. */
+  QUIL_DOCUMENT_LINE_P = 217,
+  /** Sends "@e".
+   *  Direction: send. Record: AtE. */
+  QUIL_SEND_AT_E = 218,
+  /** Opens a fiscal document as QUIL_DOCUMENT_HEADER does, but with 1 as the
+   *  first parameter ("$h").
+   *  Direction: send. Record: DocumentHeader. */
+  QUIL_DOCUMENT_HEADER_219 = 219,
+
+  /** Opens a fiscal document with the buyer's data ("$h").
+   *  Direction: send. Record: BuyerHeader. */
+  QUIL_BUYER_HEADER = 300,
+  /** Prints a line of the document, as QUIL_DOCUMENT_LINE does.
+   *  Direction: send. Record: DocumentLine. */
+  QUIL_BUYER_LINE = 301,
+  /** Closes the document ("$e"). Fails as QUIL_DOCUMENT_END does.
+   *  Direction: send. Record: BuyerEnd. */
+  QUIL_BUYER_END = 302,
+  /** Sends "@c".
+   *  Direction: send. Record: AtC. */
+  QUIL_SEND_AT_C = 303,
+  /** Prints a whole document with a buyer and proves by the totals that it was
+   *  booked, as QUIL_WHOLE_DOCUMENT does.
+   *  Direction: send. Record: WholeBuyerDocument. */
+  QUIL_WHOLE_BUYER_DOCUMENT = 304,
+  /** Closes the document with the command of QUIL_DOCUMENT_END ("$e").
+   *  Direction: send. Record: DocumentEnd. */
+  QUIL_BUYER_PLAIN_END = 306,
+  /** Closes the document with the command of QUIL_DOCUMENT_END_X ("$x").
+   *  Direction: send. Record: DollarX. */
+  QUIL_BUYER_END_X = 307,
+  /** Opens a document as QUIL_BUYER_HEADER does ("$h").
+   *  Direction: send. Record: BuyerHeader. */
+  QUIL_BUYER_HEADER_308 = 308,
 
   /** Opens the cash drawer ("1$d").
    *  Direction: send. Record: none. */
@@ -396,7 +475,7 @@ enum QuilCode {
   QUIL_DISPLAY = 401,
   /** Sends "#e" with a parameter.
    *  Direction: send. Record: HashE. */
-  QUIL_SEND_HASH_E = 402,
+  QUIL_HASH_E = 402,
   /** Reads the next packet, one with "#Z" too: what stands before and behind
    *  "#Z". Without "#Z" the text before it becomes empty, the other stays, and
    *  the command succeeds all the same.
@@ -404,7 +483,7 @@ enum QuilCode {
   QUIL_READ_HASH_Z = 403,
   /** Sends "!d" with a parameter and a converted text.
    *  Direction: send. Record: DisplayText. */
-  QUIL_SEND_EXCLAMATION_D = 404,
+  QUIL_EXCLAMATION_D = 404,
 
   /** Sends "#p".
    *  Direction: send. Record: HashP. */

@@ -206,10 +206,12 @@ QUILON_API int32_t quil_log_msg(const char* text);
 QUILON_API int32_t quil_drv_version(DriverVersion* version);
 
 /**
- * Asks the printer for its name and firmware version.
+ * Asks the printer for its name and firmware version. With a silent printer
+ * this takes one reply time-out.
  *
  * @param version Where to put them; both texts are empty when the printer did
- *                not answer, or before quil_init. Null: nothing is done.
+ *                not answer, without a connection, or before quil_init. Null:
+ *                nothing is done.
  * @return 1, always.
  */
 QUILON_API int32_t quil_prn_version(PrinterVersion* version);
@@ -217,7 +219,12 @@ QUILON_API int32_t quil_prn_version(PrinterVersion* version);
 /**
  * Shows the versions on the customer display for 4 s and prints a non-fiscal
  * slip of the printer's identity and memory. A step that fails does not stop
- * the others.
+ * the others: the slip then says less. What the printer made of the steps is
+ * not checked. Before quil_init nothing is done.
+ *
+ * With a silent printer this takes four reply time-outs and the 4 s. While a
+ * serial port is held off by its flow control, each of the 16 commands can take
+ * the write time-out, too.
  *
  * @return 0, always.
  */

@@ -12,6 +12,7 @@
 #ifndef QUILON_RECORDS_H_
 #define QUILON_RECORDS_H_
 
+#include "quilon/records/buyer_documents.h"
 #include "quilon/records/config.h"
 #include "quilon/records/connection.h"
 #include "quilon/records/device.h"
@@ -26,6 +27,8 @@
 #include "quilon/records/raw.h"
 #include "quilon/records/reports.h"
 #include "quilon/records/second_series.h"
+#include "quilon/records/settlements.h"
 #include "quilon/records/status.h"
+#include "quilon/records/whole_documents.h"
 
 #endif /* QUILON_RECORDS_H_ */

@@ -21,27 +21,34 @@ template <typename Device, typename Record>
 struct RecordOf<int32_t (Device::*)(Record*)> {
   using Type = Record;
 };
+template <typename Record>
+struct RecordOf<int32_t (*)(Driver*, const Record&)> {
+  using Type = Record;
+};
 
-// A handler takes no record, or reads one (const Record&), or fills one
-// (Record*); the row takes the record's type from it.
+// A handler is a member of the device that takes no record, or reads one (const
+// Record&), or fills one (Record*); or a function of the whole driver that
+// reads one. The row takes the record's type from it.
 template <auto kHandler>
 consteval Command Row(int32_t code, SuccessRule rule = SuccessRule::kNotZero) {
   using Handler = decltype(kHandler);
   if constexpr (std::is_invocable_v<Handler, OnlineFDev&>) {
-    return {code, rule, false, [](OnlineFDev& device, void*) {
-              return std::invoke(kHandler, device);
+    return {code, rule, false, [](Driver& driver, void*, uint32_t) {
+              return std::invoke(kHandler, *driver.device);
             }};
   } else {
     using Record = typename RecordOf<Handler>::Type;
-    return {
-        code, rule, true, [](OnlineFDev& device, void* data) {
-          auto* record = static_cast<Record*>(data);
-          if constexpr (std::is_invocable_v<Handler, OnlineFDev&, Record*>) {
-            return std::invoke(kHandler, device, record);
-          } else {
-            return std::invoke(kHandler, device, *record);
-          }
-        }};
+    return {code, rule, true, [](Driver& driver, void* data, uint32_t) {
+              auto* record = static_cast<Record*>(data);
+              if constexpr (std::is_invocable_v<Handler, Driver*, Record&>) {
+                return kHandler(&driver, *record);
+              } else if constexpr (std::is_invocable_v<Handler, OnlineFDev&,
+                                                       Record*>) {
+                return std::invoke(kHandler, *driver.device, record);
+              } else {
+                return std::invoke(kHandler, *driver.device, *record);
+              }
+            }};
   }
 }
 

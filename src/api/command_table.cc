@@ -5,32 +5,33 @@
 #include <iterator>
 
 #include "api/command_row.h"
+#include "api/whole_documents.h"
 #include "quilon/codes.h"
 
 namespace quilon {
 namespace {
 
-// Rows of commands that exchange nothing.
-consteval Command LocalRow(int32_t code, SuccessRule rule,
-                           int32_t (*run)(OnlineFDev&, void*)) {
-  return {code, rule, false, run};
-}
-
-int32_t DoNothing(OnlineFDev& /*device*/, void* /*record*/) { return 1; }
-
-template <TextEncoding kEncoding>
-int32_t SetTextEncoding(OnlineFDev& device, void* /*record*/) {
-  device.set_text_encoding(kEncoding);
+int32_t DoNothing(Driver& /*driver*/, void* /*data*/, uint32_t /*flags*/) {
   return 1;
 }
 
+template <TextEncoding kEncoding>
+int32_t SetTextEncoding(Driver& driver, void* /*data*/, uint32_t /*flags*/) {
+  driver.device->set_text_encoding(kEncoding);
+  return 1;
+}
+
+int32_t CompareTotalsAgain(Driver& driver, void* /*data*/, uint32_t flags) {
+  return CheckTotals(driver.device, flags, &driver.comparison);
+}
+
 // The handler takes the number and the text of the record apart.
-int32_t SendEmptyFile(OnlineFDev& device, void* data) {
-  const auto* record = static_cast<const FileTransfer*>(data);
-  return device.SendEmptyFile(record->continued, TextOf(record->name));
+int32_t SendEmptyFile(Driver* driver, const FileTransfer& record) {
+  return driver->device->SendEmptyFile(record.continued, TextOf(record.name));
 }
 
 using Device = OnlineFDev;
+constexpr auto kNotZero = SuccessRule::kNotZero;
 constexpr auto kOne = SuccessRule::kOne;
 constexpr auto kZero = SuccessRule::kZero;
 constexpr auto kAtLeastOne = SuccessRule::kAtLeastOne;
@@ -59,9 +60,9 @@ constexpr Command kCommands[] = {
     Row<&Device::ReadLog>(QUIL_READ_LOG),
     Row<&Device::SendProc>(QUIL_SEND_PROC),
     Row<&Device::ReadProc>(QUIL_READ_PROC),
-    Row<&Device::SendDollarC>(QUIL_SEND_DOLLAR_C),
-    Row<&Device::SendDollarP>(QUIL_SEND_DOLLAR_P),
-    Row<&Device::SendDollarCapitalP>(QUIL_SEND_DOLLAR_CAPITAL_P),
+    Row<&Device::SendDollarC>(QUIL_DOLLAR_C),
+    Row<&Device::SendDollarP>(QUIL_DOLLAR_P),
+    Row<&Device::SendDollarCapitalP>(QUIL_DOLLAR_CAPITAL_P),
     Row<&Device::SetTotalsMode>(QUIL_SET_TOTALS_MODE),
     Row<&Device::SendTotals>(QUIL_SEND_TOTALS),
     Row<&Device::ReadIdentity>(QUIL_READ_TOTALS),
@@ -69,23 +70,23 @@ constexpr Command kCommands[] = {
     Row<&Device::ReadRaw>(QUIL_READ_RAW),
     Row<&Device::SendExtendedStatus>(QUIL_SEND_EXTENDED_STATUS),
     Row<&Device::ReadExtendedStatus>(QUIL_READ_EXTENDED_STATUS, kOne),
-    LocalRow(QUIL_NOTHING, kAlways, DoNothing),
-    Row<&Device::SendCaretF1>(QUIL_SEND_CARET_F_1),
+    Command{QUIL_NOTHING, kAlways, false, DoNothing},
+    Row<&Device::SendCaretF1>(QUIL_CARET_F_1),
     Row<&Device::SendLogo>(QUIL_SEND_LOGO, kZero),
-    Row<&Device::SendCaretF10>(QUIL_SEND_CARET_F_10),
+    Row<&Device::SendCaretF10>(QUIL_CARET_F_10),
     Row<&Device::ReadLogo>(QUIL_READ_LOGO, kZero),
     Row<&Device::LogoChecksum>(QUIL_LOGO_CHECKSUM, kZero),
-    Row<&Device::SendCaretC>(QUIL_SEND_CARET_C, kAtLeastOne),
+    Row<&Device::SendCaretC>(QUIL_CARET_C, kAtLeastOne),
     Row<&Device::SendFile>(QUIL_SEND_FILE, kNotMinusOne),
-    Command{QUIL_SEND_EMPTY_FILE, kAtLeastOne, true, SendEmptyFile},
-    Row<&Device::SendDollarZ>(QUIL_SEND_DOLLAR_Z, kAtLeastOne),
+    Row<&SendEmptyFile>(QUIL_SEND_EMPTY_FILE, kAtLeastOne),
+    Row<&Device::SendDollarZ>(QUIL_DOLLAR_Z, kAtLeastOne),
     Row<&Device::SendInfoBlock>(QUIL_SEND_INFO_BLOCK),
     Row<&Device::ReadInfo43>(QUIL_READ_INFO_43),
-    Row<&Device::SendDollarO10>(QUIL_SEND_DOLLAR_O_10),
-    Row<&Device::SendDollarO11>(QUIL_SEND_DOLLAR_O_11),
-    Row<&Device::SendDollarO12>(QUIL_SEND_DOLLAR_O_12),
+    Row<&Device::SendDollarO10>(QUIL_DOLLAR_O_10),
+    Row<&Device::SendDollarO11>(QUIL_DOLLAR_O_11),
+    Row<&Device::SendDollarO12>(QUIL_DOLLAR_O_12),
     Row<&Device::ReadHashX>(QUIL_READ_HASH_X),
-    Row<&Device::SendPmi>(QUIL_SEND_PMI),
+    Row<&Device::SendPmi>(QUIL_AT_PMI),
     Row<&Device::ReadPmd>(QUIL_READ_PMD),
     Row<&Device::SetEparCommon>(QUIL_SET_EPAR_COMMON),
     Row<&Device::SendEpar>(QUIL_SEND_EPAR),
@@ -107,17 +108,17 @@ constexpr Command kCommands[] = {
     Row<&Device::SetUsb>(QUIL_SET_USB),
     Row<&Device::SendUsb>(QUIL_SEND_USB),
     Row<&Device::ReadUsb>(QUIL_READ_USB),
-    Row<&Device::SendCaretB1>(QUIL_SEND_CARET_B_1),
+    Row<&Device::SendCaretB1>(QUIL_CARET_B_1),
     Row<&Device::SendQuestionE>(QUIL_SEND_QUESTION_E),
     Row<&Device::ReadQuestionE>(QUIL_READ_QUESTION_E),
-    Row<&Device::SendDollarG>(QUIL_SEND_DOLLAR_G),
+    Row<&Device::SendDollarG>(QUIL_DOLLAR_G),
     Row<&Device::ReadDollarG>(QUIL_READ_DOLLAR_G),
-    Row<&Device::SendDollarM>(QUIL_SEND_DOLLAR_M),
-    Row<&Device::SendCaretB0>(QUIL_SEND_CARET_B_0),
-    Row<&Device::SendCaretT12>(QUIL_SEND_CARET_T_12),
+    Row<&Device::SendDollarM>(QUIL_DOLLAR_M),
+    Row<&Device::SendCaretB0>(QUIL_CARET_B_0),
+    Row<&Device::SendCaretT12>(QUIL_CARET_T_12),
     Row<&Device::ReadCaretT>(QUIL_READ_CARET_T),
-    Row<&Device::SendHashB>(QUIL_SEND_HASH_B),
-    Row<&Device::SendHashL>(QUIL_SEND_HASH_L),
+    Row<&Device::SendHashB>(QUIL_HASH_B),
+    Row<&Device::SendHashL>(QUIL_HASH_L),
     Row<&Device::SetSerw>(QUIL_SET_SERW),
     Row<&Device::SetCert>(QUIL_SET_CERT),
     Row<&Device::SetEmf>(QUIL_SET_EMF),
@@ -127,7 +128,7 @@ constexpr Command kCommands[] = {
     Row<&Device::ReadExclamationE>(QUIL_READ_EXCLAMATION_E),
     Row<&Device::SendEdb>(QUIL_SEND_EDB),
     Row<&Device::ReadEdb>(QUIL_READ_EDB),
-    Row<&Device::SendExclamationEdb>(QUIL_SEND_EXCLAMATION_EDB),
+    Row<&Device::SendExclamationEdb>(QUIL_EXCLAMATION_EDB),
     Row<&Device::SetEpng>(QUIL_SET_EPNG),
     Row<&Device::SendEpng>(QUIL_SEND_EPNG),
     Row<&Device::ReadEpng>(QUIL_READ_EPNG),
@@ -151,16 +152,37 @@ constexpr Command kCommands[] = {
     Row<&Device::SendDocumentLine>(QUIL_DOCUMENT_LINE),
     Row<&Device::SendDocumentEnd>(QUIL_DOCUMENT_END),
     Row<&Device::SendDocumentShortEnd>(QUIL_DOCUMENT_SHORT_END),
+    Row<&Device::SendDollarN>(QUIL_SEND_DOLLAR_N),
+    Row<&Device::SendDollarCapitalL>(QUIL_SEND_DOLLAR_CAPITAL_L),
+    Row<&Device::SendDollarCapitalY>(QUIL_SEND_DOLLAR_CAPITAL_Y),
     Row<&Device::SendPayment6>(QUIL_PAYMENT_6),
     Row<&Device::SendPayment7>(QUIL_PAYMENT_7),
     Row<&Device::SendPayment10>(QUIL_PAYMENT_10),
     Row<&Device::SendPayment11>(QUIL_PAYMENT_11),
+    Row<&Device::SendDollarX>(QUIL_DOCUMENT_END_X),
+    Row<&Device::SendDollarB>(QUIL_SEND_DOLLAR_B),
+    Row<&Device::SendDollarY>(QUIL_DOCUMENT_END_Y),
+    Row<&PrintWholeDocument>(QUIL_WHOLE_DOCUMENT),
+    Command{QUIL_CHECK_TOTALS, kNotZero, false, CompareTotalsAgain},
+    Row<&Device::SendAtZ>(QUIL_SEND_AT_Z),
+    Row<&Device::SendDocumentLineP>(QUIL_DOCUMENT_LINE_P),
+    Row<&Device::SendAtE>(QUIL_SEND_AT_E),
+    Row<&Device::SendDocumentHeader219>(QUIL_DOCUMENT_HEADER_219),
+
+    Row<&Device::SendBuyerHeader>(QUIL_BUYER_HEADER),
+    Row<&Device::SendDocumentLine>(QUIL_BUYER_LINE),
+    Row<&Device::SendBuyerEnd>(QUIL_BUYER_END),
+    Row<&Device::SendAtC>(QUIL_SEND_AT_C),
+    Row<&PrintWholeBuyerDocument>(QUIL_WHOLE_BUYER_DOCUMENT),
+    Row<&Device::SendDocumentEnd>(QUIL_BUYER_PLAIN_END),
+    Row<&Device::SendDollarX>(QUIL_BUYER_END_X),
+    Row<&Device::SendBuyerHeader>(QUIL_BUYER_HEADER_308),
 
     Row<&Device::OpenDrawer>(QUIL_OPEN_DRAWER),
     Row<&Device::Display>(QUIL_DISPLAY),
-    Row<&Device::SendHashE>(QUIL_SEND_HASH_E),
+    Row<&Device::SendHashE>(QUIL_HASH_E),
     Row<&Device::ReadHashZ>(QUIL_READ_HASH_Z),
-    Row<&Device::SendExclamationD>(QUIL_SEND_EXCLAMATION_D),
+    Row<&Device::SendExclamationD>(QUIL_EXCLAMATION_D),
 
     Row<&Device::SendHashP>(QUIL_SEND_HASH_P),
     Row<&Device::SendHashQ>(QUIL_SEND_HASH_Q),
@@ -173,8 +195,10 @@ constexpr Command kCommands[] = {
 
     Row<&Device::SendDollarZ28>(QUIL_SEND_DOLLAR_Z_28),
 
-    LocalRow(QUIL_TEXT_CP1250, kAtOnce, SetTextEncoding<TextEncoding::kCp1250>),
-    LocalRow(QUIL_TEXT_UTF8, kAtOnce, SetTextEncoding<TextEncoding::kUtf8>),
+    Command{QUIL_TEXT_CP1250, kAtOnce, false,
+            SetTextEncoding<TextEncoding::kCp1250>},
+    Command{QUIL_TEXT_UTF8, kAtOnce, false,
+            SetTextEncoding<TextEncoding::kUtf8>},
 };
 static_assert(std::ranges::is_sorted(kCommands, std::less_equal{},
                                      &Command::code),

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <span>
 
-#include "commands/online_fdev.h"
+#include "api/driver.h"
 
 namespace quilon {
 
@@ -24,7 +24,7 @@ struct Command {
   int32_t code;
   SuccessRule rule;
   bool needs_record;
-  int32_t (*run)(OnlineFDev& device, void* record);
+  int32_t (*run)(Driver& driver, void* record, uint32_t flags);
 };
 
 // All commands, sorted by code.

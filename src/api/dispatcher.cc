@@ -51,12 +51,20 @@ int32_t CheckAfterCommand(Driver* driver, int32_t result, uint32_t flags) {
 }  // namespace
 
 int32_t RunCommand(Driver* driver, int32_t code, void* data, uint32_t flags) {
+  OnlineFDev* const device = driver->device;
+  ComparisonState* const comparison = &driver->comparison;
   const Command* const command = FindCommand(code);
-  if (command == nullptr || (command->needs_record && data == nullptr)) {
+  if (command != nullptr && command->needs_record && data == nullptr) {
     return kFailed;
   }
-  const int32_t result = command->run(*driver->device, data);
-  if (!Succeeded(command->rule, result)) {
+  if (!BeginComparison(device, code, flags, comparison) || command == nullptr) {
+    return kFailed;
+  }
+  ExpectTotal(code, data, comparison);
+  const int32_t result = command->run(*driver, data, flags);
+  if (!FinishComparison(device, code, result != 0, comparison,
+                        &driver->last_error) ||
+      !Succeeded(command->rule, result)) {
     return kFailed;
   }
   if (command->rule == SuccessRule::kAtOnce) {
@@ -64,6 +72,12 @@ int32_t RunCommand(Driver* driver, int32_t code, void* data, uint32_t flags) {
   }
   return CheckAfterCommand(
       driver, command->rule == SuccessRule::kNotMinusOne ? result : 0, flags);
+}
+
+int32_t TryCommand(Driver* driver, int32_t code, void* data) {
+  return Contain(*driver->device, kFailed, [=](OnlineFDev&) {
+    return RunCommand(driver, code, data, 0);
+  });
 }
 
 }  // namespace quilon

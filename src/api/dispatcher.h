@@ -13,6 +13,10 @@ namespace quilon {
 // then as it was.
 int32_t RunCommand(Driver* driver, int32_t code, void* data, uint32_t flags);
 
+// As RunCommand without flags, for commands of the driver's own: a broken
+// answer fails like any other, with -1.
+int32_t TryCommand(Driver* driver, int32_t code, void* data = nullptr);
+
 }  // namespace quilon
 
 #endif  // QUILON_API_DISPATCHER_H_

@@ -8,6 +8,8 @@
 
 #include "api/dispatcher.h"
 #include "api/driver.h"
+#include "api/self_test.h"
+#include "api/versions.h"
 #include "comm/rs232_comm.h"
 #include "comm/serial_setup.h"
 #include "comm/tcpip_comm.h"
@@ -30,24 +32,20 @@ constexpr uint32_t kDefaultWriteTimeout = 10000;
 constexpr size_t kMaxPortName = 9;
 // A longer log message shows no more than this many characters.
 constexpr size_t kMaxMessageLength = 4096;
+// How long the self-test shows the versions on the customer display.
+constexpr uint32_t kDisplayMilliseconds = 4000;
 
 // No destructor runs when the library is unloaded: the system takes back what
 // the driver still holds.
 constinit quilon::Driver driver;
 
 // Runs `body` with the device object. Returns `failure` without one, and when
-// something is thrown: no exception leaves the library.
+// something is thrown.
 template <typename Body>
 int32_t WithDevice(int32_t failure, Body body) noexcept {
-  if (driver.device == nullptr) {
-    return failure;
-  }
-  try {
-    return body(*driver.device);
-  } catch (const std::exception& exception) {
-    driver.device->LogDiagnostic(exception.what());
-    return failure;
-  }
+  return driver.device == nullptr
+             ? failure
+             : quilon::Contain(*driver.device, failure, body);
 }
 
 // Opens a connection and makes it the device's, even when it failed.
@@ -170,5 +168,30 @@ int32_t quil_log_msg(const char* text) {
   }
   return WithDevice(kFailed, [text](OnlineFDev& device) {
     return device.LogMessage({text, strnlen(text, kMaxMessageLength)});
+  });
+}
+
+int32_t quil_drv_version(DriverVersion* version) {
+  if (version != nullptr) {
+    *version = quilon::OwnVersion();
+  }
+  return 0;
+}
+
+int32_t quil_prn_version(PrinterVersion* version) {
+  if (version == nullptr) {
+    return 1;
+  }
+  *version = {};
+  return WithDevice(1, [version](OnlineFDev&) {
+    *version = quilon::AskPrinterVersion(&driver);
+    return 1;
+  });
+}
+
+int32_t quil_auto_test() {
+  return WithDevice(0, [](OnlineFDev&) {
+    quilon::RunSelfTest(&driver, kDisplayMilliseconds);
+    return 0;
   });
 }

@@ -25,14 +25,23 @@ int32_t OnlineFDev::SendDocument(const FrameBuilder& frame) {
   return written > 0 ? written : 0;
 }
 
+int32_t OnlineFDev::SendHeader(int32_t first_parameter,
+                               const DocumentHeader& record) {
+  return SendDocument(Frame()
+                          .Parameters(first_parameter, record.line_count, 0, 1,
+                                      record.header_integer)
+                          .Raw("$h")
+                          .TextCrList(record.lines, record.line_count)
+                          .TextCr(record.final_text)
+                          .End());
+}
+
 int32_t OnlineFDev::SendDocumentHeader(const DocumentHeader& record) {
-  return SendDocument(
-      Frame()
-          .Parameters("0", record.line_count, "0", "1", record.header_integer)
-          .Raw("$h")
-          .TextCrList(record.lines, record.line_count)
-          .TextCr(record.final_text)
-          .End());
+  return SendHeader(0, record);
+}
+
+int32_t OnlineFDev::SendDocumentHeader219(const DocumentHeader& record) {
+  return SendHeader(1, record);
 }
 
 int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
@@ -65,6 +74,17 @@ int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
   return SendDocument(frame.End());
 }
 
+int32_t OnlineFDev::SendDocumentLineP(const DocumentLineP& record) {
+  FrameBuilder frame = Frame();
+  frame.Parameters(record.integer1).Raw("$l").Int32(record.integer2).Cr();
+  AddQuantity(frame, record.quantity_text, record.quantity);
+  return SendDocument(
+      frame.Cr()
+          .RawFields("P")
+          .AmountFields(record.first_amount, record.second_amount)
+          .End());
+}
+
 int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
   return SendDocument(
       Frame()
@@ -72,7 +92,7 @@ int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
           .Semicolon()
           .Amount32(record.rate)
           .Semicolon()
-          .Parameters(record.extra_line_count, "0", record.fifth_parameter, "0")
+          .Parameters(record.extra_line_count, 0, record.fifth_parameter, 0)
           .Raw("$e")
           .TextCr(record.code_text)
           .TextCrList(record.extra_lines, record.extra_line_count)
@@ -111,6 +131,73 @@ int32_t OnlineFDev::SendPayment10(const Payment& record) {
 
 int32_t OnlineFDev::SendPayment11(const Payment& record) {
   return SendPayment("11$d", record);
+}
+
+int32_t OnlineFDev::SendDollarN(const DollarN& record) {
+  return SendDocument(Frame()
+                          .Parameters(record.integer)
+                          .Raw("$n")
+                          .TextCr(record.text)
+                          .AmountFields(record.amount)
+                          .End());
+}
+
+int32_t OnlineFDev::SendDollarCapitalL(const DollarCapitalL& record) {
+  return SendDocument(Frame()
+                          .Parameters(record.integers[0], record.integers[1],
+                                      record.integers[2])
+                          .Raw("$L")
+                          .AmountFieldList(record.amounts)
+                          .TextCr(record.text)
+                          .End());
+}
+
+int32_t OnlineFDev::SendDollarCapitalY(const DollarCapitalY& record) {
+  return SendDocument(Frame()
+                          .Parameters(record.integers[0], record.integers[1])
+                          .Raw("$Y")
+                          .AmountFieldList(record.amounts)
+                          .TextCr(record.text)
+                          .End());
+}
+
+int32_t OnlineFDev::SendDollarB(const DollarB& record) {
+  return SendDocument(Frame()
+                          .Parameters(record.integers[0], record.integers[1])
+                          .Raw("$b")
+                          .AmountFields(record.amount)
+                          .TextCr(record.text)
+                          .End());
+}
+
+int32_t OnlineFDev::SendAtZ(const AtZ& record) {
+  return SendDocument(Frame()
+                          .Parameters(record.integer)
+                          .Semicolon()
+                          .Raw("@z")
+                          .TextCr(record.text)
+                          .RawLines(record.raw_text)
+                          .AmountFieldList(record.amounts)
+                          .End());
+}
+
+int32_t OnlineFDev::SendAtE(const AtE& record) {
+  const bool full = record.mode == 3;
+  FrameBuilder frame = Frame();
+  if (record.mode != 0) {
+    frame.Parameters(record.mode).Semicolon();
+  }
+  if (full) {
+    frame.Parameters(record.integer1, record.integer2).Semicolon();
+  }
+  frame.Raw("@e").TextCr(record.text);
+  if (full && record.integer1 != 0) {
+    frame.NumberFields(record.integer3);
+  }
+  if (full && record.integer2 != 0) {
+    frame.NumberFields(record.integer2);
+  }
+  return SendDocument(frame.End());
 }
 
 }  // namespace quilon

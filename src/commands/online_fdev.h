@@ -165,15 +165,35 @@ class OnlineFDev final : public BaseFDev {
 
   // --- Fiscal documents (document_commands.cc) ------------------------------
 
-  // Return whether the frame was written: not 0 when it was.
+  // These and the handlers below return whether the frame was written: more
+  // than 0 when it was, else 0.
   int32_t SendDocumentHeader(const DocumentHeader& record);
+  int32_t SendDocumentHeader219(const DocumentHeader& record);
   int32_t SendDocumentLine(const DocumentLine& record);
+  int32_t SendDocumentLineP(const DocumentLineP& record);
   int32_t SendDocumentEnd(const DocumentEnd& record);
   int32_t SendDocumentShortEnd(const DocumentShortEnd& record);
   int32_t SendPayment6(const Payment& record);
   int32_t SendPayment7(const Payment& record);
   int32_t SendPayment10(const Payment& record);
   int32_t SendPayment11(const Payment& record);
+  int32_t SendDollarN(const DollarN& record);
+  int32_t SendDollarCapitalL(const DollarCapitalL& record);
+  int32_t SendDollarCapitalY(const DollarCapitalY& record);
+  int32_t SendDollarB(const DollarB& record);
+  int32_t SendAtZ(const AtZ& record);
+  int32_t SendAtE(const AtE& record);
+
+  // --- Closing a document with its payments (settlement_commands.cc) --------
+
+  int32_t SendDollarX(const DollarX& record);
+  int32_t SendDollarY(const DollarY& record);
+
+  // --- Documents with a buyer (buyer_document_commands.cc) ------------------
+
+  int32_t SendBuyerHeader(const BuyerHeader& record);
+  int32_t SendBuyerEnd(const BuyerEnd& record);
+  int32_t SendAtC(const AtC& record);
 
  private:
   int32_t ReadNumberedEdb(SixNumbers* record);
@@ -182,6 +202,7 @@ class OnlineFDev final : public BaseFDev {
   int32_t SendHashO(FrameBuilder& frame, const HashO& record);
   int32_t SendHashAmount(std::string_view mnemonic, const HashAmount& record);
   int32_t SendDocument(const FrameBuilder& frame);
+  int32_t SendHeader(int32_t first_parameter, const DocumentHeader& record);
   int32_t SendPayment(std::string_view mnemonic, const Payment& record);
 };
 

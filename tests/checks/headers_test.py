@@ -2,11 +2,13 @@
 """Tests that every public header compiles on its own, without a warning, with each compiler a user may have."""
 
 import pathlib
+import re
 import subprocess
 import tempfile
 import unittest
 
-INCLUDE = pathlib.Path(__file__).resolve().parents[2] / "include"
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+INCLUDE = ROOT / "include"
 HEADERS = sorted(path.relative_to(INCLUDE).as_posix() for path in INCLUDE.rglob("*.h"))
 
 # -Wpadded: every padding byte of a record has a name.
@@ -20,8 +22,6 @@ COMPILERS = {
     "mingw": (["x86_64-w64-mingw32-gcc-posix"], ["x86_64-w64-mingw32-g++-posix"]),
     "msvc": (["clang"] + MSVC, ["clang++"] + MSVC),
 }
-C_STANDARDS = ["c99", "c11", "c17"]
-CXX_STANDARDS = ["c++11", "c++17", "c++20"]
 
 
 def compile_text(command, standard, suffix, text):
@@ -38,12 +38,13 @@ def compile_text(command, standard, suffix, text):
 
 class HeadersTest(unittest.TestCase):
 
-    def check_everywhere(self, text):
+    def check(self, text, c_standards=("c99",), cxx_standards=("c++11",)):
+        """Compiles `text` with every compiler."""
         for name, (c_compiler, cxx_compiler) in COMPILERS.items():
-            for standard in C_STANDARDS:
+            for standard in c_standards:
                 with self.subTest(compiler=name, standard=standard, text=text):
                     self.assertEqual(compile_text(c_compiler, standard, ".c", text), "")
-            for standard in CXX_STANDARDS:
+            for standard in cxx_standards:
                 with self.subTest(compiler=name, standard=standard, text=text):
                     self.assertEqual(compile_text(cxx_compiler, standard, ".cc", text), "")
 
@@ -51,11 +52,23 @@ class HeadersTest(unittest.TestCase):
         self.assertIn("quilon/quilon.h", HEADERS)
         for header in HEADERS:
             # Twice: the second time must add nothing.
-            self.check_everywhere(f'#include "{header}"\n#include "{header}"\nint user_value;\n')
+            self.check(f'#include "{header}"\n#include "{header}"\nint user_value;\n')
+
+    def test_every_standard(self):
+        self.check('#include "quilon/quilon.h"\nint user_value;\n', ("c99", "c11", "c17"), ("c++11", "c++17", "c++20"))
 
     def test_library_and_static_use(self):
         for switch in ("QUILON_BUILD", "QUILON_STATIC"):
-            self.check_everywhere(f'#define {switch}\n#include "quilon/quilon.h"\nint user_value;\n')
+            self.check(f'#define {switch}\n#include "quilon/quilon.h"\nint user_value;\n')
+
+    def test_the_example_in_the_readme(self):
+        readme = (ROOT / "README.md").read_text(encoding="utf-8")
+        (example,) = re.findall(r"^```c$(.*?)^```$", readme, re.MULTILINE | re.DOTALL)
+        declaration = "int print_receipt(void);"
+        for name, (c_compiler, _) in COMPILERS.items():
+            with self.subTest(compiler=name):
+                text = example.replace('quilon.h"\n', f'quilon.h"\n{declaration}\n', 1)
+                self.assertEqual(compile_text(c_compiler + ["-Wno-missing-field-initializers"], "c99", ".c", text), "")
 
     def test_another_layout_breaks_the_build(self):
         text = '#include <stdint.h>\n#define int64_t int32_t\n#include "quilon/quilon.h"\n'

@@ -68,7 +68,8 @@ TEST(ValueOf, RoundsHalfUp) {
   // 0.00499999 x 1.00
   EXPECT_EQ(value_of(499'999, 100), 0);
   // (10^8 - 10^-8) x 9999999999 grosze = 999999999900000000 - 99.99999999
-  EXPECT_EQ(value_of(9'999'999'999'999'999, kMaxAmount), 999'999'999'899'999'900);
+  EXPECT_EQ(value_of(9'999'999'999'999'999, kMaxAmount),
+            999'999'999'899'999'900);
 }
 
 TEST(PercentOf, RoundsHalfUp) {

@@ -9,8 +9,8 @@
 #include <boost/asio/read.hpp>
 #include <boost/asio/write.hpp>
 #include <mutex>
-#include <string>
 #include <stdexcept>
+#include <string>
 
 #include "tests/printer/bench.h"
 

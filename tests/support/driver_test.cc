@@ -1,9 +1,15 @@
 #include "support/driver_test.h"
 
+#include "support/covered_codes.h"
+
 namespace quilon::testing {
 
 int32_t Ioctl(int32_t code, void* record, uint32_t flags) {
-  return quil_ioctrl(code, record, nullptr, flags);
+  const int32_t result = quil_ioctrl(code, record, nullptr, flags);
+  if (result == 0) {
+    NoteSuccess(code);
+  }
+  return result;
 }
 
 LastErrorRecord LastError() {
@@ -38,8 +44,15 @@ std::string DriverTest::FrameOf(int32_t code, void* record) {
     ADD_FAILURE() << "not a frame: " << ::testing::PrintToString(frame);
     return frame;
   }
+  NoteTested(code);
   return frame.substr(kStart.size(),
                       frame.size() - kStart.size() - kEnd.size());
+}
+
+std::string DriverTest::ByteOf(int32_t code) {
+  EXPECT_EQ(Ioctl(code), 0);
+  NoteTested(code);
+  return peer_.Receive(1);
 }
 
 void DriverTest::Reply(std::string_view fields) {

@@ -29,7 +29,14 @@ void Fill(std::string_view text, char (&array)[kCapacity]) {
   std::fill(text.copy(array, kCapacity) + array, array + kCapacity, '\0');
 }
 
-// Runs a command without flags.
+// Fills the whole array, which then has no NUL, and returns what it holds.
+template <size_t kCapacity>
+std::string FillAll(char byte, char (&array)[kCapacity]) {
+  std::fill(array, array + kCapacity, byte);
+  return std::string(kCapacity, byte);
+}
+
+// Runs a command.
 int32_t Ioctl(int32_t code, void* record = nullptr, uint32_t flags = 0);
 
 LastErrorRecord LastError();
@@ -46,6 +53,9 @@ class DriverTest : public ::testing::Test {
   // Runs a sending command, expects success and returns its frame, without ESC
   // "P" and ESC "\".
   std::string FrameOf(int32_t code, void* record = nullptr);
+
+  // Runs a command that sends a single byte, expects success and returns it.
+  std::string ByteOf(int32_t code);
 
   // Sends `fields` to the driver as a reply: ESC "P", the fields, ESC "\".
   void Reply(std::string_view fields);

@@ -21,11 +21,11 @@ class StatusTest : public DriverTest {
 };
 
 TEST_F(StatusTest, RequestsAreSingleBytesAndABareFrame) {
-  EXPECT_EQ(Ioctl(QUIL_SEND_DLE), 0);
-  EXPECT_EQ(Ioctl(QUIL_SEND_ENQ), 0);
-  EXPECT_EQ(Ioctl(QUIL_SEND_EXTENDED_STATUS), 0);
-  EXPECT_EQ(Ioctl(QUIL_SEND_ERROR_NUMBER), 0);
-  EXPECT_EQ(peer().ReceiveFrame(), "\x10\x05\x1A\x1BP#n\x1B\\");
+  EXPECT_EQ(ByteOf(QUIL_SEND_DLE), "\x10");
+  EXPECT_EQ(ByteOf(QUIL_SEND_ENQ), "\x05");
+  EXPECT_EQ(ByteOf(QUIL_SEND_EXTENDED_STATUS), "\x1A");
+  EXPECT_EQ(FrameOf(QUIL_SEND_ERROR_NUMBER), "#n");
+  ExpectNothingSent();
 }
 
 TEST_F(StatusTest, DleBitsAreOnlinePaperOutAndError) {

@@ -10,7 +10,7 @@
 
 #include "quilon/records/layout.h"
 
-/** QUIL_SEND_DOLLAR_C. */
+/** QUIL_DOLLAR_C. */
 typedef struct DollarC {
   int32_t numbers[6]; /**< The parameters. */
   char texts[2][256]; /**< Two texts, converted. */
@@ -18,7 +18,7 @@ typedef struct DollarC {
 QUILON_SIZE(DollarC, 536);
 QUILON_OFFSET(DollarC, texts, 24);
 
-/** QUIL_SEND_DOLLAR_P, and the fields of QUIL_SEND_DOLLAR_CAPITAL_P. */
+/** QUIL_DOLLAR_P, and the fields of QUIL_DOLLAR_CAPITAL_P. */
 typedef struct DollarP {
   int32_t number;     /**< The parameter of "$p"; "$P" does not send it. */
   char texts[2][256]; /**< Two texts, converted; "$P" does not send them. */
@@ -29,7 +29,7 @@ QUILON_SIZE(DollarP, 544);
 QUILON_OFFSET(DollarP, texts, 4);
 QUILON_OFFSET(DollarP, values, 516);
 
-/** QUIL_SEND_DOLLAR_CAPITAL_P. */
+/** QUIL_DOLLAR_CAPITAL_P. */
 typedef struct DollarCapitalP {
   DollarP fields;        /**< The fields behind the mnemonic. */
   int32_t parameters[7]; /**< The parameters before it. Nothing separates the

@@ -6,7 +6,7 @@
 
 #include "quilon/records/layout.h"
 
-/** QUIL_DISPLAY and QUIL_SEND_EXCLAMATION_D. */
+/** QUIL_DISPLAY and QUIL_EXCLAMATION_D. */
 typedef struct DisplayText {
   int32_t mode;    /**< The command's parameter. */
   char text[1024]; /**< The text, converted to the printer's code page. */
@@ -14,7 +14,7 @@ typedef struct DisplayText {
 QUILON_SIZE(DisplayText, 1028);
 QUILON_OFFSET(DisplayText, text, 4);
 
-/** QUIL_SEND_HASH_E and QUIL_READ_HASH_Z. */
+/** QUIL_HASH_E and QUIL_READ_HASH_Z. */
 typedef struct HashE {
   int32_t number;    /**< Parameter of the command; not read. */
   char number_z[5];  /**< What stands before "#Z", at most 4 characters; empty

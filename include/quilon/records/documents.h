@@ -102,4 +102,91 @@ typedef struct DocumentShortEnd {
 QUILON_SIZE(DocumentShortEnd, 73);
 QUILON_OFFSET(DocumentShortEnd, second_text, 9);
 
+/** A line that carries a number in place of a name, always in rate group "P":
+ *  QUIL_DOCUMENT_LINE_P. */
+typedef struct DocumentLineP {
+  int32_t integer1;       /**< Parameter. */
+  int32_t integer2;       /**< Sent in place of a name. */
+  int64_t quantity;       /**< Quantity in 10^-8; sent when `quantity_text` is
+                               empty. */
+  char quantity_text[11]; /**< Quantity as text, at most 10 characters; a longer
+                               one is not sent. */
+  char reserved1[5];      /**< Padding. */
+  int64_t first_amount;   /**< Price, in hundredths. */
+  int64_t second_amount;  /**< Value, in hundredths. */
+} DocumentLineP;
+QUILON_SIZE(DocumentLineP, 48);
+QUILON_OFFSET(DocumentLineP, quantity, 8);
+QUILON_OFFSET(DocumentLineP, quantity_text, 16);
+QUILON_OFFSET(DocumentLineP, first_amount, 32);
+
+/** The command "$n": QUIL_SEND_DOLLAR_N. */
+typedef struct DollarN {
+  int32_t integer;   /**< Parameter. */
+  char text[64];     /**< Sent also when empty. */
+  char reserved1[4]; /**< Padding. */
+  int64_t amount;    /**< In hundredths. */
+} DollarN;
+QUILON_SIZE(DollarN, 80);
+QUILON_OFFSET(DollarN, text, 4);
+QUILON_OFFSET(DollarN, amount, 72);
+
+/** The command "$L": QUIL_SEND_DOLLAR_CAPITAL_L. */
+typedef struct DollarCapitalL {
+  int32_t integers[3]; /**< Parameters. */
+  int32_t reserved1;   /**< Padding. */
+  int64_t amounts[2];  /**< In hundredths. */
+  char text[64];       /**< Sent also when empty. */
+} DollarCapitalL;
+QUILON_SIZE(DollarCapitalL, 96);
+QUILON_OFFSET(DollarCapitalL, amounts, 16);
+QUILON_OFFSET(DollarCapitalL, text, 32);
+
+/** The command "$Y": QUIL_SEND_DOLLAR_CAPITAL_Y. */
+typedef struct DollarCapitalY {
+  int32_t integers[2]; /**< Parameters. */
+  int64_t amounts[2];  /**< In hundredths. */
+  char text[64];       /**< Sent also when empty. */
+} DollarCapitalY;
+QUILON_SIZE(DollarCapitalY, 88);
+QUILON_OFFSET(DollarCapitalY, amounts, 8);
+QUILON_OFFSET(DollarCapitalY, text, 24);
+
+/** The command "$b": QUIL_SEND_DOLLAR_B. */
+typedef struct DollarB {
+  int32_t integers[2]; /**< Parameters. */
+  int64_t amount;      /**< In hundredths. */
+  char text[64];       /**< Sent also when empty. */
+} DollarB;
+QUILON_SIZE(DollarB, 80);
+QUILON_OFFSET(DollarB, amount, 8);
+QUILON_OFFSET(DollarB, text, 16);
+
+/** The command "@z": QUIL_SEND_AT_Z. */
+typedef struct AtZ {
+  int32_t integer;    /**< Parameter. */
+  char text[64];      /**< Sent also when empty. */
+  char raw_text[64];  /**< Sent as it is, also when empty. */
+  char reserved1[4];  /**< Padding. */
+  int64_t amounts[2]; /**< In hundredths. */
+} AtZ;
+QUILON_SIZE(AtZ, 152);
+QUILON_OFFSET(AtZ, text, 4);
+QUILON_OFFSET(AtZ, raw_text, 68);
+QUILON_OFFSET(AtZ, amounts, 136);
+
+/** The command "@e": QUIL_SEND_AT_E. */
+typedef struct AtE {
+  char text[104];   /**< Sent also when empty. */
+  int32_t mode;     /**< 0: no parameters; 3: this and two more; else this. */
+  int32_t integer1; /**< In mode 3 the second parameter; not 0: `integer3` is
+                         sent behind the text. */
+  int32_t integer2; /**< In mode 3 the third parameter and, when not 0, sent
+                         again behind the text. */
+  int32_t integer3; /**< In mode 3 sent behind the text, if `integer1` is not
+                         0. */
+} AtE;
+QUILON_SIZE(AtE, 120);
+QUILON_OFFSET(AtE, mode, 104);
+
 #endif /* QUILON_RECORDS_DOCUMENTS_H_ */

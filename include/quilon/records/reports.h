@@ -17,7 +17,7 @@ typedef struct HashX {
 QUILON_SIZE(HashX, 272);
 QUILON_OFFSET(HashX, text, 16);
 
-/** QUIL_SEND_PMI. */
+/** QUIL_AT_PMI. */
 typedef struct PmiCommand {
   int32_t parameter;  /**< Sent before the mnemonic. */
   char reserved1[4];  /**< Padding. */

@@ -1,0 +1,192 @@
+// The example program `receipt` prints on the virtual printer.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <boost/asio.hpp>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <future>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "printer/virtual_printer.h"
+#include "support/scripted_peer.h"
+
+namespace {
+
+using quilon::printer::VirtualPrinter;
+using quilon::testing::ScriptedPeer;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+constexpr char kOutput[] = "receipt_example_test.out";
+
+std::string ReadFile(const std::filesystem::path& path) {
+  std::ostringstream text;
+  text << std::ifstream(path).rdbuf();
+  return text.str();
+}
+
+struct Result {
+  bool succeeded;
+  std::string output;
+};
+
+Result RunReceipt(const std::string& arguments) {
+  const std::string command =
+      std::string(RECEIPT_PROGRAM) + " " + arguments + " > " + kOutput;
+  // NOLINTNEXTLINE(cert-env33-c): the command is this test's own.
+  const bool succeeded = std::system(command.c_str()) == 0;
+  return {succeeded, ReadFile(kOutput)};
+}
+
+std::string AddressOf(const VirtualPrinter& printer) {
+  return "127.0.0.1 " + std::to_string(printer.tcp_port());
+}
+
+VirtualPrinter::Options WithFixedTime() {
+  VirtualPrinter::Options options;
+  options.clock = [] {
+    using namespace std::chrono;
+    return local_days(year(2024) / January / 31) + hours(12) + minutes(5);
+  };
+  return options;
+}
+
+TEST(Receipt, StandsOnThePaper) {
+  const VirtualPrinter printer(WithFixedTime());
+  const Result run = RunReceipt(AddressOf(printer));
+  EXPECT_TRUE(run.succeeded);
+  EXPECT_THAT(run.output, HasSubstr("receipt printed"));
+  EXPECT_THAT(
+      printer.paper(),
+      ElementsAre(
+          "          Sklep \"Pod Źródłem\"",
+          "   ul. Żółkiewskiego 7, 31-539 Kraków",
+          "           NIP 123-456-32-18",  //
+          "            PARAGON FISKALNY",
+          "Chleb żytni",  //
+          "na zakwasie, krojony", "  2 szt x 6,49                   12,98 C",
+          "Ser wędzony gołka", "  0,755 kg x 38,90               29,37 C",
+          "Kubek błękitny \"Cześć!\"",
+          "  1 szt x 24,50                  24,50 A",
+          "----------------------------------------",
+          // 24,50 * 23 / 123 = 4,581
+          "SPRZEDAŻ OPODATK. A                24,50",
+          "PTU A 23,00%                        4,58",
+          // 42,35 * 5 / 105 = 2,017
+          "SPRZEDAŻ OPODATK. C                42,35",
+          "PTU C 5,00%                         2,02",
+          "SUMA PTU                            6,60",
+          "SUMA PLN                           66,85",
+          "Gotówka 1                          70,00",
+          "Reszta                              3,15", "                 Kasa 1",
+          "    Dziękujemy, zapraszamy ponownie",
+          "1                       2024-01-31 12:05", ""));
+  EXPECT_EQ(printer.books().receipt_count, 1);
+}
+
+TEST(Receipt, LeavesALog) {
+  const std::filesystem::path folder =
+      std::filesystem::absolute("receipt_example_test_log");
+  std::filesystem::remove_all(folder);
+  const VirtualPrinter printer;
+  EXPECT_TRUE(RunReceipt(AddressOf(printer) + " " + folder.string()).succeeded);
+
+  std::vector<std::string> logs;
+  for (const auto& file : std::filesystem::directory_iterator(folder)) {
+    logs.push_back(ReadFile(file.path()));
+  }
+  ASSERT_EQ(logs.size(), 1U);
+  EXPECT_THAT(logs[0], HasSubstr("QUILON DLL 1.450"));
+  // "ż" is 0xA7 for the printer.
+  EXPECT_THAT(logs[0], HasSubstr("PC -> <ESC>P0;0;0^lChleb <A7>ytni<CR>"));
+}
+
+TEST(Receipt, SaysWhyThePrinterRefused) {
+  VirtualPrinter printer;
+  boost::asio::io_context context;
+  boost::asio::ip::tcp::socket other_client(context);
+  other_client.connect(
+      {boost::asio::ip::address_v4::loopback(), printer.tcp_port()});
+  // FF ^ 31 ^ 24 ^ 68 ^ 0D; all other bytes stand in pairs.
+  const std::string header = "\x1BP0;0;0;1;0$h\r8f\x1B\\";
+  boost::asio::write(other_client, boost::asio::buffer(header));
+  ASSERT_TRUE(printer.wait_until(
+      [](const quilon::printer::Snapshot& now) { return now.document_open; }));
+
+  printer.refuse_next(20);
+  const Result run = RunReceipt(AddressOf(printer));
+  EXPECT_FALSE(run.succeeded);
+  EXPECT_THAT(run.output,
+              HasSubstr("header: refused, error 20: Błąd  wartosci towaru\n"));
+  EXPECT_THAT(run.output, EndsWith("no receipt\n"));
+}
+
+// Answers a check of the printer's state.
+void AnswerStatus(ScriptedPeer& peer, char enq) {
+  EXPECT_EQ(peer.Receive(1), "\x10");
+  peer.Send("\x74");
+  EXPECT_EQ(peer.Receive(1), "\x05");
+  peer.Send({&enq, 1});
+}
+
+TEST(Receipt, IsCancelledWhenALineIsRefused) {
+  constexpr char kAccepted = 0x66;  // and a document is open
+  constexpr char kRefused = 0x62;
+  ScriptedPeer peer;
+  std::future<Result> run =
+      std::async(RunReceipt, "127.0.0.1 " + std::to_string(peer.port()));
+  peer.Accept();
+  EXPECT_THAT(peer.ReceiveFrame(), HasSubstr("$h"));
+  AnswerStatus(peer, kAccepted);
+  EXPECT_THAT(peer.ReceiveFrame(), HasSubstr("^lChleb"));
+  AnswerStatus(peer, kRefused);
+  EXPECT_EQ(peer.ReceiveFrame(), "\x1BP#n\x1B\\");
+  peer.Send("\x1BP1#E20\r\x1B\\");
+  // FF ^ 30 ^ 24 ^ 65
+  EXPECT_EQ(peer.ReceiveFrame(), "\x1BP0$e8e\x1B\\");
+  AnswerStatus(peer, kAccepted);
+
+  const Result result = run.get();
+  EXPECT_FALSE(result.succeeded);
+  EXPECT_THAT(result.output, HasSubstr("line: refused, error 20"));
+  EXPECT_THAT(result.output, HasSubstr("cancelling: ok"));
+}
+
+TEST(Receipt, SaysThatThereIsNoPaper) {
+  VirtualPrinter printer;
+  printer.set_paper_out(true);
+  const Result run = RunReceipt(AddressOf(printer));
+  EXPECT_FALSE(run.succeeded);
+  EXPECT_THAT(run.output, HasSubstr("the printer has no paper"));
+}
+
+TEST(Receipt, SaysThatThereIsNoPrinter) {
+  std::uint16_t port = 0;
+  {
+    const VirtualPrinter printer;
+    port = printer.tcp_port();
+  }
+  const Result run = RunReceipt("127.0.0.1 " + std::to_string(port));
+  EXPECT_FALSE(run.succeeded);
+  EXPECT_THAT(run.output, StartsWith("receipt: no printer at 127.0.0.1"));
+}
+
+TEST(Receipt, RefusesSenselessArguments) {
+  for (const char* arguments : {"", "127.0.0.1", "127.0.0.1 0",
+                                "127.0.0.1 65536", "127.0.0.1 x", "1 2 3 4"}) {
+    const Result run = RunReceipt(arguments);
+    EXPECT_FALSE(run.succeeded) << arguments;
+    EXPECT_THAT(run.output, Not(IsEmpty())) << arguments;
+  }
+}
+
+}  // namespace
