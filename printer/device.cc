@@ -36,7 +36,11 @@ void check_state(const Device& device, const CommandRow& row) {
   if (row.when == When::kInDocument && !device.document) {
     throw Refusal(kNoDocument);
   }
-  if (row.when == When::kOutsideDocument && device.document) {
+  if (row.when == When::kInSlip && !device.slip_open) {
+    throw Refusal(kNoDocument);
+  }
+  if (row.when == When::kOutsideDocument &&
+      (device.document || device.slip_open)) {
     throw Refusal(kForbiddenNow);
   }
   if (row.prints == Prints::kYes && device.paper.out()) {
@@ -50,8 +54,8 @@ void check_state(const Device& device, const CommandRow& row) {
 }  // namespace
 
 std::string Device::execute(std::string_view body) {
+  Request request = take_apart(body);
   try {
-    Request request = take_apart(body);
     const CommandRow& row = find_command(body, request);
     if (row.when != When::kAlways && next_refusal != kNoError) {
       throw Refusal(std::exchange(next_refusal, kNoError));
@@ -65,7 +69,9 @@ std::string Device::execute(std::string_view body) {
     return answer;
   } catch (const Refusal& refusal) {
     refuse(refusal.error());
-    return {};
+    return error_reports == 0
+               ? std::string()
+               : Answer("#Z", padded(error, 4)).finish_with(request.mnemonic);
   }
 }
 
@@ -100,10 +106,10 @@ std::string Device::answer_control(char byte) const {
 }
 
 std::string Device::date_and_time() const {
-  const auto now = clock();
-  const auto day = std::chrono::floor<std::chrono::days>(now);
+  const auto moment = now();
+  const auto day = std::chrono::floor<std::chrono::days>(moment);
   const std::chrono::year_month_day date(day);
-  const std::chrono::hh_mm_ss time(now - day);
+  const std::chrono::hh_mm_ss time(moment - day);
   return padded(static_cast<int>(date.year()), 4) + "-" +
          padded(static_cast<unsigned>(date.month()), 2) + "-" +
          padded(static_cast<unsigned>(date.day()), 2) + " " +

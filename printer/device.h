@@ -4,8 +4,11 @@
 #ifndef PRINTER_DEVICE_H_
 #define PRINTER_DEVICE_H_
 
+#include <array>
 #include <chrono>
+#include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,6 +17,7 @@
 #include "printer/document.h"
 #include "printer/errors.h"
 #include "printer/paper.h"
+#include "printer/storage.h"
 
 namespace quilon::printer {
 
@@ -31,6 +35,8 @@ struct Device {
   // Records that a frame was refused before it could be executed.
   void refuse(int error);
 
+  // The printer's own clock.
+  std::chrono::local_seconds now() const { return clock() + clock_offset; }
   // "2024-01-31 12:05".
   std::string date_and_time() const;
 
@@ -48,6 +54,22 @@ struct Device {
   std::optional<Document> document;
   Books books;
   Paper paper;
+
+  bool slip_open = false;
+  std::int64_t cash = 0;  // paid in and not out again, grosze
+  Cashier cashier;
+
+  std::chrono::seconds clock_offset{0};  // what "$c" put between both clocks
+  std::int32_t totals_mode = 0;          // chosen by "$r"
+  // Not 0: every refusal is reported at once by an answer with "#Z".
+  std::int32_t error_reports = 0;
+  // By mnemonic.
+  std::map<std::string, Setting, std::less<>> settings;
+  std::array<ParameterSet, 4> parameter_sets;
+  Display display;
+  int drawer_openings = 0;
+  std::map<std::string, StoredFile> files;
+  std::map<std::int32_t, Logo> logos;
 };
 
 }  // namespace quilon::printer

@@ -13,8 +13,9 @@
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
+#include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -36,6 +37,9 @@ struct Snapshot {
   bool last_command_ok = true;
   bool document_open = false;
   bool last_document_closed = true;
+  std::vector<std::string> display;  // the customer display's lines, UTF-8
+  int drawer_openings = 0;
+  std::map<std::string, std::string> files;  // stored whole, by name
 };
 
 class VirtualPrinter {
@@ -43,6 +47,13 @@ class VirtualPrinter {
   struct Options {
     // "ADDRESS:PORT"; port 0 is any free one. Empty: no TCP.
     std::string tcp = "127.0.0.1:0";
+    // Makes a pseudo-terminal, and a symbolic link to it when pty_link is not
+    // empty. Not on Windows.
+    bool pty = false;
+    std::string pty_link;
+    // Where the printer's memory is kept; empty: nowhere. Read at the start if
+    // it is there, replaced after every change, before the answer goes out.
+    std::filesystem::path state_file;
     // Local time; empty: the system's.
     Clock clock;
     // Called on the printer's thread with every line of paper as it appears.
@@ -50,7 +61,8 @@ class VirtualPrinter {
     std::function<void(const std::string& line)> on_paper;
   };
 
-  // Throws std::runtime_error when an address cannot be listened on,
+  // Throws std::runtime_error when an address cannot be listened on or the
+  // state file holds no state,
   // std::invalid_argument when it is none.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);
@@ -61,6 +73,9 @@ class VirtualPrinter {
 
   // The port that is listened on; 0 without TCP.
   std::uint16_t tcp_port() const;
+
+  // The device that a serial client opens; empty without a pseudo-terminal.
+  std::string pty_path() const;
 
   Snapshot snapshot() const;
   std::vector<std::string> paper() const;
@@ -73,6 +88,10 @@ class VirtualPrinter {
       const std::function<bool(const Snapshot&)>& condition,
       std::chrono::milliseconds limit = std::chrono::seconds(10)) const;
 
+  // While held, the printer reads nothing from its clients: what they send
+  // stays
+  // in the wires until those are full.
+  void hold_input(bool hold);
   void set_online(bool online);
   // Lines that cannot be printed wait until the paper is back.
   void set_paper_out(bool out);

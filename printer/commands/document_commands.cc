@@ -273,6 +273,9 @@ std::string begin_receipt(Device& device, Request& request) {
   if (device.document) {
     throw Refusal(kDocumentAlreadyOpen);
   }
+  if (device.slip_open) {
+    throw Refusal(kForbiddenNow);
+  }
   device.document = Document{Series::kReceipt};
   device.last_document_closed = false;
   print_texts(device.paper, texts);
@@ -294,13 +297,8 @@ std::string sell_with_closing_text(Device& device, Request& request) {
 
 // "0$e" [text CR [text CR]]
 std::string cancel_document(Device& device, Request& request) {
-  std::vector<std::string> texts;
-  while (texts.size() < 2 && !request.fields.empty()) {
-    texts.push_back(request.fields.text());
-  }
-  request.fields.finish();
   device.paper.print_centered("ANULOWANO");
-  print_texts(device.paper, texts);
+  print_texts(device.paper, request.values);
   device.paper.print_pair("", device.date_and_time());
   device.paper.tear_off();
   ++device.books.cancelled_count;
