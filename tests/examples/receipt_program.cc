@@ -35,8 +35,8 @@ std::string AddressOf(const VirtualPrinter& printer) {
 VirtualPrinter::Options WithFixedTime() {
   VirtualPrinter::Options options;
   options.clock = [] {
-    using namespace std::chrono;
-    return local_days(year(2024) / January / 31) + hours(12) + minutes(5);
+    return std::chrono::local_days(std::chrono::year(2024) / 1 / 31) +
+           std::chrono::hours(12) + std::chrono::minutes(5);
   };
   return options;
 }
