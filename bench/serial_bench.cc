@@ -10,19 +10,22 @@
 #include <thread>
 #include <vector>
 
+#include "bench/status_exchange.h"
 #include "comm/thread_rs232_comm.h"
 #include "quilon/quilon.h"
 #include "support/pseudo_terminal.h"
 
 namespace {
 
+using quilon::bench::AnswerTo;
+using quilon::bench::kCommandOk;
+using quilon::bench::kDle;
+using quilon::bench::kEnq;
+using quilon::bench::kOnline;
+using quilon::bench::MeasureExchange;
 using quilon::testing::PseudoTerminal;
 using Clock = std::chrono::steady_clock;
 
-constexpr char kDle = 0x10;
-constexpr char kEnq = 0x05;
-constexpr char kOnline = 0x74;
-constexpr char kCommandOk = 0x64;
 constexpr char kNoMore = 0x00;
 
 // A printer at the far end of a line that answers status requests.
@@ -45,7 +48,7 @@ class Printer {
       if (request.empty() || request[0] == kNoMore) {
         return;
       }
-      const char answer = request[0] == kDle ? kOnline : kCommandOk;
+      const char answer = AnswerTo(request[0]);
       line_.Send({&answer, 1});
     }
   }
@@ -88,17 +91,7 @@ void SerialExchangeThroughDriver(benchmark::State& state) {
   if (!open) {
     state.SkipWithError("no port");
   }
-  for ([[maybe_unused]] auto iteration : state) {
-    DleStatus dle = {};
-    EnqStatus enq = {};
-    const bool done = quil_ioctrl(QUIL_SEND_DLE, nullptr, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_READ_DLE, &dle, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_SEND_ENQ, nullptr, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_READ_ENQ, &enq, nullptr, 0) == 0;
-    if (!done || dle.online != 1 || enq.last_command_ok != 1) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
+  MeasureExchange(state);
   quil_close();
 }
 BENCHMARK(SerialExchangeThroughDriver)->Arg(0)->Arg(1)->UseRealTime();

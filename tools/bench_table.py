@@ -15,7 +15,7 @@ class Figures:
         if failed:
             sys.exit("failed: " + ", ".join(failed))
         self.medians = {
-            result["run_name"].removesuffix("/real_time").removesuffix("/iterations:1").removesuffix("/repeats:1"): result
+            result["run_name"].removesuffix("/real_time").split("/iterations:")[0]: result
             for result in results if result.get("aggregate_name") == "median" or result.get("repetitions") == 1
         }
 
