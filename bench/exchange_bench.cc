@@ -10,16 +10,18 @@
 #include <boost/asio/write.hpp>
 #include <thread>
 
+#include "bench/status_exchange.h"
 #include "quilon/quilon.h"
 
 namespace {
 
 using boost::asio::ip::tcp;
-
-constexpr unsigned char kDle = 0x10;
-constexpr unsigned char kEnq = 0x05;
-constexpr unsigned char kOnline = 0x74;
-constexpr unsigned char kCommandOk = 0x64;
+using quilon::bench::AnswerTo;
+using quilon::bench::kCommandOk;
+using quilon::bench::kDle;
+using quilon::bench::kEnq;
+using quilon::bench::kOnline;
+using quilon::bench::MeasureExchange;
 
 // Answers the status requests of one client until it goes.
 class Peer {
@@ -38,9 +40,9 @@ class Peer {
     tcp::socket client = acceptor_.accept();
     client.set_option(tcp::no_delay(true));
     boost::system::error_code ended;
-    unsigned char request = 0;
+    char request = 0;
     while (client.read_some(boost::asio::buffer(&request, 1), ended) == 1) {
-      const unsigned char answer = request == kDle ? kOnline : kCommandOk;
+      const char answer = AnswerTo(request);
       boost::asio::write(client, boost::asio::buffer(&answer, 1), ended);
     }
   }
@@ -56,23 +58,13 @@ void ExchangeThroughDriver(benchmark::State& state) {
   if (quil_open_tcpip("127.0.0.1", peer.endpoint().port()) != 1) {
     state.SkipWithError("no connection");
   }
-  for ([[maybe_unused]] auto iteration : state) {
-    DleStatus dle = {};
-    EnqStatus enq = {};
-    const bool done = quil_ioctrl(QUIL_SEND_DLE, nullptr, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_READ_DLE, &dle, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_SEND_ENQ, nullptr, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_READ_ENQ, &enq, nullptr, 0) == 0;
-    if (!done || dle.online != 1 || enq.last_command_ok != 1) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
+  MeasureExchange(state);
   quil_close();
 }
 BENCHMARK(ExchangeThroughDriver)->UseRealTime();
 
-bool BareExchange(int socket, unsigned char request, unsigned char answer) {
-  unsigned char received = 0;
+bool BareExchange(int socket, char request, char answer) {
+  char received = 0;
   return send(socket, &request, 1, 0) == 1 &&
          recv(socket, &received, 1, 0) == 1 && received == answer;
 }
