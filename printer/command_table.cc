@@ -17,6 +17,7 @@ constexpr auto kUnchecked = Checksum::kNone;
 constexpr auto kAlways = When::kAlways;
 constexpr auto kOnline = When::kOnline;
 constexpr auto kInside = When::kInDocument;
+constexpr auto kClosing = When::kClosing;
 constexpr auto kInSlip = When::kInSlip;
 constexpr auto kOutside = When::kOutsideDocument;
 constexpr auto kPrints = Prints::kYes;
@@ -27,10 +28,22 @@ constexpr auto kQuiet = Prints::kNo;
 constexpr std::array kCommands = {
     // Documents
     CommandRow{"$h", "", 5, 5, "*", kChecked, kOnline, kPrints, begin_receipt},
+    CommandRow{"$h", "1", 11, 11, "*", kChecked, kOnline, kPrints, begin_invoice},
     CommandRow{"$l", "", 4, 4, "*", kChecked, kInside, kPrints, sell_with_closing_text},
     CommandRow{"^l", "", 3, 3, "*", kChecked, kInside, kPrints, sell},
+    CommandRow{"$l", "", 1, 1, "*", kChecked, kInside, kPrints, add_deposit},
     CommandRow{"$e", "0", 1, 1, "?tt", kChecked, kInside, kPrints, cancel_document},
-    CommandRow{"$e", "", 6, 6, "*", kChecked, kInside, kPrints, close_receipt},
+    CommandRow{"$e", "", 6, 6, "*", kChecked, kClosing, kPrints, close_receipt},
+    CommandRow{"$e", "", 9, 9, "*", kChecked, kClosing, kPrints, close_invoice},
+    CommandRow{"$x", "5", 11, 11, "tttttttttaaaaaaaaa", kChecked, kClosing, kPrints, close_with_totals},
+    CommandRow{"$y", "", 12, 28, "*", kChecked, kClosing, kPrints, close_with_list},
+    CommandRow{"$n", "", 1, 1, "ta", kChecked, kInside, kPrints, note, "DODATEK"},
+    CommandRow{"$L", "", 3, 3, "aat", kChecked, kInside, kPrints, note, "ROZLICZENIE STAWKI"},
+    CommandRow{"$Y", "", 2, 2, "aat", kChecked, kInside, kPrints, note, "PODSUMA"},
+    CommandRow{"$b", "", 2, 2, "at", kChecked, kInside, kPrints, note, "FORMA PŁATNOŚCI"},
+    CommandRow{"@z", "", 2, 2, "ttaa", kChecked, kOnline, kPrints, note, "ZALICZKA"},
+    CommandRow{"@c", "", 12, 12, "t?ttttttt", kChecked, kOnline, kPrints, note_with_texts, "INFORMACJE"},
+    CommandRow{"@e", "", 0, 4, "*", kChecked, kOnline, kPrints, note_electronic_document, "E-DOKUMENT"},
 
     // Payments
     CommandRow{"$d", "6", 1, 1, "*", kChecked, kInside, kQuiet, pay},

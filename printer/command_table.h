@@ -23,6 +23,7 @@ enum class When {
   kOnline,
   kInSlip,           // refused with kNoDocument otherwise
   kInDocument,       // refused with kNoDocument otherwise
+  kClosing,          // the same, and the command closes the document
   kOutsideDocument,  // and outside slips; refused with kForbiddenNow otherwise
 };
 

@@ -33,10 +33,12 @@ void check_state(const Device& device, const CommandRow& row) {
   if (!device.online) {
     throw Refusal(kBusy);
   }
-  if (row.when == When::kInDocument && !device.document) {
+  const bool inside =
+      row.when == When::kInDocument || row.when == When::kClosing;
+  if (inside && !device.document) {
     throw Refusal(kNoDocument);
   }
-  if (row.when == When::kInSlip && !device.slip_open) {
+  if (row.when == When::kInSlip && !device.slip_open && !device.slip_attached) {
     throw Refusal(kNoDocument);
   }
   if (row.when == When::kOutsideDocument &&
@@ -61,7 +63,13 @@ std::string Device::execute(std::string_view body) {
       throw Refusal(std::exchange(next_refusal, kNoError));
     }
     check_state(*this, row);
+    if (row.when == When::kClosing && faults.loses_closing()) {
+      return {};
+    }
     std::string answer = row.handler(*this, request);
+    if (row.when == When::kClosing) {
+      faults.note_closing();
+    }
     if (row.when != When::kAlways) {
       last_command_ok = true;
       error = kNoError;
@@ -72,6 +80,15 @@ std::string Device::execute(std::string_view body) {
     return error_reports == 0
                ? std::string()
                : Answer("#Z", padded(error, 4)).finish_with(request.mnemonic);
+  }
+}
+
+void Device::order_fault(const std::string& text) {
+  const Fault fault = parse_fault(text);
+  if (fault.kind == FaultKind::kPaperOut) {
+    paper.run_out_after(fault.position);
+  } else {
+    faults.order(fault);
   }
 }
 

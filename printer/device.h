@@ -16,6 +16,7 @@
 #include "printer/books.h"
 #include "printer/document.h"
 #include "printer/errors.h"
+#include "printer/faults.h"
 #include "printer/paper.h"
 #include "printer/storage.h"
 
@@ -32,6 +33,8 @@ struct Device {
   std::string execute(std::string_view body);
   // Answers DLE, ENQ or SUB.
   std::string answer_control(char byte) const;
+  // Orders a fault by its text; throws std::invalid_argument when it is none.
+  void order_fault(const std::string& text);
   // Records that a frame was refused before it could be executed.
   void refuse(int error);
 
@@ -52,10 +55,13 @@ struct Device {
   bool last_document_closed = true;
 
   std::optional<Document> document;
+  Faults faults;
   Books books;
   Paper paper;
 
   bool slip_open = false;
+  // A slip may follow the document that was just closed.
+  bool slip_attached = false;
   std::int64_t cash = 0;  // paid in and not out again, grosze
   Cashier cashier;
 

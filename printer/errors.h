@@ -28,6 +28,7 @@ enum Error : int {
   kNoDocument = 29,
   kUnpaid = 30,
   kBadCashAmount = 34,
+  kBadDeposit = 83,
   kDocumentAlreadyOpen = 1002,
   kBadAdjustment = 1004,
   kBadData = 1005,

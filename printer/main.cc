@@ -28,6 +28,14 @@ int run(int argc, char** argv) {
 
   app.add_option("--state", options.state_file,
                  "Keep the printer's memory in this file");
+  app.add_option("--fault", options.faults,
+                 "Misbehave on purpose: WHAT[=VALUE][@WHERE=N][xTIMES], "
+                 "repeatable; see below");
+  app.footer(
+      "Faults, each at the N-th document, byte, ... and TIMES times (\"*\": "
+      "without end):\n" +
+      quilon::printer::fault_help() +
+      "For example: --fault book-other=-100@document=2 --fault late=800x3");
   CLI11_PARSE(app, argc, argv);
   options.pty = !options.pty_link.empty();
   if (tcp->empty()) {

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <boost/asio/buffer.hpp>
+#include <boost/asio/steady_timer.hpp>
 #include <boost/asio/write.hpp>
 #include <cstddef>
 #include <functional>
@@ -15,10 +16,12 @@
 #include <utility>
 #include <vector>
 
+#include "printer/line.h"
+
 namespace quilon::printer {
 
-// One client's way into the printer: takes received bytes, returns the answer.
-using Receiver = std::function<std::string(std::string_view bytes)>;
+// One client's way into the printer: takes received bytes, says what to do.
+using Receiver = std::function<Reaction(std::string_view bytes)>;
 
 // Lets work through while it is open and keeps it while it is closed.
 class Gate {
@@ -56,7 +59,8 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
       : stream_(std::move(stream)),
         gate_(gate),
         receiver_(std::move(receiver)),
-        on_end_(std::move(on_end)) {}
+        on_end_(std::move(on_end)),
+        pause_(stream_->get_executor()) {}
 
   void read() {
     stream_->async_read_some(
@@ -75,25 +79,42 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
 
  private:
   void react(std::string_view bytes) {
-    output_ = receiver_(bytes);
-    if (output_.empty()) {
-      read();
+    reaction_ = receiver_(bytes);
+    if (reaction_.delay.count() == 0) {
+      write();
+      return;
+    }
+    pause_.expires_after(reaction_.delay);
+    pause_.async_wait([self = this->shared_from_this()](
+                          const boost::system::error_code& failure) {
+      if (!failure) {
+        self->write();
+      }
+    });
+  }
+
+  void write() {
+    if (reaction_.answer.empty()) {
+      go_on();
       return;
     }
     boost::asio::async_write(
-        *stream_, boost::asio::buffer(output_),
+        *stream_, boost::asio::buffer(reaction_.answer),
         [self = this->shared_from_this()](
             const boost::system::error_code& failure, std::size_t) {
-          failure ? self->on_end_() : self->read();
+          failure ? self->on_end_() : self->go_on();
         });
   }
+
+  void go_on() { reaction_.hang_up ? on_end_() : read(); }
 
   std::shared_ptr<Stream> stream_;
   Gate& gate_;
   Receiver receiver_;
   std::function<void()> on_end_;
   std::array<char, 4096> input_{};
-  std::string output_;
+  Reaction reaction_;
+  boost::asio::steady_timer pause_;
 };
 
 }  // namespace quilon::printer

@@ -64,6 +64,9 @@ class VirtualPrinter::Engine {
         state_file_(std::move(options.state_file)),
         acceptor_(context_) {
     state_file_.load(device_);
+    for (const std::string& fault : options.faults) {
+      device_.order_fault(fault);
+    }
     device_.paper.set_sink(std::move(options.on_paper));
     if (!options.tcp.empty()) {
       listen(endpoint_of(options.tcp));
@@ -151,14 +154,14 @@ class VirtualPrinter::Engine {
           }
         });
     return [this, line](std::string_view bytes) {
-      std::string answer;
+      Reaction reaction;
       change([&](Device& device) {
-        answer = line->receive(bytes);
+        reaction = line->receive(bytes);
         if (!state_file_.save(device)) {
           device.refuse(kUnsavedState);
         }
       });
-      return answer;
+      return reaction;
     };
   }
 
@@ -247,6 +250,14 @@ void VirtualPrinter::set_paper_out(bool out) {
 
 void VirtualPrinter::set_mechanism_error(bool error) {
   engine_->change([&](Device& device) { device.mechanism_error = error; });
+}
+
+void VirtualPrinter::order_fault(const std::string& fault) {
+  engine_->change([&](Device& device) { device.order_fault(fault); });
+}
+
+void VirtualPrinter::clear_faults() {
+  engine_->change([](Device& device) { device.faults.clear(); });
 }
 
 void VirtualPrinter::refuse_next(int error) {

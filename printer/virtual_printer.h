@@ -22,6 +22,7 @@
 
 #include "printer/books.h"
 #include "printer/device.h"
+#include "printer/faults.h"
 
 namespace quilon::printer {
 
@@ -54,6 +55,8 @@ class VirtualPrinter {
     // Where the printer's memory is kept; empty: nowhere. Read at the start if
     // it is there, replaced after every change, before the answer goes out.
     std::filesystem::path state_file;
+    // Ordered before the first client comes; see order_fault.
+    std::vector<std::string> faults;
     // Local time; empty: the system's.
     Clock clock;
     // Called on the printer's thread with every line of paper as it appears.
@@ -63,7 +66,7 @@ class VirtualPrinter {
 
   // Throws std::runtime_error when an address cannot be listened on or the
   // state file holds no state,
-  // std::invalid_argument when it is none.
+  // std::invalid_argument when it is none or a fault is none.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);
   VirtualPrinter(const VirtualPrinter&) = delete;
@@ -99,6 +102,12 @@ class VirtualPrinter {
   void set_mechanism_error(bool error);
   // Refuses the next command, whatever it is, with the given error number.
   void refuse_next(int error);
+  // Lets the printer misbehave as faults.h explains, for example
+  // "book-other=-100@document=2" or "cut@byte=57". Faults add up until they are
+  // cleared; paper that ran out stays out until set_paper_out(false). Throws
+  // std::invalid_argument when the text is no fault.
+  void order_fault(const std::string& fault);
+  void clear_faults();
 
  private:
   class Engine;

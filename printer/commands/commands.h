@@ -14,10 +14,22 @@ struct Device;
 
 // document_commands.cc
 std::string begin_receipt(Device& device, Request& request);
+std::string begin_invoice(Device& device, Request& request);
+std::string cancel_document(Device& device, Request& request);
+std::string note(Device& device, Request& request);
+std::string note_with_texts(Device& device, Request& request);
+std::string note_electronic_document(Device& device, Request& request);
+
+// sale_commands.cc
 std::string sell(Device& device, Request& request);
 std::string sell_with_closing_text(Device& device, Request& request);
-std::string cancel_document(Device& device, Request& request);
+std::string add_deposit(Device& device, Request& request);
+
+// closing_commands.cc
 std::string close_receipt(Device& device, Request& request);
+std::string close_invoice(Device& device, Request& request);
+std::string close_with_totals(Device& device, Request& request);
+std::string close_with_list(Device& device, Request& request);
 
 // payment_commands.cc
 std::string pay(Device& device, Request& request);
@@ -71,6 +83,7 @@ std::string end_attached_slip(Device& device, Request& request);
 
 // report_commands.cc
 std::string print_form(Device& device, Request& request);
+std::string print_note(Device& device, Request& request);
 std::string print_daily_report(Device& device, Request& request);
 std::string print_range_report(Device& device, Request& request);
 std::string print_settlement(Device& device, Request& request);

@@ -22,7 +22,7 @@ void check_parameters(const Request& request) {
 std::string joined_parameters(const Request& request) {
   std::string joined;
   for (const std::string_view parameter : request.parameters) {
-    joined += (joined.empty() ? "" : ";") + std::string(parameter);
+    joined.append(joined.empty() ? "" : ";").append(parameter);
   }
   return joined;
 }
@@ -70,6 +70,13 @@ std::string print_form(Device& device, Request& request) {
   print_values(paper, request);
   paper.print_pair("", device.date_and_time());
   paper.tear_off();
+  return {};
+}
+
+// Title and fields, within a document
+std::string print_note(Device& device, Request& request) {
+  device.paper.print_centered(request.title);
+  print_values(device.paper, request);
   return {};
 }
 

@@ -37,6 +37,7 @@ void print_end(Device& device) {
   device.paper.print_pair("", device.date_and_time());
   device.paper.tear_off();
   device.slip_open = false;
+  device.slip_attached = false;
 }
 
 }  // namespace
@@ -54,6 +55,7 @@ std::string begin_slip(Device& device, Request& request) {
     throw Refusal(kWrongFieldCount);
   }
   device.slip_open = true;
+  device.slip_attached = false;
   device.paper.print_centered("# NIEFISKALNY #");
   if (!header.empty()) {
     device.paper.print_centered(mazovia_to_utf8(header));

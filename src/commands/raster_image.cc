@@ -78,9 +78,10 @@ BitmapResult ReadHeaders(std::span<const uint8_t> bitmap, Picture* picture) {
   reader.Number32();  // vertical resolution
   const auto colours = reader.Number32();
   const auto important_colours = reader.Number32();
-  if (info_length < kMinInfoLength || planes != 1U || bits_a_pixel != 1U ||
-      compression != 0U || (colours != 0U && colours != 2U) ||
-      !important_colours) {
+  // The last one is there only when all are.
+  if (!important_colours || *info_length < kMinInfoLength || *planes != 1 ||
+      *bits_a_pixel != 1 || *compression != 0 ||
+      (*colours != 0 && *colours != 2)) {
     return BitmapResult::kUnsupported;
   }
   // The printer's image has room for 16 bits of each.

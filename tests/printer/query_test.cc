@@ -20,7 +20,7 @@ struct Query : testing::Test, Bench {
     EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/17/0/"), 0);
     EXPECT_EQ(device.books.receipts[6], 800);
   }
-  std::string ask(std::string_view body) { return line.receive(bare(body)); }
+  std::string ask(std::string_view body) { return hear(bare(body)); }
 };
 
 // The last text runs up to the ESC, so these answers carry no checksum.

@@ -36,7 +36,7 @@ TEST_F(Settings, WrongFormsAreRefused) {
 
 TEST_F(Settings, ClockIsSetAndShownOnPaper) {
   EXPECT_EQ(verdict("24;12;31;23;59;58$ckasa\rkasjer\r"), 0);
-  EXPECT_EQ(line.receive(bare("#c")), framed("#C2024/12/31/23/59/58/"));
+  EXPECT_EQ(hear(bare("#c")), framed("#C2024/12/31/23/59/58/"));
   EXPECT_THAT(new_paper(),
               ElementsAre("             ZMIANA ZEGARA",
                           "Przed zmianą            2024-01-31 12:05",
@@ -62,10 +62,9 @@ TEST_F(Settings, ServiceUsbAndGroupAreReadBack) {
   EXPECT_EQ(send("?SERW1/"), framed("?SERW5/przegl\x86"
                                     "d; za/rok\r"));
 
-  EXPECT_EQ(line.receive(bare("?usb")), framed("?usb\r\r\r\r0/0/\r\r\r\r"));
+  EXPECT_EQ(hear(bare("?usb")), framed("?usb\r\r\r\r0/0/\r\r\r\r"));
   EXPECT_EQ(verdict("@usba\rb\rc\rd\r-1/2/e/f/g/h/"), 0);
-  EXPECT_EQ(line.receive(bare("?usb")),
-            framed("?usba\rb\rc\rd\r-1/2/e\rf\rg\rh\r"));
+  EXPECT_EQ(hear(bare("?usb")), framed("?usba\rb\rc\rd\r-1/2/e\rf\rg\rh\r"));
 
   EXPECT_EQ(send("$gtext\rmore/"), framed("$G1/text\r"));
 }
@@ -110,7 +109,7 @@ TEST_F(Settings, AreRefusedInADocumentWhereTheyWouldChangeIt) {
 struct DisplayAndDrawer : testing::Test, Bench {};
 
 TEST_F(DisplayAndDrawer, TextsAppearOnTheDisplay) {
-  line.receive(
+  hear(
       bare("2$d\f\r\nWersja:\r\n1.450\r\nurz\x86"
            "dzenia"));
   EXPECT_TRUE(device.last_command_ok);
@@ -119,20 +118,20 @@ TEST_F(DisplayAndDrawer, TextsAppearOnTheDisplay) {
       ElementsAre("", "Wersja:", "1.450", "urządzenia", "", "", "", ""));
   EXPECT_EQ(send("12^t"), framed("^t\rWersja:\r1.450\rurz\x86"
                                  "dzenia\r\r"));
-  line.receive(bare("3$d"));
+  hear(bare("3$d"));
   EXPECT_THAT(device.display.lines(), testing::Each(""));
 }
 
 // A display text carries no checksum, even if it ends with what looks like one:
 // FF ^ 32 ^ 24 ^ 64 = 8D.
 TEST_F(DisplayAndDrawer, ATextThatLooksLikeAChecksumIsShown) {
-  line.receive(bare("2$d8d"));
+  hear(bare("2$d8d"));
   EXPECT_EQ(device.display.lines()[0], "8d");
 }
 
 TEST_F(DisplayAndDrawer, ALongTextStopsAtTheEnd) {
-  line.receive(bare("2$d" + std::string(100'000, 'x') + "\ny" +
-                    std::string(20, '\n') + "end"));
+  hear(bare("2$d" + std::string(100'000, 'x') + "\ny" + std::string(20, '\n') +
+            "end"));
   EXPECT_EQ(device.display.lines()[0], std::string(80, 'x'));
   EXPECT_EQ(device.display.lines()[1], "y");
   EXPECT_EQ(device.display.lines()[7], "end");
@@ -147,10 +146,10 @@ TEST_F(DisplayAndDrawer, LinesAreSetOneByOne) {
 TEST_F(DisplayAndDrawer, TheDrawerOpens) {
   EXPECT_EQ(verdict("1$d"), 0);
   EXPECT_EQ(device.drawer_openings, 1);
-  line.receive(bare("1$dtext"));
+  hear(bare("1$dtext"));
   EXPECT_EQ(device.drawer_openings, 1);
   EXPECT_EQ(device.display.lines()[0], "text");
-  line.receive(bare("12$dtext"));
+  hear(bare("12$dtext"));
   EXPECT_EQ(device.error, kBadParameter);
 }
 

@@ -17,11 +17,11 @@ constexpr const char* kBegin = "0;200;0;0;0;$w\r";
 
 // The printout with which a driver shows that it works.
 TEST_F(Slip, ASelfTestStandsOnPaper) {
-  line.receive(
+  hear(
       bare("2$d\f\r\nWersja sterownika: \r\nQUILON DLL 1.450\r\nWersja urz\x86"
            "dzenia: \r\nQuilon Virtual 1.00\r\n"));
   EXPECT_EQ(device.display.lines()[2], "QUILON DLL 1.450");
-  line.receive(bare("3$d"));
+  hear(bare("3$d"));
   EXPECT_EQ(device.display.lines()[2], "");
   EXPECT_EQ(verdict(kBegin), 0);
   for (const char* text :
