@@ -29,7 +29,7 @@ using printer::VirtualPrinter;
 // Short: a run waits for it several times, and there are thousands of runs.
 constexpr uint32_t kShortTimeout = 5;
 // How long a printer that stopped answering stays so.
-constexpr std::chrono::milliseconds kPatience{60};
+constexpr std::chrono::milliseconds kPatience{30};
 constexpr int64_t kPrice = 455;
 constexpr int64_t kTotal = 2 * kPrice;
 
