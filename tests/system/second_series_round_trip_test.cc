@@ -27,6 +27,12 @@ class SecondSeriesRoundTrip : public ::testing::Test {
         << code << ": " << LastError().error_code;
   }
 
+  // Runs a command that the printer must accept and print with `text`.
+  void Printed(int32_t code, void* record, const std::string& text) {
+    Accepted(code, record);
+    OnPaper(text);
+  }
+
   void OnPaper(const std::string& text) {
     EXPECT_THAT(printer_.paper(), Contains(HasSubstr(text)));
   }
@@ -41,50 +47,41 @@ TEST_F(SecondSeriesRoundTrip, Reports) {
   Fill("01", r.parameter2);
   Fill("24", r.parameter3);
   Fill("text of r", r.text2);
-  Accepted(QUIL_SEND_HASH_R, &r);
-  OnPaper("text of r");
+  Printed(QUIL_SEND_HASH_R, &r, "text of r");
 
   HashK k = {};
   Fill("text of k", k.text3);
-  Accepted(QUIL_SEND_HASH_K, &k);
-  OnPaper("text of k");
+  Printed(QUIL_SEND_HASH_K, &k, "text of k");
 
   HashO o = {};
   for (auto& parameter : o.parameters) {
     Fill("12", parameter);
   }
   Fill("first of o", o.text1);
-  Accepted(QUIL_SEND_HASH_O_TEXTS, &o);
-  OnPaper("first of o");
+  Printed(QUIL_SEND_HASH_O_TEXTS, &o, "first of o");
   Fill("field of o", o.field2);
-  Accepted(QUIL_SEND_HASH_O_FIELDS, &o);
-  OnPaper("field of o");
+  Printed(QUIL_SEND_HASH_O_FIELDS, &o, "field of o");
 
   DollarOTexts texts = {};
   Fill("from", texts.text1);
   Fill("to", texts.text2);
   Fill("F", texts.field);
-  Accepted(QUIL_SEND_DOLLAR_O_TEXTS, &texts);
-  OnPaper("from");
+  Printed(QUIL_SEND_DOLLAR_O_TEXTS, &texts, "from");
   DollarONumbers numbers = {};
   numbers.number1 = 123456789012;
   numbers.number2 = 123456789013;
-  Accepted(QUIL_SEND_DOLLAR_O_NUMBERS, &numbers);
-  OnPaper("123456789013");
+  Printed(QUIL_SEND_DOLLAR_O_NUMBERS, &numbers, "123456789013");
   Accepted(QUIL_SEND_DOLLAR_O_3);
 
   HashT t = {};
   Fill("text of t", t.text2);
-  Accepted(QUIL_SEND_HASH_T, &t);
-  OnPaper("text of t");
+  Printed(QUIL_SEND_HASH_T, &t, "text of t");
   PrCommand pr = {};
   Fill("text of pr", pr.text2);
-  Accepted(QUIL_SEND_PR, &pr);
-  OnPaper("text of pr");
+  Printed(QUIL_SEND_PR, &pr, "text of pr");
   PmrCommand pmr = {};
   Fill("text of pmr", pmr.text2);
-  Accepted(QUIL_SEND_PMR, &pmr);
-  OnPaper("text of pmr");
+  Printed(QUIL_SEND_PMR, &pmr, "text of pmr");
 }
 
 TEST_F(SecondSeriesRoundTrip, LongFrames) {
@@ -92,8 +89,7 @@ TEST_F(SecondSeriesRoundTrip, LongFrames) {
   Fill("text 3 of f", f.texts4[0]);
   Fill("last", f.text3);
   f.amounts[22] = 987654;
-  Accepted(QUIL_SEND_HASH_F, &f);
-  OnPaper("9876,54");
+  Printed(QUIL_SEND_HASH_F, &f, "9876,54");
   OnPaper("last");
 
   HashM m = {};
@@ -106,8 +102,7 @@ TEST_F(SecondSeriesRoundTrip, LongFrames) {
   Fill("last of all", m.text8);
   m.amounts_a2[31] = 123;
   m.amount8 = 456;
-  Accepted(QUIL_SEND_HASH_M, &m);
-  OnPaper("last of a");
+  Printed(QUIL_SEND_HASH_M, &m, "last of a");
   OnPaper("last of b");
   OnPaper("last of c");
   OnPaper("last of all");
@@ -120,8 +115,7 @@ TEST_F(SecondSeriesRoundTrip, Amounts) {
   amount.amount = 12345;
   Fill("first text", amount.text1);
   Fill("second text", amount.text2);
-  Accepted(QUIL_SEND_HASH_I, &amount);
-  OnPaper("123,45");
+  Printed(QUIL_SEND_HASH_I, &amount, "123,45");
   OnPaper("second text");
   Accepted(QUIL_SEND_HASH_D, &amount);
   // The second time there is nothing left to take out.
@@ -153,14 +147,12 @@ TEST_F(SecondSeriesRoundTrip, Slips) {
   begin.header_flag = 1;
   begin.fifth_parameter = 5;
   Fill("header of the slip", begin.header_text);
-  Accepted(QUIL_NONFISCAL_BEGIN, &begin);
-  OnPaper("header of the slip");
+  Printed(QUIL_NONFISCAL_BEGIN, &begin, "header of the slip");
 
   NonFiscalLine line = {};
   Fill("za\xBF\xF3\xB3\xE6", line.lines[0]);  // "zażółć" in CP1250
   Fill("last line", line.lines[7]);
-  Accepted(QUIL_NONFISCAL_LINE, &line);
-  OnPaper("zażółć");
+  Printed(QUIL_NONFISCAL_LINE, &line, "zażółć");
   OnPaper("last line");
 
   NonFiscalEnd end = {};
@@ -169,8 +161,7 @@ TEST_F(SecondSeriesRoundTrip, Slips) {
   Fill("closing text", end.closing_text);
   end.fifth_parameter = 5;
   end.trailing_parameter = 7;
-  Accepted(QUIL_NONFISCAL_END, &end);
-  OnPaper("third closing line");
+  Printed(QUIL_NONFISCAL_END, &end, "third closing line");
   OnPaper("closing text");
 
   begin = {};

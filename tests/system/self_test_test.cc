@@ -1,7 +1,5 @@
 // The self-test on the virtual printer. It takes 4 s: what it sends in other
 // cases is tested with a shorter pause, in tests/unit.
-#include <gmock/gmock.h>
-
 #include <chrono>
 #include <fstream>
 #include <future>
@@ -10,6 +8,7 @@
 
 #include "printer/virtual_printer.h"
 #include "support/driver_test.h"
+#include "tests/printer/bench.h"
 
 namespace quilon::testing {
 namespace {
@@ -26,17 +25,8 @@ std::vector<std::string> LinesOf(const std::string& path) {
   return lines;
 }
 
-VirtualPrinter::Options WithFixedTime() {
-  VirtualPrinter::Options options;
-  options.clock = [] {
-    using namespace std::chrono;
-    return local_days(year(2024) / January / 31) + hours(12) + minutes(5);
-  };
-  return options;
-}
-
 TEST(SelfTestTest, ShowsTheVersionsForFourSecondsAndPrintsASlip) {
-  const VirtualPrinter printer(WithFixedTime());
+  const VirtualPrinter printer({.clock = printer::bench_time});
   ASSERT_EQ(quil_init(0), 1);
   ASSERT_EQ(quil_open_tcpip("127.0.0.1", printer.tcp_port()), 1);
 
