@@ -1,0 +1,46 @@
+#include "bench/peer.h"
+
+#include <array>
+#include <boost/asio/write.hpp>
+#include <string>
+
+namespace quilon::bench {
+namespace {
+
+using boost::asio::ip::tcp;
+
+// The answer to a request that ends with `request`; empty for none.
+std::string_view AnswerTo(std::string_view request) {
+  constexpr std::string_view kIdentityRequest = "#s\x1B\\";
+  if (request.ends_with('\x10')) {
+    return kOnline;
+  }
+  if (request.ends_with('\x05')) {
+    return kCommandOk;
+  }
+  return request.ends_with(kIdentityRequest) ? kIdentity : std::string_view();
+}
+
+}  // namespace
+
+Peer::Peer()
+    : acceptor_(context_, {boost::asio::ip::address_v4::loopback(), 0}),
+      thread_([this] { Serve(); }) {}
+
+// Requests are answered one by one, so an answer is due at the end of what has
+// come, if at all.
+void Peer::Serve() {
+  tcp::socket client = acceptor_.accept();
+  client.set_option(tcp::no_delay(true));
+  boost::system::error_code ended;
+  std::array<char, 4096> received = {};
+  while (const size_t length =
+             client.read_some(boost::asio::buffer(received), ended)) {
+    const std::string_view answer = AnswerTo({received.data(), length});
+    if (!answer.empty()) {
+      boost::asio::write(client, boost::asio::buffer(answer), ended);
+    }
+  }
+}
+
+}  // namespace quilon::bench
