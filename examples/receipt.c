@@ -1,14 +1,16 @@
 /*
- * Prints a receipt over TCP, command by command, and cancels it when the
- * printer refuses one.
+ * Prints a receipt over TCP or over a serial port, command by command, and
+ * cancels it when the printer refuses one.
  *
  *     receipt ADDRESS PORT [LOG_DIRECTORY]
+ *     receipt --serial NAME BAUD [threaded] [LOG_DIRECTORY]
  *
  * The exit status is 0 when the receipt was printed, 1 when not, 2 when the
  * arguments make no sense.
  */
 #include <stdio.h>
 #include <stdlib.h>
+#include <string.h>
 
 #include "quilon/quilon.h"
 
@@ -139,29 +141,81 @@ static int print_receipt(void) {
   return 0;
 }
 
-int main(int argc, char** argv) {
-  if (argc < 3 || argc > 4) {
-    printf("usage: receipt ADDRESS PORT [LOG_DIRECTORY]\n");
-    return 2;
-  }
-  const char* address = argv[1];
-  char* rest = NULL;
-  const unsigned long port = strtoul(argv[2], &rest, 10);
-  if (*rest != '\0' || port < 1 || port > 65535) {
-    printf("receipt: %s is no TCP port\n", argv[2]);
-    return 2;
-  }
+/* How to reach the printer. */
+typedef struct Arguments {
+  int serial;                /* over a serial port; else over TCP */
+  const char* name;          /* of the port, or the address */
+  uint32_t number;           /* baud rate or TCP port */
+  uint32_t threaded;         /* 1: threads serve the serial port */
+  const char* log_directory; /* NULL: no log */
+} Arguments;
 
+static int read_number(const char* text, unsigned long last, uint32_t* number) {
+  char* rest = NULL;
+  const unsigned long value = strtoul(text, &rest, 10);
+  *number = (uint32_t)value;
+  return *rest == '\0' && value >= 1 && value <= last;
+}
+
+/* Returns 0, and says why, when the arguments make no sense. */
+static int read_arguments(int argc, char** argv, Arguments* arguments) {
+  char** next = argv + 1;
+  char** const last = argv + argc;
+  arguments->serial = next < last && strcmp(*next, "--serial") == 0;
+  next += arguments->serial;
+  if (last - next < 2) {
+    printf(
+        "usage: receipt ADDRESS PORT [LOG_DIRECTORY]\n"
+        "       receipt --serial NAME BAUD [threaded] [LOG_DIRECTORY]\n");
+    return 0;
+  }
+  arguments->name = *next++;
+  if (!read_number(*next, arguments->serial ? 4000000 : 65535,
+                   &arguments->number)) {
+    printf("receipt: %s is no %s\n", *next,
+           arguments->serial ? "baud rate" : "TCP port");
+    return 0;
+  }
+  ++next;
+  if (arguments->serial && next < last && strcmp(*next, "threaded") == 0) {
+    arguments->threaded = 1;
+    ++next;
+  }
+  if (next < last) {
+    arguments->log_directory = *next++;
+  }
+  if (next < last) {
+    printf("receipt: what is %s?\n", *next);
+    return 0;
+  }
+  return 1;
+}
+
+static int32_t connect_to_printer(const Arguments* arguments) {
+  return arguments->serial
+             ? quil_open_serial(arguments->name, arguments->number,
+                                arguments->threaded)
+             : quil_open_tcpip(arguments->name, arguments->number);
+}
+
+int main(int argc, char** argv) {
+  Arguments arguments = {0};
+  if (!read_arguments(argc, argv, &arguments)) {
+    return 2;
+  }
   quil_init(0);
-  if (argc == 4 && quil_enable_log(argv[3]) == 0) {
+  if (arguments.log_directory != NULL &&
+      quil_enable_log(arguments.log_directory) == 0) {
     printf("receipt: the log's directory has too long a name\n");
     return 2;
   }
   int printed = 0;
-  if (quil_open_tcpip(address, (uint32_t)port) == 1) {
+  if (connect_to_printer(&arguments) == 1) {
     printed = print_receipt();
   } else {
-    printf("receipt: no printer at %s, port %lu\n", address, port);
+    printf("receipt: no printer at %s, %s %lu\n", arguments.name,
+           arguments.serial ? "baud rate" : "port",
+           (unsigned long)arguments.number);
   }
   quil_close();
   printf(printed ? "receipt printed\n" : "no receipt\n");

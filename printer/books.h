@@ -42,6 +42,7 @@ struct Books {
   std::int32_t receipt_count = 0;
   std::int32_t invoice_count = 0;
   std::int32_t cancelled_count = 0;
+  std::int32_t report_count = 0;
 
   Totals& of(Series series) {
     return series == Series::kReceipt ? receipts : invoices;

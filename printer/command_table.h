@@ -21,8 +21,10 @@ enum class Checksum {
 enum class When {
   kAlways,  // even offline, and the verdict on the last command stays as it was
   kOnline,
+  kInSlip,           // refused with kNoDocument otherwise
   kInDocument,       // refused with kNoDocument otherwise
-  kOutsideDocument,  // refused with kForbiddenNow otherwise
+  kClosing,          // the same, and the command closes the document
+  kOutsideDocument,  // and outside slips; refused with kForbiddenNow otherwise
 };
 
 enum class Prints { kNo, kYes };
@@ -33,18 +35,21 @@ struct CommandRow {
   std::string_view first_parameter;
   std::size_t min_parameters;
   std::size_t max_parameters;
+  std::string_view shape;  // of the fields, as shape.h explains
   Checksum checksum;
   When when;
   Prints prints;
   // Returns the answer, empty when the command has none. Throws Refusal before
   // it changes anything.
   std::string (*handler)(Device& device, Request& request);
+  std::string_view title = {};  // on paper, where the handler asks for it
 };
 
-// Finds the command of a frame, checks the frame's checksum and sets
-// request.fields. Throws Refusal: kUnknownCommand for a strange mnemonic,
+// Finds the command of a frame, checks the frame's checksum, and completes the
+// request. Throws Refusal: kUnknownCommand for a strange mnemonic,
 // kBadChecksum, kBadParameter when the first parameter selects no command,
-// kWrongFieldCount when the number of parameters fits none.
+// kWrongFieldCount when the number of parameters fits none, and what shape.h
+// says of the fields.
 const CommandRow& find_command(std::string_view body, Request& request);
 
 }  // namespace quilon::printer

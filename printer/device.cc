@@ -33,10 +33,16 @@ void check_state(const Device& device, const CommandRow& row) {
   if (!device.online) {
     throw Refusal(kBusy);
   }
-  if (row.when == When::kInDocument && !device.document) {
+  const bool inside =
+      row.when == When::kInDocument || row.when == When::kClosing;
+  if (inside && !device.document) {
     throw Refusal(kNoDocument);
   }
-  if (row.when == When::kOutsideDocument && device.document) {
+  if (row.when == When::kInSlip && !device.slip_open && !device.slip_attached) {
+    throw Refusal(kNoDocument);
+  }
+  if (row.when == When::kOutsideDocument &&
+      (device.document || device.slip_open)) {
     throw Refusal(kForbiddenNow);
   }
   if (row.prints == Prints::kYes && device.paper.out()) {
@@ -50,14 +56,20 @@ void check_state(const Device& device, const CommandRow& row) {
 }  // namespace
 
 std::string Device::execute(std::string_view body) {
+  Request request = take_apart(body);
   try {
-    Request request = take_apart(body);
     const CommandRow& row = find_command(body, request);
     if (row.when != When::kAlways && next_refusal != kNoError) {
       throw Refusal(std::exchange(next_refusal, kNoError));
     }
     check_state(*this, row);
+    if (row.when == When::kClosing && faults.loses_closing()) {
+      return {};
+    }
     std::string answer = row.handler(*this, request);
+    if (row.when == When::kClosing) {
+      faults.note_closing();
+    }
     if (row.when != When::kAlways) {
       last_command_ok = true;
       error = kNoError;
@@ -65,7 +77,18 @@ std::string Device::execute(std::string_view body) {
     return answer;
   } catch (const Refusal& refusal) {
     refuse(refusal.error());
-    return {};
+    return error_reports == 0
+               ? std::string()
+               : Answer("#Z", padded(error, 4)).finish_with(request.mnemonic);
+  }
+}
+
+void Device::order_fault(const std::string& text) {
+  const Fault fault = parse_fault(text);
+  if (fault.kind == FaultKind::kPaperOut) {
+    paper.run_out_after(fault.position);
+  } else {
+    faults.order(fault);
   }
 }
 
@@ -100,10 +123,10 @@ std::string Device::answer_control(char byte) const {
 }
 
 std::string Device::date_and_time() const {
-  const auto now = clock();
-  const auto day = std::chrono::floor<std::chrono::days>(now);
+  const auto moment = now();
+  const auto day = std::chrono::floor<std::chrono::days>(moment);
   const std::chrono::year_month_day date(day);
-  const std::chrono::hh_mm_ss time(now - day);
+  const std::chrono::hh_mm_ss time(moment - day);
   return padded(static_cast<int>(date.year()), 4) + "-" +
          padded(static_cast<unsigned>(date.month()), 2) + "-" +
          padded(static_cast<unsigned>(date.day()), 2) + " " +

@@ -68,4 +68,12 @@ std::int64_t Document::paid() const {
                          });
 }
 
+std::int64_t Document::paid(int form) const {
+  return std::accumulate(payments.begin(), payments.end(), std::int64_t{0},
+                         [form](std::int64_t sum, const Payment& payment) {
+                           return sum +
+                                  (payment.form == form ? payment.amount : 0);
+                         });
+}
+
 }  // namespace quilon::printer

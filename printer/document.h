@@ -48,7 +48,11 @@ struct Document {
   std::size_t items = 0;
   std::vector<Payment> payments{};
 
+  std::int64_t deposits = 0;  // to be paid, too, but not sold
+
   std::int64_t paid() const;
+  // In one form only.
+  std::int64_t paid(int form) const;
 };
 
 }  // namespace quilon::printer

@@ -4,28 +4,58 @@
 
 namespace quilon::printer {
 
-std::string Line::receive(std::string_view bytes) {
-  std::string answers;
+Reaction Line::receive(std::string_view bytes) {
+  Reaction reaction;
   for (const char byte : bytes) {
-    if (const auto event = parser_.feed(byte)) {
-      answers += react(*event);
+    switch (device_.faults.take_byte()) {
+      case Faults::ByteFate::kTaken:
+        if (const auto event = parser_.feed(byte)) {
+          react(*event, reaction);
+        }
+        break;
+      case Faults::ByteFate::kLost:
+        break;
+      case Faults::ByteFate::kCut:
+        reaction.hang_up = true;
+        break;
+    }
+    if (reaction.hang_up) {
+      break;
     }
   }
-  return answers;
+  return reaction;
 }
 
-std::string Line::react(const Event& event) {
+void Line::react(const Event& event, Reaction& reaction) {
+  std::string answer;
   switch (event.kind) {
     case Event::Kind::kControl:
-      return device_.answer_control(event.body.front());
+      answer = device_.answer_control(event.body.front());
+      break;
     case Event::Kind::kOverflow:
       device_.refuse(kBufferOverflow);
-      return {};
+      break;
     case Event::Kind::kFrame:
-      sink_(event.body);
-      return device_.execute(event.body);
+      answer = execute(event.body, reaction);
+      break;
   }
-  return {};
+  if (!answer.empty() && !device_.faults.silent()) {
+    reaction.delay += device_.faults.delay();
+    reaction.answer += answer;
+  }
+}
+
+std::string Line::execute(const std::string& body, Reaction& reaction) {
+  if (device_.faults.dies_of_frame()) {
+    reaction.hang_up = true;
+    return {};
+  }
+  sink_(body);
+  if (device_.faults.corrupts_frame()) {
+    device_.refuse(kBadChecksum);
+    return {};
+  }
+  return device_.execute(body);
 }
 
 }  // namespace quilon::printer

@@ -4,6 +4,7 @@
 #ifndef PRINTER_LINE_H_
 #define PRINTER_LINE_H_
 
+#include <chrono>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -14,6 +15,14 @@ namespace quilon::printer {
 
 struct Device;
 
+// What the printer does about received bytes: it waits, sends the answer, and
+// hangs up.
+struct Reaction {
+  std::string answer;
+  std::chrono::milliseconds delay{0};
+  bool hang_up = false;
+};
+
 class Line {
  public:
   // Called with the body of every frame that arrived whole, its checksum
@@ -23,11 +32,12 @@ class Line {
   Line(Device& device, FrameSink sink)
       : device_(device), sink_(std::move(sink)) {}
 
-  // Takes the next bytes; returns what the printer answers to them.
-  std::string receive(std::string_view bytes);
+  // Takes the next bytes. After a hang-up the line takes no more.
+  Reaction receive(std::string_view bytes);
 
  private:
-  std::string react(const Event& event);
+  void react(const Event& event, Reaction& reaction);
+  std::string execute(const std::string& body, Reaction& reaction);
 
   Device& device_;
   FrameSink sink_;

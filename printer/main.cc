@@ -18,11 +18,29 @@ int run(int argc, char** argv) {
   CLI::App app(
       "A virtual fiscal printer. Its paper appears on the standard output.");
   VirtualPrinter::Options options;
-  options.tcp = "127.0.0.1:6001";
-  app.add_option("--tcp", options.tcp,
-                 "Listen on ADDRESS:PORT; port 0 takes any free one")
-      ->capture_default_str();
+
+  const auto* tcp =
+      app.add_option("--tcp", options.tcp,
+                     "Listen on ADDRESS:PORT; port 0 takes any free one. "
+                     "Without --tcp and --pty: 127.0.0.1:6001");
+  app.add_option("--pty", options.pty_link,
+                 "Make a pseudo-terminal and this symbolic link to it");
+
+  app.add_option("--state", options.state_file,
+                 "Keep the printer's memory in this file");
+  app.add_option("--fault", options.faults,
+                 "Misbehave on purpose: WHAT[=VALUE][@WHERE=N][xTIMES], "
+                 "repeatable; see below");
+  app.footer(
+      "Faults, each at the N-th document, byte, ... and TIMES times (\"*\": "
+      "without end):\n" +
+      quilon::printer::fault_help() +
+      "For example: --fault book-other=-100@document=2 --fault late=800x3");
   CLI11_PARSE(app, argc, argv);
+  options.pty = !options.pty_link.empty();
+  if (tcp->empty()) {
+    options.tcp = options.pty ? "" : "127.0.0.1:6001";
+  }
 
   // From here on the signals are caught, so that whoever reads the address
   // below may send one at once.
@@ -34,9 +52,16 @@ int run(int argc, char** argv) {
     std::cout << line << std::endl;
   };
   const std::string address = options.tcp.substr(0, options.tcp.rfind(':'));
+  const std::string link = options.pty_link;
   const VirtualPrinter printer(std::move(options));
-  std::cerr << "listening on " << address << ":" << printer.tcp_port()
-            << std::endl;
+  if (printer.tcp_port() != 0) {
+    std::cerr << "listening on " << address << ":" << printer.tcp_port()
+              << std::endl;
+  }
+  if (!link.empty()) {
+    std::cerr << "listening on " << link << " (" << printer.pty_path() << ")"
+              << std::endl;
+  }
   context.run();
   return 0;
 }

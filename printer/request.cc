@@ -21,6 +21,10 @@ std::int32_t Request::integer(std::size_t index, std::int32_t low,
   return static_cast<std::int32_t>(*value);
 }
 
+std::int64_t Request::number(std::size_t index) const {
+  return *parse_integer(values.at(index));
+}
+
 Request take_apart(std::string_view body) {
   Request request;
   const std::size_t start = body.find_first_of("#$^@!?");

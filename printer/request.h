@@ -1,10 +1,11 @@
-// A frame's body taken apart: parameters, mnemonic, and the bytes that follow
+// A frame's body taken apart: parameters, mnemonic, and the fields that follow
 // it.
 #ifndef PRINTER_REQUEST_H_
 #define PRINTER_REQUEST_H_
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -18,16 +19,25 @@ struct Request {
   // From the mnemonic's first character on: mnemonic, fields and, if the
   // command carries one, the checksum.
   std::string_view from_mnemonic;
-  // What follows the mnemonic, without the checksum; set once the command is
-  // known.
+
+  // The following are set once the command is known.
+  std::string_view mnemonic;
+  std::string_view title;
+  std::string_view shape;
+
+  // The fields of a command with a shape.
+  std::vector<std::string> values;
+  // The fields of a command without one, for its handler to read.
   Fields fields{{}};
 
-  // The parameter as a whole number of 32 bits; throws Refusal(kBadParameter)
+  // A parameter as a whole number of 32 bits; throws Refusal(kBadParameter)
   // when it is none.
   std::int32_t integer(std::size_t index) const;
   // The same, and within [low, high].
   std::int32_t integer(std::size_t index, std::int32_t low,
                        std::int32_t high) const;
+  // A field that the shape made sure is a number.
+  std::int64_t number(std::size_t index) const;
 };
 
 // The mnemonic begins at the first of "#", "$", "^", "@", "!" and "?"; without

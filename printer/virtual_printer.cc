@@ -1,20 +1,23 @@
 #include "printer/virtual_printer.h"
 
-#include <array>
-#include <boost/asio/buffer.hpp>
+#include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/write.hpp>
+#include <boost/asio/post.hpp>
 #include <charconv>
 #include <condition_variable>
 #include <ctime>
+#include <deque>
 #include <mutex>
-#include <set>
 #include <stdexcept>
 #include <thread>
 #include <utility>
 
 #include "printer/line.h"
+#include "printer/mazovia.h"
+#include "printer/pseudo_terminal.h"
+#include "printer/session.h"
+#include "printer/state.h"
 
 namespace quilon::printer {
 namespace {
@@ -52,16 +55,25 @@ tcp::endpoint endpoint_of(const std::string& address) {
 
 }  // namespace
 
-// Everything that the printer's thread works on. The mutex guards device_ and
-// frames_; the rest belongs to the thread.
+// The mutex guards device_ and frames_; everything else belongs to the
+// printer's thread once that runs.
 class VirtualPrinter::Engine {
  public:
   explicit Engine(Options options)
       : device_(options.clock ? std::move(options.clock) : Clock(system_clock)),
+        state_file_(std::move(options.state_file)),
         acceptor_(context_) {
+    state_file_.load(device_);
+    for (const std::string& fault : options.faults) {
+      device_.order_fault(fault);
+    }
     device_.paper.set_sink(std::move(options.on_paper));
     if (!options.tcp.empty()) {
       listen(endpoint_of(options.tcp));
+    }
+    if (options.pty) {
+      pseudo_terminal_ = make_pseudo_terminal(
+          context_, gate_, [this] { return new_receiver(); }, options.pty_link);
     }
     thread_ = std::thread([this] { context_.run(); });
   }
@@ -76,15 +88,17 @@ class VirtualPrinter::Engine {
 
   std::uint16_t port() const { return port_; }
 
+  std::string pty_path() const {
+    return pseudo_terminal_ ? pseudo_terminal_->path() : std::string();
+  }
+
+  void hold_input(bool hold) {
+    asio::post(context_, [this, hold] { gate_.set_closed(hold); });
+  }
+
   Snapshot snapshot() const {
     const std::scoped_lock lock(mutex_);
     return look();
-  }
-
-  template <class Part>
-  auto read(Part part) const {
-    const std::scoped_lock lock(mutex_);
-    return part(device_, frames_);
   }
 
   template <class Change>
@@ -103,51 +117,6 @@ class VirtualPrinter::Engine {
   }
 
  private:
-  // One client: reads, lets the device react, writes the answer, reads on.
-  // Keeps itself alive by its pending operation.
-  template <class Stream>
-  class Session : public std::enable_shared_from_this<Session<Stream>> {
-   public:
-    Session(Engine& engine, Stream stream)
-        : engine_(engine),
-          stream_(std::move(stream)),
-          line_(engine.make_line()) {}
-
-    void read() {
-      stream_.async_read_some(
-          asio::buffer(input_),
-          [self = this->shared_from_this()](
-              const boost::system::error_code& failure, std::size_t count) {
-            if (!failure) {
-              self->react({self->input_.data(), count});
-            }
-          });
-    }
-
-   private:
-    void react(std::string_view bytes) {
-      output_ = engine_.receive(line_, bytes);
-      if (output_.empty()) {
-        read();
-        return;
-      }
-      asio::async_write(
-          stream_, asio::buffer(output_),
-          [self = this->shared_from_this()](
-              const boost::system::error_code& failure, std::size_t) {
-            if (!failure) {
-              self->read();
-            }
-          });
-    }
-
-    Engine& engine_;
-    Stream stream_;
-    Line line_;
-    std::array<char, 4096> input_{};
-    std::string output_;
-  };
-
   void listen(const tcp::endpoint& endpoint) {
     acceptor_.open(endpoint.protocol());
     acceptor_.set_option(tcp::acceptor::reuse_address(true));
@@ -161,28 +130,49 @@ class VirtualPrinter::Engine {
     acceptor_.async_accept(
         [this](const boost::system::error_code& failure, tcp::socket socket) {
           if (!failure) {
-            boost::system::error_code ignored;
-            socket.set_option(tcp::no_delay(true), ignored);
-            std::make_shared<Session<tcp::socket>>(*this, std::move(socket))
-                ->read();
+            serve(std::move(socket));
           }
           accept();
         });
   }
 
-  Line make_line() {
-    return {device_, [this](const std::string& body) {
-              frames_.push_back(body);
-              if (frames_.size() > kKeptFrames) {
-                frames_.pop_front();
-              }
-            }};
+  void serve(tcp::socket socket) {
+    boost::system::error_code ignored;
+    socket.set_option(tcp::no_delay(true), ignored);
+    auto stream = std::make_shared<tcp::socket>(std::move(socket));
+    std::make_shared<Session<tcp::socket>>(std::move(stream), gate_,
+                                           new_receiver(), [] {})
+        ->read();
   }
 
-  std::string receive(Line& line, std::string_view bytes) {
-    std::string answer;
-    change([&](Device&) { answer = line.receive(bytes); });
-    return answer;
+  Receiver new_receiver() {
+    const auto line =
+        std::make_shared<Line>(device_, [this](const std::string& body) {
+          frames_.push_back(body);
+          if (frames_.size() > kKeptFrames) {
+            frames_.pop_front();
+          }
+        });
+    return [this, line](std::string_view bytes) {
+      Reaction reaction;
+      change([&](Device& device) {
+        reaction = line->receive(bytes);
+        if (!state_file_.save(device)) {
+          device.refuse(kUnsavedState);
+        }
+      });
+      return reaction;
+    };
+  }
+
+  std::map<std::string, std::string> complete_files() const {
+    std::map<std::string, std::string> files;
+    for (const auto& [name, file] : device_.files) {
+      if (file.complete()) {
+        files[mazovia_to_utf8(name)] = file.bytes;
+      }
+    }
+    return files;
   }
 
   Snapshot look() const {
@@ -192,16 +182,28 @@ class VirtualPrinter::Engine {
             device_.error,
             device_.last_command_ok,
             device_.document.has_value(),
-            device_.last_document_closed};
+            device_.last_document_closed,
+            {device_.display.lines().begin(), device_.display.lines().end()},
+            device_.drawer_openings,
+            complete_files()};
   }
 
   mutable std::mutex mutex_;
   mutable std::condition_variable changed_;
   Device device_;
+  StateFile state_file_;
   std::deque<std::string> frames_;
+
   std::uint16_t port_ = 0;
   asio::io_context context_;
+  // Keeps the thread waiting while the gate holds back the only client.
+  asio::executor_work_guard<asio::io_context::executor_type> work_ =
+      asio::make_work_guard(context_);
+
+  Gate gate_;
+
   tcp::acceptor acceptor_;
+  std::unique_ptr<PseudoTerminal> pseudo_terminal_;
   std::thread thread_;
 };
 
@@ -213,6 +215,8 @@ VirtualPrinter::VirtualPrinter(Options options)
 VirtualPrinter::~VirtualPrinter() = default;
 
 std::uint16_t VirtualPrinter::tcp_port() const { return engine_->port(); }
+
+std::string VirtualPrinter::pty_path() const { return engine_->pty_path(); }
 
 Snapshot VirtualPrinter::snapshot() const { return engine_->snapshot(); }
 
@@ -232,6 +236,8 @@ bool VirtualPrinter::wait_until(
   return engine_->wait_until(condition, limit);
 }
 
+void VirtualPrinter::hold_input(bool hold) { engine_->hold_input(hold); }
+
 void VirtualPrinter::set_online(bool online) {
   engine_->change([&](Device& device) { device.online = online; });
 }
@@ -244,6 +250,14 @@ void VirtualPrinter::set_paper_out(bool out) {
 
 void VirtualPrinter::set_mechanism_error(bool error) {
   engine_->change([&](Device& device) { device.mechanism_error = error; });
+}
+
+void VirtualPrinter::order_fault(const std::string& fault) {
+  engine_->change([&](Device& device) { device.order_fault(fault); });
+}
+
+void VirtualPrinter::clear_faults() {
+  engine_->change([](Device& device) { device.faults.clear(); });
 }
 
 void VirtualPrinter::refuse_next(int error) {

@@ -13,14 +13,16 @@
 
 #include <chrono>
 #include <cstdint>
-#include <deque>
+#include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "printer/books.h"
 #include "printer/device.h"
+#include "printer/faults.h"
 
 namespace quilon::printer {
 
@@ -36,6 +38,9 @@ struct Snapshot {
   bool last_command_ok = true;
   bool document_open = false;
   bool last_document_closed = true;
+  std::vector<std::string> display;  // the customer display's lines, UTF-8
+  int drawer_openings = 0;
+  std::map<std::string, std::string> files;  // stored whole, by name
 };
 
 class VirtualPrinter {
@@ -43,6 +48,15 @@ class VirtualPrinter {
   struct Options {
     // "ADDRESS:PORT"; port 0 is any free one. Empty: no TCP.
     std::string tcp = "127.0.0.1:0";
+    // Makes a pseudo-terminal, and a symbolic link to it when pty_link is not
+    // empty. Not on Windows.
+    bool pty = false;
+    std::string pty_link;
+    // Where the printer's memory is kept; empty: nowhere. Read at the start if
+    // it is there, replaced after every change, before the answer goes out.
+    std::filesystem::path state_file;
+    // Ordered before the first client comes; see order_fault.
+    std::vector<std::string> faults;
     // Local time; empty: the system's.
     Clock clock;
     // Called on the printer's thread with every line of paper as it appears.
@@ -50,8 +64,9 @@ class VirtualPrinter {
     std::function<void(const std::string& line)> on_paper;
   };
 
-  // Throws std::runtime_error when an address cannot be listened on,
-  // std::invalid_argument when it is none.
+  // Throws std::runtime_error when an address cannot be listened on or the
+  // state file holds no state,
+  // std::invalid_argument when it is none or a fault is none.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);
   VirtualPrinter(const VirtualPrinter&) = delete;
@@ -61,6 +76,9 @@ class VirtualPrinter {
 
   // The port that is listened on; 0 without TCP.
   std::uint16_t tcp_port() const;
+
+  // The device that a serial client opens; empty without a pseudo-terminal.
+  std::string pty_path() const;
 
   Snapshot snapshot() const;
   std::vector<std::string> paper() const;
@@ -73,6 +91,10 @@ class VirtualPrinter {
       const std::function<bool(const Snapshot&)>& condition,
       std::chrono::milliseconds limit = std::chrono::seconds(10)) const;
 
+  // While held, the printer reads nothing from its clients: what they send
+  // stays
+  // in the wires until those are full.
+  void hold_input(bool hold);
   void set_online(bool online);
   // Lines that cannot be printed wait until the paper is back.
   void set_paper_out(bool out);
@@ -80,6 +102,12 @@ class VirtualPrinter {
   void set_mechanism_error(bool error);
   // Refuses the next command, whatever it is, with the given error number.
   void refuse_next(int error);
+  // Lets the printer misbehave as faults.h explains, for example
+  // "book-other=-100@document=2" or "cut@byte=57". Faults add up until they are
+  // cleared; paper that ran out stays out until set_paper_out(false). Throws
+  // std::invalid_argument when the text is no fault.
+  void order_fault(const std::string& fault);
+  void clear_faults();
 
  private:
   class Engine;

@@ -36,11 +36,13 @@ def count_test(test, reports):
         if status != "run" and failed == 0:
             failed = 1
         return passed, failed, skipped
-    if status == "run":
-        return 1, 0, 0
-    if status in ("notrun", "disabled") and test.find("failure") is None:
-        return 0, 0, 1
-    return 0, 1, 0
+    return {"run": (1, 0, 0), "disabled": (0, 0, 1)}.get(status, (0, 1, 0))
+
+
+def count_run(junit, reports):
+    """The (passed, failed, skipped) cases of a whole run."""
+    tests = xml.etree.ElementTree.parse(junit).iter("testcase")
+    return tuple(map(sum, zip((0, 0, 0), *(count_test(test, reports) for test in tests))))
 
 
 def main():
@@ -49,11 +51,7 @@ def main():
     parser.add_argument("reports", type=pathlib.Path, help="folder of the GoogleTest reports")
     arguments = parser.parse_args()
 
-    total = [0, 0, 0]
-    for test in xml.etree.ElementTree.parse(arguments.junit).iter("testcase"):
-        for index, count in enumerate(count_test(test, arguments.reports)):
-            total[index] += count
-    print(*total)
+    print(*count_run(arguments.junit, arguments.reports))
 
 
 if __name__ == "__main__":

@@ -12,7 +12,9 @@ std::string pay(Device& device, Request& request) {
   payment.number = request.fields.integer('\r');
   payment.quantity = request.fields.text();
   request.fields.finish();
-  if (payment.amount <= 0 || payment.amount > kMaxAmount ||
+  constexpr std::size_t kMaxPayments = 1000;
+  if (device.document->payments.size() == kMaxPayments || payment.amount <= 0 ||
+      payment.amount > kMaxAmount ||
       device.document->paid() + payment.amount > kMaxAmount) {
     throw Refusal(kBadPayment);
   }

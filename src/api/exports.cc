@@ -21,7 +21,6 @@
 
 namespace {
 
-using quilon::BaseComm;
 using quilon::OnlineFDev;
 
 constexpr int32_t kFailed = 0;

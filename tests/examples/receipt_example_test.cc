@@ -180,9 +180,20 @@ TEST(Receipt, SaysThatThereIsNoPrinter) {
   EXPECT_THAT(run.output, StartsWith("receipt: no printer at 127.0.0.1"));
 }
 
+TEST(Receipt, SaysThatThereIsNoSerialPort) {
+  for (const char* arguments :
+       {"--serial NOPORT 9600", "--serial NOPORT 9600 threaded"}) {
+    const Result run = RunReceipt(arguments);
+    EXPECT_FALSE(run.succeeded);
+    EXPECT_THAT(run.output, StartsWith("receipt: no printer at NOPORT, "));
+  }
+}
+
 TEST(Receipt, RefusesSenselessArguments) {
-  for (const char* arguments : {"", "127.0.0.1", "127.0.0.1 0",
-                                "127.0.0.1 65536", "127.0.0.1 x", "1 2 3 4"}) {
+  for (const char* arguments :
+       {"", "127.0.0.1", "127.0.0.1 0", "127.0.0.1 65536", "127.0.0.1 x",
+        "1 2 3 4", "--serial", "--serial COM7", "--serial COM7 0",
+        "--serial COM7 fast", "--serial COM7 9600 threaded log 5"}) {
     const Result run = RunReceipt(arguments);
     EXPECT_FALSE(run.succeeded) << arguments;
     EXPECT_THAT(run.output, Not(IsEmpty())) << arguments;

@@ -43,8 +43,14 @@ struct Bench {
   Line line{device,
             [this](const std::string& body) { frames.push_back(body); }};
 
+  // Sends bytes as they are; returns the answer.
+  std::string hear(std::string_view bytes) {
+    return line.receive(bytes).answer;
+  }
   // Sends a command with its checksum; returns the answer.
-  std::string send(std::string_view body) { return line.receive(framed(body)); }
+  std::string send(std::string_view body) {
+    return line.receive(framed(body)).answer;
+  }
 
   // Sends a command and returns the error number with which it was refused, 0
   // when it was accepted.

@@ -11,7 +11,7 @@ namespace {
 
 int verdict_on_bytes(const std::string& bytes) {
   Bench bench;
-  bench.line.receive(bytes);
+  bench.hear(bytes);
   return bench.device.error;
 }
 

@@ -12,28 +12,28 @@ constexpr const char* kEnqByte = "\x05";
 
 TEST(Dle, TellsOnlinePaperAndMechanism) {
   Bench bench;
-  EXPECT_EQ(bench.line.receive(kDleByte), "\x74");
+  EXPECT_EQ(bench.hear(kDleByte), "\x74");
   bench.device.paper.run_out();
-  EXPECT_EQ(bench.line.receive(kDleByte), "\x76");
+  EXPECT_EQ(bench.hear(kDleByte), "\x76");
   bench.device.paper.refill();
   bench.device.mechanism_error = true;
-  EXPECT_EQ(bench.line.receive(kDleByte), "\x75");
+  EXPECT_EQ(bench.hear(kDleByte), "\x75");
   bench.device.mechanism_error = false;
   bench.device.online = false;
-  EXPECT_EQ(bench.line.receive(kDleByte), "\x70");
+  EXPECT_EQ(bench.hear(kDleByte), "\x70");
 }
 
 // 0x60 and bit 3 fiscal, bit 2 last command OK, bit 1 document open, bit 0 last
 // document closed properly
 TEST(Enq, FollowsTheDocument) {
   Bench bench;
-  EXPECT_EQ(bench.line.receive(kEnqByte), "\x6D");
+  EXPECT_EQ(bench.hear(kEnqByte), "\x6D");
   bench.send("0;0;0;1;0$h\r");
-  EXPECT_EQ(bench.line.receive(kEnqByte), "\x6E");
+  EXPECT_EQ(bench.hear(kEnqByte), "\x6E");
   bench.send("0;0;0;1;0$h\r");
-  EXPECT_EQ(bench.line.receive(kEnqByte), "\x6A");
+  EXPECT_EQ(bench.hear(kEnqByte), "\x6A");
   bench.send("0$e");
-  EXPECT_EQ(bench.line.receive(kEnqByte), "\x6C");
+  EXPECT_EQ(bench.hear(kEnqByte), "\x6C");
 }
 
 TEST(Sub, IsAnsweredWithTheExtendedStatus) {
@@ -42,18 +42,18 @@ TEST(Sub, IsAnsweredWithTheExtendedStatus) {
   // Error, receipts, invoices; flags: bit 7 fiscal, bit 5 last document closed,
   // bit 0 online = A1
   const std::string body = "@s1022/0/0/000000A1";
-  EXPECT_EQ(bench.line.receive("\x1A"), framed(body));
+  EXPECT_EQ(bench.hear("\x1A"), framed(body));
 }
 
 TEST(ErrorQuery, TellsTheLastErrorAndLeavesIt) {
   Bench bench;
-  EXPECT_EQ(bench.line.receive(bare("#n")), framed("#E0/"));
+  EXPECT_EQ(bench.hear(bare("#n")), framed("#E0/"));
   bench.send("1$Q");
-  EXPECT_EQ(bench.line.receive(bare("#n")), framed("#E1022/"));
-  EXPECT_EQ(bench.line.receive(framed("#n")), framed("#E1022/"));
-  EXPECT_EQ(bench.line.receive(kEnqByte), "\x69");
+  EXPECT_EQ(bench.hear(bare("#n")), framed("#E1022/"));
+  EXPECT_EQ(bench.hear(framed("#n")), framed("#E1022/"));
+  EXPECT_EQ(bench.hear(kEnqByte), "\x69");
   bench.send("0;0;0;1;0$h\r");
-  EXPECT_EQ(bench.line.receive(bare("#n")), framed("#E0/"));
+  EXPECT_EQ(bench.hear(bare("#n")), framed("#E0/"));
 }
 
 TEST(Switches, RefuseWhatThePrinterCannotDo) {
@@ -68,7 +68,7 @@ TEST(Switches, RefuseWhatThePrinterCannotDo) {
   EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), kBusy);
   bench.device.online = true;
   bench.device.next_refusal = 1054;
-  EXPECT_EQ(bench.line.receive(bare("#n")), framed("#E1034/"));
+  EXPECT_EQ(bench.hear(bare("#n")), framed("#E1034/"));
   EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), 1054);
   EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), 0);
 }
@@ -78,7 +78,7 @@ TEST(Paper, WaitsForTheRollToBeRefilled) {
   bench.device.paper.run_out_after(1);
   bench.send("0;1;0;1;0$hfirst\r\r");
   EXPECT_EQ(bench.new_paper().size(), 1U);
-  EXPECT_EQ(bench.line.receive(kDleByte), "\x76");
+  EXPECT_EQ(bench.hear(kDleByte), "\x76");
   bench.device.paper.refill();
   const auto paper = bench.new_paper();
   ASSERT_EQ(paper.size(), 1U);

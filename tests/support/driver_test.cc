@@ -21,6 +21,10 @@ LastErrorRecord LastError() {
 void DriverTest::SetUp() {
   ASSERT_EQ(quil_init(0), 1);
   Connect();
+  // The totals comparison belongs to the process: forget an earlier test's.
+  DocumentShortEnd forget = {};
+  ASSERT_EQ(Ioctl(QUIL_DOCUMENT_SHORT_END, &forget), 0);
+  ASSERT_EQ(peer_.ReceiveFrame(), "\x1BP0$e8e\x1B\\");
 }
 
 void DriverTest::TearDown() { EXPECT_EQ(quil_close(), 1); }
@@ -47,6 +51,13 @@ std::string DriverTest::FrameOf(int32_t code, void* record) {
   NoteTested(code);
   return frame.substr(kStart.size(),
                       frame.size() - kStart.size() - kEnd.size());
+}
+
+std::string DriverTest::ClosingFrameOf(int32_t code, void* record) {
+  peer_.Send(kReady);
+  std::string frame = FrameOf(code, record);
+  EXPECT_EQ(peer_.Receive(2), "\x10\x05");
+  return frame;
 }
 
 std::string DriverTest::ByteOf(int32_t code) {

@@ -54,6 +54,10 @@ class DriverTest : public ::testing::Test {
   // "P" and ESC "\".
   std::string FrameOf(int32_t code, void* record = nullptr);
 
+  // As FrameOf, for a command that closes a document: the driver then asks for
+  // the printer's state, which is that it is ready.
+  std::string ClosingFrameOf(int32_t code, void* record);
+
   // Runs a command that sends a single byte, expects success and returns it.
   std::string ByteOf(int32_t code);
 

@@ -1,6 +1,7 @@
 #include "support/scripted_peer.h"
 
 #include <array>
+#include <boost/asio.hpp>
 #include <chrono>
 #include <optional>
 
@@ -14,23 +15,29 @@ constexpr std::chrono::seconds kPatience{10};
 
 }  // namespace
 
-ScriptedPeer::ScriptedPeer()
-    : acceptor_(context_, {asio::ip::address_v4::loopback(), 0}),
-      socket_(context_) {}
+struct ScriptedPeer::Network {
+  asio::io_context context;
+  tcp::acceptor acceptor{context, {asio::ip::address_v4::loopback(), 0}};
+  tcp::socket socket{context};
+};
+
+ScriptedPeer::ScriptedPeer() : network_(std::make_unique<Network>()) {}
+
+ScriptedPeer::~ScriptedPeer() = default;
 
 uint16_t ScriptedPeer::port() const {
-  return acceptor_.local_endpoint().port();
+  return network_->acceptor.local_endpoint().port();
 }
 
 void ScriptedPeer::Accept() {
-  socket_ = acceptor_.accept();
-  socket_.set_option(tcp::no_delay(true));
+  network_->socket = network_->acceptor.accept();
+  network_->socket.set_option(tcp::no_delay(true));
   received_.clear();
   closed_by_peer_ = false;
 }
 
 void ScriptedPeer::Send(std::string_view bytes) {
-  asio::write(socket_, asio::buffer(bytes));
+  asio::write(network_->socket, asio::buffer(bytes));
 }
 
 std::string ScriptedPeer::Receive(size_t count) {
@@ -53,7 +60,7 @@ bool ScriptedPeer::WaitForHangup() {
   return closed_by_peer_;
 }
 
-void ScriptedPeer::Hangup() { socket_.close(); }
+void ScriptedPeer::Hangup() { network_->socket.close(); }
 
 template <typename LengthWanted>
 std::string ScriptedPeer::Take(LengthWanted length_wanted) {
@@ -71,17 +78,17 @@ bool ScriptedPeer::ReadSome() {
   size_t length = 0;
   boost::system::error_code failure;
   bool done = false;
-  socket_.async_read_some(asio::buffer(chunk),
-                          [&](boost::system::error_code error, size_t count) {
-                            failure = error;
-                            length = count;
-                            done = true;
-                          });
-  context_.restart();
-  context_.run_for(kPatience);
+  network_->socket.async_read_some(
+      asio::buffer(chunk), [&](boost::system::error_code error, size_t count) {
+        failure = error;
+        length = count;
+        done = true;
+      });
+  network_->context.restart();
+  network_->context.run_for(kPatience);
   if (!done) {
-    socket_.cancel();
-    context_.run();
+    network_->socket.cancel();
+    network_->context.run();
     return false;
   }
   received_.append(chunk.data(), length);

@@ -4,9 +4,9 @@
 #ifndef QUILON_TESTS_SUPPORT_SCRIPTED_PEER_H_
 #define QUILON_TESTS_SUPPORT_SCRIPTED_PEER_H_
 
-#include <boost/asio.hpp>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -16,6 +16,9 @@ class ScriptedPeer {
  public:
   // Listens on a free loopback port.
   ScriptedPeer();
+  ~ScriptedPeer();
+  ScriptedPeer(const ScriptedPeer&) = delete;
+  ScriptedPeer& operator=(const ScriptedPeer&) = delete;
 
   uint16_t port() const;
 
@@ -48,9 +51,9 @@ class ScriptedPeer {
   // Reads once. Returns false when the connection or the patience ended.
   bool ReadSome();
 
-  boost::asio::io_context context_;
-  boost::asio::ip::tcp::acceptor acceptor_;
-  boost::asio::ip::tcp::socket socket_;
+  // Asio's headers take a compiler seconds, which every test would pay.
+  struct Network;
+  std::unique_ptr<Network> network_;
   std::string received_;
   bool closed_by_peer_ = false;
 };

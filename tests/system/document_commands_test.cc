@@ -187,7 +187,7 @@ TEST_F(DocumentCommandsTest, EndSendsRateCodeLinesAndAmounts) {
   end.first_amount = 2000;
   end.second_amount = 1999;
   end.third_amount = -50;
-  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_END, &end),
+  EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END, &end),
             Summed("1;23.50;2;0;2;0$eK01\rjeden\rdwa\r20/19.99/0.-50/"));
 }
 
@@ -195,7 +195,7 @@ TEST_F(DocumentCommandsTest, EndOfNothingSendsItsEmptyCode) {
   DocumentEnd end = {};
   // Nine "0", five ";" and three "/" leave one of each: FF ^ 30 ^ 3B ^ 2F ^ 24
   // ^ 65 ^ 0D is 97.
-  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_END, &end), "0;0;0;0;0;0$e\r0/0/0/97");
+  EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END, &end), "0;0;0;0;0;0$e\r0/0/0/97");
 }
 
 TEST_F(DocumentCommandsTest, EndSendsThreeLinesAtTheMost) {
@@ -206,7 +206,7 @@ TEST_F(DocumentCommandsTest, EndSendsThreeLinesAtTheMost) {
   Fill(std::string(41, '2'), end.extra_lines[1]);
   Fill(std::string(41, '3'), end.extra_lines[2]);
   end.rate = INT32_MIN;
-  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_END, &end),
+  EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END, &end),
             Summed("0;-21474836.-48;4;0;0;0$e" + std::string(33, 'k') + '\r' +
                    std::string(41, '1') + '\r' + std::string(41, '2') + '\r' +
                    std::string(41, '3') + "\r0/0/0/"));
@@ -250,6 +250,104 @@ TEST_F(DocumentCommandsTest, PaymentSendsQuantityTextOrValue) {
   Fill("12345678901", payment.quantity_text);
   EXPECT_EQ(FrameOf(QUIL_PAYMENT_6, &payment),
             Summed("6$d0.-1/-2147483648\r\r"));
+}
+
+TEST_F(DocumentCommandsTest, Header219BeginsWithOne) {
+  DocumentHeader header = {};
+  header.line_count = 1;
+  Fill("linia", header.lines[0]);
+  Fill("koniec", header.final_text);
+  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_HEADER_219, &header),
+            Summed("1;1;0;1;0$hlinia\rkoniec\r"));
+}
+
+TEST_F(DocumentCommandsTest, LinePHasANumberForAName) {
+  DocumentLineP line = {};
+  line.integer1 = 3;
+  line.integer2 = -14;
+  line.quantity = 250000000;
+  line.first_amount = 400;
+  line.second_amount = 1005;
+  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_LINE_P, &line),
+            Summed("3$l-14\r2.50000000\rP/4/10.05/"));
+  Fill("2,5", line.quantity_text);
+  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_LINE_P, &line),
+            Summed("3$l-14\r2,5\rP/4/10.05/"));
+  FillAll('9', line.quantity_text);
+  EXPECT_EQ(FrameOf(QUIL_DOCUMENT_LINE_P, &line),
+            Summed("3$l-14\r\rP/4/10.05/"));
+}
+
+TEST_F(DocumentCommandsTest, DollarN) {
+  DollarN record = {};
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_N, &record), Summed("0$n\r0/"));
+  record.integer = INT32_MIN;
+  Fill("\xB3", record.text);
+  record.amount = -150;
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_N, &record),
+            Summed("-2147483648$n\x92\r-1.-50/"));
+  const std::string full = FillAll('n', record.text);
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_N, &record),
+            Summed("-2147483648$n" + full + "\r-1.-50/"));
+}
+
+TEST_F(DocumentCommandsTest, DollarCapitalL) {
+  DollarCapitalL record = {{1, -2, 3}, 0, {105, -1}, "tekst"};
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_L, &record),
+            Summed("1;-2;3$L1.05/0.-1/tekst\r"));
+  record = {};
+  const std::string full = FillAll('L', record.text);
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_L, &record),
+            Summed("0;0;0$L0/0/" + full + "\r"));
+}
+
+TEST_F(DocumentCommandsTest, DollarCapitalY) {
+  DollarCapitalY record = {{7, INT32_MAX}, {100, 250}, "\xEA"};
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_Y, &record),
+            Summed("7;2147483647$Y1/2.50/\x91\r"));
+  record = {};
+  const std::string full = FillAll('Y', record.text);
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_Y, &record),
+            Summed("0;0$Y0/0/" + full + "\r"));
+}
+
+TEST_F(DocumentCommandsTest, DollarB) {
+  DollarB record = {{1, 2}, 1999, "\xD3"};
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_B, &record), Summed("1;2$b19.99/\xA3\r"));
+  record = {};
+  const std::string full = FillAll('b', record.text);
+  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_B, &record),
+            Summed("0;0$b0/" + full + "\r"));
+}
+
+TEST_F(DocumentCommandsTest, AtZSendsItsSecondTextAsItIs) {
+  AtZ record = {5, "\xB3", "\xB3", {}, {1, 200}};
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_Z, &record),
+            Summed("5;@z\x92\r\xB3\r0.01/2/"));
+  record = {};
+  const std::string full = FillAll('z', record.text);
+  const std::string raw = FillAll('r', record.raw_text);
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_Z, &record),
+            Summed("0;@z" + full + '\r' + raw + "\r0/0/"));
+}
+
+TEST_F(DocumentCommandsTest, AtEByItsMode) {
+  AtE record = {"e-paragon", 0, 11, 22, 33};
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record), Summed("@ee-paragon\r"));
+  record.mode = -2;
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record), Summed("-2;@ee-paragon\r"));
+  record.mode = 3;
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record),
+            Summed("3;11;22;@ee-paragon\r33/22/"));
+  record.integer1 = 0;
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record),
+            Summed("3;0;22;@ee-paragon\r22/"));
+  record.integer2 = 0;
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record), Summed("3;0;0;@ee-paragon\r"));
+  record.integer1 = -1;
+  const std::string full = FillAll('e', record.text);
+  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record),
+            Summed("3;-1;0;@e" + full + "\r33/"));
 }
 
 TEST_F(DocumentCommandsTest, TextsAreUtf8WhenTheApplicationSaysSo) {

@@ -1,6 +1,7 @@
 // The communication log through the exports.
 #include <cerrno>
 #include <filesystem>
+#include <sstream>
 #include <thread>
 
 #include "support/driver_test.h"
@@ -99,14 +100,15 @@ TEST_F(LogTest, LogsTheTimeOutOfAStatusByte) {
   EXPECT_EQ(Ioctl(QUIL_READ_DLE, &dle), -1);
   const Strings body = Body();
   ASSERT_EQ(body.size(), 1U);
-  // Start, now and the time-out, in milliseconds.
-  unsigned long start = 0;
-  unsigned long now = 0;
-  unsigned long timeout = 0;
-  ASSERT_EQ(std::sscanf(body[0].c_str(), "MSG READ TIMEOUT! %lu %lu %lu",
-                        &start, &now, &timeout),
-            3)
-      << body[0];
+  constexpr std::string_view kText = "MSG READ TIMEOUT! ";
+  ASSERT_TRUE(body[0].starts_with(kText)) << body[0];
+  std::istringstream numbers(body[0].substr(kText.size()));
+  // In milliseconds.
+  uint32_t start = 0;
+  uint32_t now = 0;
+  uint32_t timeout = 0;
+  numbers >> start >> now >> timeout;
+  ASSERT_TRUE(numbers.eof() && !numbers.fail()) << body[0];
   EXPECT_EQ(timeout, kReplyTimeout);
   EXPECT_GT(now - start, timeout);
 }

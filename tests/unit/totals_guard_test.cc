@@ -13,9 +13,9 @@ constexpr int64_t kMin = std::numeric_limits<int64_t>::min();
 
 TEST(PercentOfTest, RoundsPositiveProductsHalfUp) {
   EXPECT_EQ(percentOf(1000, 2350), 235);
-  EXPECT_EQ(percentOf(999, 5005), 500);   // 4999995 leaves 9995
-  EXPECT_EQ(percentOf(1, 5000), 1);       // 5000 leaves 5000
-  EXPECT_EQ(percentOf(1, 4999), 0);       // 4999
+  EXPECT_EQ(percentOf(999, 5005), 500);  // 4999995 leaves 9995
+  EXPECT_EQ(percentOf(1, 5000), 1);      // 5000 leaves 5000
+  EXPECT_EQ(percentOf(1, 4999), 0);      // 4999
   EXPECT_EQ(percentOf(0, 10000), 0);
   EXPECT_EQ(percentOf(12345, 10000), 12345);
 }
@@ -49,10 +49,10 @@ TEST(ExpectedTotalTest, FollowsTheMode) {
   const Row rows[] = {
       {0, 100, 5, 77, 105},
       {0, -1, 0, 0, -1},
-      {1, 100, 1000, 2350, 865},        // 1100 - 235
-      {1, 100, -1000, 2350, -665},      // -900 + 235
-      {2, 100, 1000, 2350, 1335},       // 1100 + 235
-      {2, 100, 999, 5005, 1599},        // 1099 + 500
+      {1, 100, 1000, 2350, 865},    // 1100 - 235
+      {1, 100, -1000, 2350, -665},  // -900 + 235
+      {2, 100, 1000, 2350, 1335},   // 1100 + 235
+      {2, 100, 999, 5005, 1599},    // 1099 + 500
       {3, 100, 1000, 250, 850},
       {3, 100, 1000, -250, 1350},
       {4, 100, 1000, 250, 1350},
@@ -60,7 +60,7 @@ TEST(ExpectedTotalTest, FollowsTheMode) {
       {5, 100, 1000, 250, std::nullopt},
       {-1, 100, 1000, 250, std::nullopt},
       {INT32_MAX, 100, 1000, 250, std::nullopt},
-      {0, kMax, 1, 0, kMin},            // sums wrap
+      {0, kMax, 1, 0, kMin},  // sums wrap
       {4, kMax, 0, 1, kMin},
       {3, kMin, 0, 1, kMax},
       {0, kMin, kMin, 0, 0},
@@ -86,11 +86,11 @@ std::optional<int64_t> OfEnd(int32_t rate, int32_t fifth, int64_t value) {
 TEST(ExpectedTotalTest, OfAnEndFollowsRateAndFifthParameter) {
   EXPECT_EQ(OfEnd(0, 0, 5000), 1100);
   EXPECT_EQ(OfEnd(0, 1, 2350), 865);
-  EXPECT_EQ(OfEnd(2350, 0, 0), 865);      // no third amount: the rate
+  EXPECT_EQ(OfEnd(2350, 0, 0), 865);  // no third amount: the rate
   EXPECT_EQ(OfEnd(2350, 0, -1), 865);
   EXPECT_EQ(OfEnd(2350, 1, 1000), 1000);  // 1100 - 100
   EXPECT_EQ(OfEnd(2350, 2, 1000), 1000);
-  EXPECT_EQ(OfEnd(-2350, 7, 0), 1335);    // 1100 + 235
+  EXPECT_EQ(OfEnd(-2350, 7, 0), 1335);  // 1100 + 235
   EXPECT_EQ(OfEnd(0, 1, 0), 1100);
   EXPECT_EQ(OfEnd(0, 2, 2350), 1335);
   EXPECT_EQ(OfEnd(0, 2, -2350), 865);

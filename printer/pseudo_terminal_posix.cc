@@ -1,0 +1,142 @@
+#include <fcntl.h>
+#include <poll.h>
+#include <stdlib.h>  // NOLINT(modernize-deprecated-headers): posix_openpt and its kin
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <boost/asio/posix/stream_descriptor.hpp>
+#include <boost/asio/steady_timer.hpp>
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "printer/pseudo_terminal.h"
+
+namespace quilon::printer {
+namespace {
+
+void check(bool done, const char* what) {
+  if (!done) {
+    throw std::system_error(errno, std::generic_category(), what);
+  }
+}
+
+// A link that appears at once in its place, whatever link stood there.
+class Link {
+ public:
+  Link(std::filesystem::path link, const std::string& target)
+      : link_(std::move(link)) {
+    if (link_.empty()) {
+      return;
+    }
+    const auto found = std::filesystem::symlink_status(link_);
+    if (std::filesystem::exists(found) && !std::filesystem::is_symlink(found)) {
+      throw std::system_error(std::make_error_code(std::errc::file_exists),
+                              link_.string());
+    }
+    const std::filesystem::path fresh = link_.string() + ".new";
+    std::filesystem::remove(fresh);
+    std::filesystem::create_symlink(target, fresh);
+    std::filesystem::rename(fresh, link_);
+  }
+  Link(const Link&) = delete;
+  Link& operator=(const Link&) = delete;
+  ~Link() {
+    std::error_code ignored;
+    if (!link_.empty()) {
+      std::filesystem::remove(link_, ignored);
+    }
+  }
+
+ private:
+  std::filesystem::path link_;
+};
+
+using Master = boost::asio::posix::stream_descriptor;
+
+class PosixPseudoTerminal : public PseudoTerminal {
+ public:
+  PosixPseudoTerminal(boost::asio::io_context& context, Gate& gate,
+                      std::function<Receiver()> new_receiver,
+                      const std::string& link)
+      : master_(std::make_shared<Master>(context, open_master())),
+        pause_(context),
+        gate_(gate),
+        new_receiver_(std::move(new_receiver)),
+        path_(slave_path()),
+        link_(link, path_) {
+    make_raw();
+    serve();
+  }
+
+  const std::string& path() const override { return path_; }
+
+ private:
+  static int open_master() {
+    const int master = posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC);
+    check(master >= 0, "posix_openpt");
+    return master;
+  }
+
+  std::string slave_path() {
+    check(grantpt(master_->native_handle()) == 0, "grantpt");
+    check(unlockpt(master_->native_handle()) == 0, "unlockpt");
+    std::array<char, 128> path{};
+    check(ptsname_r(master_->native_handle(), path.data(), path.size()) == 0,
+          "ptsname_r");
+    return path.data();
+  }
+
+  void make_raw() {
+    termios state{};
+    check(tcgetattr(master_->native_handle(), &state) == 0, "tcgetattr");
+    cfmakeraw(&state);
+    check(tcsetattr(master_->native_handle(), TCSANOW, &state) == 0,
+          "tcsetattr");
+  }
+
+  void serve() {
+    std::make_shared<Session<Master>>(master_, gate_, new_receiver_(), [this] {
+      wait_for_client();
+    })->read();
+  }
+
+  // Without a client at the other end every read fails at once, so the line is
+  // looked at from time to time.
+  void wait_for_client() {
+    pollfd line{master_->native_handle(), POLLIN, 0};
+    const bool hung_up = poll(&line, 1, 0) == 1 &&
+                         (line.revents & (POLLHUP | POLLIN)) == POLLHUP;
+    if (!hung_up) {
+      serve();
+      return;
+    }
+    pause_.expires_after(std::chrono::milliseconds(5));
+    pause_.async_wait([this](const boost::system::error_code& failure) {
+      if (!failure) {
+        wait_for_client();
+      }
+    });
+  }
+
+  std::shared_ptr<Master> master_;
+  boost::asio::steady_timer pause_;
+  Gate& gate_;
+  std::function<Receiver()> new_receiver_;
+  std::string path_;
+  Link link_;
+};
+
+}  // namespace
+
+std::unique_ptr<PseudoTerminal> make_pseudo_terminal(
+    boost::asio::io_context& context, Gate& gate,
+    std::function<Receiver()> new_receiver, const std::string& link) {
+  return std::make_unique<PosixPseudoTerminal>(context, gate,
+                                               std::move(new_receiver), link);
+}
+
+}  // namespace quilon::printer

@@ -1,0 +1,91 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/printer/bench.h"
+
+namespace quilon::printer {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct Slip : testing::Test, Bench {};
+
+constexpr const char* kBegin = "0;200;0;0;0;$w\r";
+
+// The printout with which a driver shows that it works.
+TEST_F(Slip, ASelfTestStandsOnPaper) {
+  hear(
+      bare("2$d\f\r\nWersja sterownika: \r\nQUILON DLL 1.450\r\nWersja urz\x86"
+           "dzenia: \r\nQuilon Virtual 1.00\r\n"));
+  EXPECT_EQ(device.display.lines()[2], "QUILON DLL 1.450");
+  hear(bare("3$d"));
+  EXPECT_EQ(device.display.lines()[2], "");
+  EXPECT_EQ(verdict(kBegin), 0);
+  for (const char* text :
+       {"Wydruk testowy", "Wersja sterownika: QUILON DLL 1.450",
+        "Port komunikacyjny: TCP/IP",
+        "Nazwa urz\x86"
+        "dzenia: Quilon Virtual",
+        "Wersja: 1.00", "Numer unikatowy:  QVP0000000001",
+        "Pojemno\x9E\x8D PM:  30000",
+        "Ilo\x9E\x8D wolnego miejsca w PM:  30000"}) {
+    EXPECT_EQ(verdict(std::string("200;0;0;0;0;0;0$w") + text + "\r"), 0);
+  }
+  EXPECT_EQ(verdict("1;200;0;0$w"), 0);
+  EXPECT_THAT(new_paper(),
+              ElementsAre("            # NIEFISKALNY #",               //
+                          "Wydruk testowy",                            //
+                          "Wersja sterownika: QUILON DLL 1.450",       //
+                          "Port komunikacyjny: TCP/IP",                //
+                          "Nazwa urządzenia: Quilon Virtual",          //
+                          "Wersja: 1.00",                              //
+                          "Numer unikatowy:  QVP0000000001",           //
+                          "Pojemność PM:  30000",                      //
+                          "Ilość wolnego miejsca w PM:  30000",        //
+                          "            # NIEFISKALNY #",               //
+                          "                        2024-01-31 12:05",  //
+                          ""));
+}
+
+TEST_F(Slip, HasAHeaderSeveralLinesAndAClosingText) {
+  EXPECT_EQ(verdict("0;200;1;2;1;5$wNag\x92\xA2wek\r"), 0);
+  EXPECT_EQ(verdict("200;1;2;3;4;5;6$wa\rb\rc\rd\re\rf\rg\rh\r"), 0);
+  EXPECT_EQ(verdict("200;1;2;3;4;5;6$w"), 0);
+  EXPECT_EQ(verdict("1;200;0;2;5$wkoniec\rjeden\rdwa\r;7"), 0);
+  EXPECT_THAT(
+      new_paper(),
+      ElementsAre("            # NIEFISKALNY #", "                Nagłówek",
+                  "a", "b", "c", "d", "e", "f", "g", "h", "jeden", "dwa",
+                  "koniec", "            # NIEFISKALNY #",
+                  "                        2024-01-31 12:05", ""));
+}
+
+TEST_F(Slip, RefusesWhatDoesNotBelongThere) {
+  EXPECT_EQ(verdict("200;0;0;0;0;0;0$wx\r"), kNoDocument);
+  EXPECT_EQ(verdict("1;200;0;0$w"), kNoDocument);
+  EXPECT_EQ(verdict("28;0$z"), kNoDocument);
+  EXPECT_EQ(verdict("0;200;0;0;2;$wheader\r"), kWrongFieldCount);
+  EXPECT_EQ(verdict("0;200;0;x;0;$w\r"), kBadParameter);
+  EXPECT_EQ(verdict(kBegin), 0);
+  new_paper();
+  EXPECT_EQ(verdict(kBegin), kForbiddenNow);
+  EXPECT_EQ(verdict("0;0;0;1;0$h\r"), kForbiddenNow);
+  EXPECT_EQ(verdict("0#r"), kForbiddenNow);
+  EXPECT_EQ(verdict("200;0;0;0;0;0;0$wa\rb\rc\rd\re\rf\rg\rh\ri\r"),
+            kWrongFieldCount);
+  EXPECT_EQ(verdict("1;200;0;4$w\r\r\r\r"), kBadParameter);
+  EXPECT_EQ(verdict("1;200;0;1$w"), kWrongFieldCount);
+  EXPECT_EQ(verdict("1;200;0;0$w;7"), kWrongFieldCount);
+  EXPECT_EQ(verdict("1;200;0;0;5$w"), kWrongFieldCount);
+  EXPECT_EQ(verdict("1;200;0;0;5$w;x"), kBadParameter);
+  EXPECT_THAT(new_paper(), IsEmpty());
+  EXPECT_EQ(verdict("1;200;0;0$w"), 0);
+  EXPECT_EQ(verdict("0;0;0;1;0$h\r"), 0);
+  EXPECT_EQ(verdict(kBegin), kForbiddenNow);
+}
+
+}  // namespace
+}  // namespace quilon::printer
