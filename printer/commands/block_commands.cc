@@ -29,7 +29,7 @@ void counters(const Device& device, Answer& answer) {
 }
 
 void communication_port(const Device& /*device*/, Answer& answer) {
-  answer.text("TCP/IP");
+  answer.text("TCP");
 }
 
 // Five texts, four numbers
