@@ -37,6 +37,14 @@ def rows(figures):
     yield ("DLE and ENQ through `quil_ioctrl` over loopback TCP", f"{1e9 / driver:,.0f} /s",
            f"{1e9 / bare:,.0f} /s, ratio {bare / driver:.2f}", "at least 0.90", bare / driver >= 0.90)
 
+    driver, bare = figures.nanoseconds("IdentityThroughDriver"), figures.nanoseconds("IdentityBare")
+    yield ("an answer of 24 fields asked for and read, codes 8 and 27", f"{1e9 / driver:,.0f} /s",
+           f"{1e9 / bare:,.0f} /s, ratio {bare / driver:.2f}", "", None)
+
+    driver, bare = figures.nanoseconds("FileThroughDriver"), figures.nanoseconds("FileBare")
+    yield ("a file of 64 KiB sent, code 39", f"{driver / 1e6:.2f} ms",
+           f"{bare / 1e6:.2f} ms, ratio {driver / bare:.2f}", "", None)
+
     frame, allocations = figures.nanoseconds("BuildLineFrame"), figures.counter("BuildLineFrame", "allocations")
     yield ("building the frame of a document line", f"{frame:,.0f} ns, {allocations:.0f} allocations", "",
            "under 1 µs, 0 allocations", frame < 1000 and allocations == 0)

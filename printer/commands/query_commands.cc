@@ -127,8 +127,8 @@ std::string tell_last_report(Device& device, Request& request) {
       .finish();
 }
 
-// "@PMI" number "/" three numbers, each "/" -> "@PMD" the three numbers, error,
-// the first number, printouts kept, label of the memory
+// parameter "@PMI" number "/" three numbers, each "/" -> "@PMD" the three
+// numbers, error, the first number, printouts kept, label of the memory
 std::string tell_protected_memory(Device& device, Request& request) {
   const std::string& number = request.values[0];
   if (number.empty() ||

@@ -92,16 +92,17 @@ int32_t BaseFDev::ReadByte(uint8_t* byte) {
     return 0;
   }
   uint32_t start = ClockMilliseconds();
+  uint32_t now = start;
   int32_t count = 0;
   while (count == 0) {
     if (transport_->Read(byte, 1) > 0) {
       ++count;
-      start = ClockMilliseconds();
+      start = now;  // the time-out begins anew
       LogDiagnostic("READ 1");
     } else {
       SleepMilliseconds(kPollPause);
+      now = ClockMilliseconds();
     }
-    const uint32_t now = ClockMilliseconds();
     if (Elapsed(start, now, reply_timeout_)) {
       char text[64];
       std::snprintf(
@@ -141,16 +142,18 @@ bool BaseFDev::ReadPacketBytes() {
   uint32_t start = ClockMilliseconds();
   while (reply_.bytes().size() < Reply::kMaxLength) {
     uint8_t byte = 0;
-    if (ReadByte(&byte) == 1) {
+    const bool came = ReadByte(&byte) == 1;
+    const uint32_t now = ClockMilliseconds();
+    if (came) {
       LogDiagnostic("READ 1..");
       reply_.Append(static_cast<char>(byte));
-      start = ClockMilliseconds();
+      start = now;
       if (byte == '\\') {
         LogDiagnostic("READ PACKET END 1");
         return true;
       }
     }
-    if (Elapsed(start, ClockMilliseconds(), reply_timeout_)) {
+    if (Elapsed(start, now, reply_timeout_)) {
       LogDiagnostic("READ TIMEOUT 1!");
       return true;
     }

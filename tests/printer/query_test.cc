@@ -61,10 +61,10 @@ TEST_F(Query, LogProcessesAndReportsAreTold) {
   EXPECT_EQ(send("#LOG7/"), framed("#LOG2024-01-31 12:05\r7/"));
   EXPECT_EQ(send("?PROC"), framed("?PROCSERWER\rBEZCZYNNY\r100/0/"));
   EXPECT_EQ(send("12;1$o"), framed("#X1/0/0/2024-01-31 12:05\r"));
-  EXPECT_EQ(send("@PMI123456789012/1/2/3/"),
+  EXPECT_EQ(send("1@PMI123456789012/1/2/3/"),
             framed("@PMD1/2/3/0/123456789012\rPARAGONY 1\r0000001\r"));
   EXPECT_EQ(send("?e"), framed("?e1/0/"));
-  EXPECT_EQ(verdict("@PMIx/1/2/3/"), kBadParameter);
+  EXPECT_EQ(verdict("1@PMIx/1/2/3/"), kBadParameter);
 }
 
 TEST_F(Query, JournalHoldsThePaper) {

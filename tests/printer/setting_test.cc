@@ -63,7 +63,7 @@ TEST_F(Settings, ServiceUsbAndGroupAreReadBack) {
                                     "d; za/rok\r"));
 
   EXPECT_EQ(hear(bare("?usb")), framed("?usb\r\r\r\r0/0/\r\r\r\r"));
-  EXPECT_EQ(verdict("@usba\rb\rc\rd\r-1/2/e/f/g/h/"), 0);
+  EXPECT_EQ(verdict("1@usba\rb\rc\rd\r-1/2/e/f/g/h/"), 0);
   EXPECT_EQ(hear(bare("?usb")), framed("?usba\rb\rc\rd\r-1/2/e\rf\rg\rh\r"));
 
   EXPECT_EQ(send("$gtext\rmore/"), framed("$G1/text\r"));
