@@ -265,24 +265,33 @@ TEST_P(VerdictTest, PrinterThatDiesAtAnyByte) {
   }
 }
 
-TEST_P(VerdictTest, ConnectionThatBreaksAtAnyByte) {
-  if (GetParam().insists) {
-    GTEST_SKIP() << "asks for the totals without end, as its comment says";
-  }
+// Whole documents are not among these: they ask for the totals without end.
+class BreakTest : public VerdictTest {};
+
+TEST_P(BreakTest, ConnectionThatBreaksAtAnyByte) {
   const Size size = MeasureHonestPrint();
   for (int byte = 1; byte <= size.bytes; ++byte) {
     Run("cut@byte=" + std::to_string(byte));
   }
 }
 
+std::string NameOf(const ::testing::TestParamInfo<Document>& document) {
+  std::string name;
+  std::copy_if(document.param.name.begin(), document.param.name.end(),
+               std::back_inserter(name), ::isalnum);
+  return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(, VerdictTest, ::testing::ValuesIn(Documents()),
+                         NameOf);
 INSTANTIATE_TEST_SUITE_P(
-    , VerdictTest, ::testing::ValuesIn(Documents()),
-    [](const ::testing::TestParamInfo<Document>& document) {
-      std::string name;
-      std::copy_if(document.param.name.begin(), document.param.name.end(),
-                   std::back_inserter(name), ::isalnum);
-      return name;
-    });
+    , BreakTest,
+    ::testing::ValuesIn(Documents().begin(),
+                        std::find_if(Documents().begin(), Documents().end(),
+                                     [](const Document& document) {
+                                       return document.insists;
+                                     })),
+    NameOf);
 
 }  // namespace
 }  // namespace quilon::testing
