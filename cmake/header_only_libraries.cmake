@@ -21,7 +21,3 @@ if(WIN32)
   target_compile_definitions(header_only_libraries INTERFACE _WIN32_WINNT=0x0A00)
   target_link_libraries(header_only_libraries INTERFACE ws2_32 mswsock)
 endif()
-if(QUILON_SANITIZE MATCHES thread)
-  # ThreadSanitizer does not know Asio's memory fences; the mutexes beside them order the same memory.
-  target_compile_definitions(header_only_libraries INTERFACE BOOST_ASIO_DISABLE_FENCED_BLOCK)
-endif()

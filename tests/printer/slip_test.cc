@@ -18,17 +18,15 @@ constexpr const char* kBegin = "0;200;0;0;0;$w\r";
 // The printout with which a driver shows that it works.
 TEST_F(Slip, ASelfTestStandsOnPaper) {
   hear(
-      bare("2$d\f\r\nWersja sterownika: \r\nQUILON DLL 1.450\r\nWersja urz\x86"
-           "dzenia: \r\nQuilon Virtual 1.00\r\n"));
+      bare("2$d\f\r\nWersja sterownika: \r\nQUILON DLL 1.450\r\nWersja "
+           "urz\206dzenia: \r\nQuilon Virtual 1.00\r\n"));
   EXPECT_EQ(device.display.lines()[2], "QUILON DLL 1.450");
   hear(bare("3$d"));
   EXPECT_EQ(device.display.lines()[2], "");
   EXPECT_EQ(verdict(kBegin), 0);
   for (const char* text :
        {"Wydruk testowy", "Wersja sterownika: QUILON DLL 1.450",
-        "Port komunikacyjny: TCP",
-        "Nazwa urz\x86"
-        "dzenia: Quilon Virtual",
+        "Port komunikacyjny: TCP", "Nazwa urz\206dzenia: Quilon Virtual",
         "Wersja: 1.00", "Numer unikatowy:  QVP0000000001",
         "Pojemno\x9E\x8D PM:  30000",
         "Ilo\x9E\x8D wolnego miejsca w PM:  30000"}) {

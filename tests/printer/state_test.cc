@@ -35,9 +35,7 @@ class Folder {
 void use(Bench& bench) {
   for (const char* body :
        {"0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rB/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/",
-        "2024;12;31;23;59;58$c\r\r", "1$d",
-        "@SERWprzegl\x86"
-        "d\x01\x7F\xFF\r5/",
+        "2024;12;31;23;59;58$c\r\r", "1$d", "@SERWprzegl\206d\x01\x7F\xFF\r5/",
         "2;@EPARtwo\r1/2/3/s\r11/12/13/14/", "0;0@A1/2/plik\r5c\r",
         "0;0@A9/2/pending\r5c\r", "0;^F0/2/0/2/80\r7/", "243;1$r"}) {
     EXPECT_EQ(bench.verdict(body), 0) << body;
