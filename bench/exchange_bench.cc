@@ -1,115 +1,45 @@
 // Exchanges over loopback: through the driver, and by bare send and recv with
 // the same peer.
 #include <benchmark/benchmark.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-#include <unistd.h>
 
-#include <array>
 #include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <string>
 #include <vector>
 
+#include "bench/connection.h"
 #include "bench/peer.h"
+#include "bench/status_exchange.h"
 #include "quilon/quilon.h"
 
 namespace {
 
+using quilon::bench::BareConnection;
+using quilon::bench::Connection;
 using quilon::bench::kCommandOk;
+using quilon::bench::kDle;
+using quilon::bench::kEnq;
 using quilon::bench::kIdentity;
 using quilon::bench::kOnline;
-using quilon::bench::Peer;
+using quilon::bench::MeasureExchange;
 
-// The driver, connected to a peer.
-class Connection {
- public:
-  explicit Connection(benchmark::State& state) {
-    quil_init(0);
-    if (quil_open_tcpip("127.0.0.1", peer_.port()) != 1) {
-      state.SkipWithError("no connection");
-    }
-  }
-  ~Connection() { quil_close(); }
-  Connection(const Connection&) = delete;
-  Connection& operator=(const Connection&) = delete;
-
- private:
-  const Peer peer_;
-};
-
-// A bare socket, connected to a peer.
-class BareConnection {
- public:
-  explicit BareConnection(benchmark::State& state) {
-    sockaddr_in address = {};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(peer_.port());
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    const int on = 1;
-    if (connect(socket_, reinterpret_cast<sockaddr*>(&address),
-                sizeof(address)) != 0 ||
-        setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, &on, sizeof(on)) != 0) {
-      state.SkipWithError("no connection");
-    }
-  }
-  ~BareConnection() { close(socket_); }
-  BareConnection(const BareConnection&) = delete;
-  BareConnection& operator=(const BareConnection&) = delete;
-
-  bool Send(std::string_view request) const {
-    return send(socket_, request.data(), request.size(), 0) ==
-           static_cast<ssize_t>(request.size());
-  }
-
-  // Receives as many bytes as `answer` has and compares them.
-  bool Receive(std::string_view answer) {
-    size_t length = 0;
-    while (length < answer.size()) {
-      const ssize_t part =
-          recv(socket_, received_.data() + length, answer.size() - length, 0);
-      if (part <= 0) {
-        return false;
-      }
-      length += static_cast<size_t>(part);
-    }
-    return answer == std::string_view(received_.data(), length);
-  }
-
- private:
-  const Peer peer_;
-  const int socket_ = socket(AF_INET, SOCK_STREAM, 0);
-  std::array<char, 1024> received_ = {};
-};
-
-void StatusThroughDriver(benchmark::State& state) {
+void ExchangeThroughDriver(benchmark::State& state) {
   const Connection connection(state);
-  for ([[maybe_unused]] auto iteration : state) {
-    DleStatus dle = {};
-    EnqStatus enq = {};
-    const bool done = quil_ioctrl(QUIL_SEND_DLE, nullptr, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_READ_DLE, &dle, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_SEND_ENQ, nullptr, nullptr, 0) == 0 &&
-                      quil_ioctrl(QUIL_READ_ENQ, &enq, nullptr, 0) == 0;
-    if (!done || dle.online != 1 || enq.last_command_ok != 1) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
+  MeasureExchange(state);
 }
-BENCHMARK(StatusThroughDriver)->UseRealTime();
+BENCHMARK(ExchangeThroughDriver)->UseRealTime();
 
-void StatusBare(benchmark::State& state) {
+void ExchangeBare(benchmark::State& state) {
   BareConnection connection(state);
   for ([[maybe_unused]] auto iteration : state) {
-    if (!connection.Send("\x10") || !connection.Receive(kOnline) ||
-        !connection.Send("\x05") || !connection.Receive(kCommandOk)) {
+    if (!connection.Send({&kDle, 1}) || !connection.Receive({&kOnline, 1}) ||
+        !connection.Send({&kEnq, 1}) || !connection.Receive({&kCommandOk, 1})) {
       state.SkipWithError("a wrong answer");
     }
   }
 }
-BENCHMARK(StatusBare)->UseRealTime();
+BENCHMARK(ExchangeBare)->UseRealTime();
 
 void IdentityThroughDriver(benchmark::State& state) {
   const Connection connection(state);
@@ -172,8 +102,8 @@ void FileBare(benchmark::State& state) {
   BareConnection connection(state);
   for ([[maybe_unused]] auto iteration : state) {
     for (const std::string& frame : frames) {
-      if (!connection.Send(frame) || !connection.Send("\x05") ||
-          !connection.Receive(kCommandOk)) {
+      if (!connection.Send(frame) || !connection.Send({&kEnq, 1}) ||
+          !connection.Receive({&kCommandOk, 1})) {
         state.SkipWithError("a wrong answer");
       }
     }

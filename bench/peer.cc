@@ -4,21 +4,20 @@
 #include <boost/asio/write.hpp>
 #include <string>
 
+#include "bench/status_exchange.h"
+
 namespace quilon::bench {
 namespace {
 
 using boost::asio::ip::tcp;
 
 // The answer to a request that ends with `request`; empty for none.
-std::string_view AnswerTo(std::string_view request) {
-  constexpr std::string_view kIdentityRequest = "#s\x1B\\";
-  if (request.ends_with('\x10')) {
-    return kOnline;
+std::string AnswerToEnd(std::string_view request) {
+  if (request.ends_with(kDle) || request.ends_with(kEnq)) {
+    return {AnswerTo(request.back())};
   }
-  if (request.ends_with('\x05')) {
-    return kCommandOk;
-  }
-  return request.ends_with(kIdentityRequest) ? kIdentity : std::string_view();
+  return std::string(request.ends_with("#s\x1B\\") ? kIdentity
+                                                   : std::string_view());
 }
 
 }  // namespace
@@ -36,7 +35,7 @@ void Peer::Serve() {
   std::array<char, 4096> received = {};
   while (const size_t length =
              client.read_some(boost::asio::buffer(received), ended)) {
-    const std::string_view answer = AnswerTo({received.data(), length});
+    const std::string answer = AnswerToEnd({received.data(), length});
     if (!answer.empty()) {
       boost::asio::write(client, boost::asio::buffer(answer), ended);
     }

@@ -10,9 +10,7 @@
 
 namespace quilon::bench {
 
-// What the peer answers: to DLE, to ENQ and to an identity request.
-inline constexpr std::string_view kOnline = "\x74";
-inline constexpr std::string_view kCommandOk = "\x64";
+// What the peer answers to an identity request.
 inline constexpr std::string_view kIdentity =
     "\x1BP1#X1;2;3;4;5;5;6;7;8/0.09/10.00/11.11/0.12/13.00/14.00/15.00/16/"
     "17.17/18.00/19.00/20.00/21.00/22.22/23.00/24.00/ABC1234567890\x1B\\";

@@ -1,7 +1,7 @@
 # quilon_test(NAME SOURCES file... [LIBRARIES target...] [TIMEOUT seconds] [LAUNCHER command...])
 #
 # Makes a GoogleTest program and registers it as one test: starting Wine costs more than most cases take, so a program
-# runs all of its cases at once. It runs in the build folder and leaves its cases' results in reports/NAME.json. With
+# runs all of its cases at once. It runs in the build folder and leaves its cases' results in reports/NAME.xml. With
 # LAUNCHER it is that command which runs the program.
 function(quilon_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "TIMEOUT" "SOURCES;LIBRARIES;LAUNCHER")
@@ -24,5 +24,5 @@ function(quilon_test name)
   endif()
   add_test(NAME ${name} COMMAND ${command} WORKING_DIRECTORY ${CMAKE_BINARY_DIR})
   set_tests_properties(
-    ${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT GTEST_OUTPUT=json:reports/${name}.json)
+    ${name} PROPERTIES TIMEOUT ${arg_TIMEOUT} ENVIRONMENT GTEST_OUTPUT=xml:reports/${name}.xml)
 endfunction()

@@ -21,6 +21,12 @@ std::int32_t Request::integer(std::size_t index, std::int32_t low,
   return static_cast<std::int32_t>(*value);
 }
 
+void Request::check_integers(std::size_t first, std::size_t end) const {
+  for (std::size_t i = first; i < end; ++i) {
+    integer(i);
+  }
+}
+
 std::int64_t Request::number(std::size_t index) const {
   return *parse_integer(values.at(index));
 }

@@ -36,6 +36,10 @@ struct Request {
   // The same, and within [low, high].
   std::int32_t integer(std::size_t index, std::int32_t low,
                        std::int32_t high) const;
+  // Throws Refusal(kBadParameter) unless the parameters from the first to
+  // before the end, or to the last one, are whole numbers of 32 bits.
+  void check_integers(std::size_t first, std::size_t end) const;
+  void check_integers() const { check_integers(0, parameters.size()); }
   // A field that the shape made sure is a number.
   std::int64_t number(std::size_t index) const;
 };

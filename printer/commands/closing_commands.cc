@@ -47,12 +47,6 @@ std::vector<std::string> texts_of(const Request& request, std::size_t count) {
           request.values.begin() + static_cast<std::ptrdiff_t>(count)};
 }
 
-void check_integers(const Request& request, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    request.integer(i);
-  }
-}
-
 constexpr int kFirstForm = 6;
 constexpr int kSecondForm = 10;
 
@@ -86,7 +80,7 @@ std::string close_receipt(Device& device, Request& request) {
 // code text CR, extra lines, each text CR, three closing texts, each CR,
 // total "/" adjustment value "/"
 std::string close_invoice(Device& device, Request& request) {
-  check_integers(request, request.parameters.size());
+  request.check_integers();
   const std::size_t texts =
       static_cast<std::size_t>(request.integer(2, 0, 3)) + 4;
   request.integer(3, 0, 0);
@@ -106,7 +100,7 @@ std::string close_invoice(Device& device, Request& request) {
 // amounts, each "/", paid in the first form "/" in the second form "/" amount
 // "/"
 std::string close_with_totals(Device& device, Request& request) {
-  check_integers(request, request.parameters.size());
+  request.check_integers();
   request.integer(1, 0, 0);
   request.integer(2, 1, 1);
   constexpr std::size_t kTexts = 9;
@@ -139,7 +133,7 @@ std::string close_with_list(Device& device, Request& request) {
   constexpr std::int32_t kMaxEntries = 32;
   constexpr std::int32_t kMaxRates = 16;
   constexpr std::size_t kFixed = 11;
-  check_integers(request, kFixed);
+  request.check_integers(0, kFixed);
   const auto count = [&](std::size_t index, std::int32_t most) {
     return static_cast<std::size_t>(
         std::clamp(request.integer(index), 0, most));
@@ -154,7 +148,7 @@ std::string close_with_list(Device& device, Request& request) {
       !request.parameters.back().empty()) {
     throw Refusal(kWrongFieldCount);
   }
-  check_integers(request, kFixed + d);
+  request.check_integers(0, kFixed + d);
   const std::size_t texts = 3 + a + d + 2 * b + 2 * c;
   request.values = read_shape(
       request.fields, std::string(texts, 't') + std::string(5 + d, 'a') +

@@ -46,9 +46,7 @@ std::string begin_receipt(Device& device, Request& request) {
 // "$h" document number or text CR, lines, five buyer texts, two closing texts,
 // each CR
 std::string begin_invoice(Device& device, Request& request) {
-  for (std::size_t i = 0; i < request.parameters.size(); ++i) {
-    request.integer(i);
-  }
+  request.check_integers();
   const auto count = static_cast<std::size_t>(request.integer(1, 0, 8));
   request.integer(2, 1, 1);
   constexpr std::size_t kBuyerTexts = 5;
@@ -84,11 +82,8 @@ std::string cancel_document(Device& device, Request& request) {
 
 // Title, texts and amounts as the command's row says; they change no total
 std::string note(Device& device, Request& request) {
-  for (std::size_t i = 0; i < request.parameters.size(); ++i) {
-    if (!request.parameters[i].empty()) {
-      request.integer(i);
-    }
-  }
+  const bool closed = request.parameters.back().empty();
+  request.check_integers(0, request.parameters.size() - (closed ? 1 : 0));
   return print_note(device, request);
 }
 
@@ -97,11 +92,8 @@ std::string note(Device& device, Request& request) {
 std::string note_with_texts(Device& device, Request& request) {
   constexpr std::size_t kFirstText = 4;
   constexpr std::size_t kLastText = 6;
-  for (std::size_t i = 0; i < request.parameters.size(); ++i) {
-    if (i < kFirstText || i > kLastText) {
-      request.integer(i);
-    }
-  }
+  request.check_integers(0, kFirstText);
+  request.check_integers(kLastText + 1, request.parameters.size());
   return print_note(device, request);
 }
 

@@ -11,14 +11,6 @@
 namespace quilon::printer {
 namespace {
 
-// Parameters are whole numbers here; a text stands in for one where a date is
-// given digit by digit.
-void check_parameters(const Request& request) {
-  for (std::size_t i = 0; i < request.parameters.size(); ++i) {
-    request.integer(i);
-  }
-}
-
 std::string joined_parameters(const Request& request) {
   std::string joined;
   for (const std::string_view parameter : request.parameters) {
@@ -61,7 +53,7 @@ std::string repeated(std::int32_t count, char kind) {
 
 // Title, parameters and fields as the command's row says, in their order
 std::string print_form(Device& device, Request& request) {
-  check_parameters(request);
+  request.check_integers();
   Paper& paper = device.paper;
   paper.print_centered(request.title);
   if (!request.parameters.empty()) {
@@ -82,7 +74,7 @@ std::string print_note(Device& device, Request& request) {
 
 // "0#r", or "1;" day ";" month ";" year "#r"; then [text CR [text CR]]
 std::string print_daily_report(Device& device, Request& request) {
-  check_parameters(request);
+  request.check_integers();
   Paper& paper = device.paper;
   ++device.books.report_count;
   paper.print_centered(std::string(request.title) + " " +

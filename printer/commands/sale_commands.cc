@@ -123,9 +123,7 @@ void print_sale(Paper& paper, const Sale& sale) {
 }
 
 std::string add_sale(Device& device, Request& request, bool has_closing_text) {
-  for (std::size_t i = 0; i < request.parameters.size(); ++i) {
-    request.integer(i);
-  }
+  request.check_integers();
   const Sale sale = read_sale(request, has_closing_text);
   const std::int64_t booked = sale.adjustment.applied_to(sale.value);
   Document& document = *device.document;

@@ -39,9 +39,7 @@ constexpr std::size_t kLongestType = 3;
 
 // Parameters and fields as the command's row says
 std::string keep(Device& device, Request& request) {
-  for (std::size_t i = 0; i < request.parameters.size(); ++i) {
-    request.integer(i);
-  }
+  request.check_integers();
   return keep_unread(device, request);
 }
 

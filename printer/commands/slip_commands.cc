@@ -11,12 +11,6 @@ namespace {
 
 constexpr std::size_t kMaxSlipLines = 8;
 
-void check_integers(const Request& request, std::size_t count) {
-  for (std::size_t i = 0; i < count; ++i) {
-    request.integer(i);
-  }
-}
-
 std::vector<std::string> read_lines(Fields& fields, std::size_t most) {
   std::vector<std::string> lines;
   while (fields.rest().find('\r') != std::string_view::npos &&
@@ -45,7 +39,7 @@ void print_end(Device& device) {
 // "0;" kind ";" number ";" number ";" header flag ";" [number] "$w" [header]
 // CR. The header stands there only when the flag is 1.
 std::string begin_slip(Device& device, Request& request) {
-  check_integers(request, 5);
+  request.check_integers(0, 5);
   if (!request.parameters[5].empty()) {
     request.integer(5);
   }
@@ -65,7 +59,7 @@ std::string begin_slip(Device& device, Request& request) {
 
 // seven numbers "$w" up to eight lines, each text CR
 std::string print_slip_lines(Device& device, Request& request) {
-  check_integers(request, request.parameters.size());
+  request.check_integers();
   const std::vector<std::string> lines =
       read_lines(request.fields, kMaxSlipLines);
   request.fields.finish();
@@ -78,7 +72,7 @@ std::string print_slip_lines(Device& device, Request& request) {
 // closing text stands last.
 std::string end_slip(Device& device, Request& request) {
   constexpr std::int32_t kMaxLines = 3;
-  check_integers(request, request.parameters.size());
+  request.check_integers();
   const auto count = static_cast<std::size_t>(request.integer(3, 0, kMaxLines));
   std::vector<std::string> lines = read_lines(request.fields, count + 1);
   if (request.parameters.size() == 5) {

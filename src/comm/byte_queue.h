@@ -15,7 +15,7 @@ class ByteQueue {
  public:
   // A queue that nobody empties is full with this many bytes: what a fast line
   // carries in a quarter of an hour.
-  static constexpr size_t kCapacity = 16 * 1024 * 1024;
+  static constexpr size_t kCapacity = size_t{16} << 20;
 
   // Whether `count` more bytes fit. Push itself does not ask.
   bool HasRoom(size_t count) const;

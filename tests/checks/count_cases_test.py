@@ -1,7 +1,6 @@
 #!/usr/bin/python3
 """Tests how the cases of a test run are counted: nothing that failed may be lost."""
 
-import json
 import pathlib
 import sys
 import tempfile
@@ -10,10 +9,10 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 import count_cases
 
-PASSED = {"status": "RUN", "result": "COMPLETED"}
-FAILED = {"status": "RUN", "result": "COMPLETED", "failures": [{"failure": "1 is not 2"}]}
-SKIPPED = {"status": "RUN", "result": "SKIPPED"}
-DISABLED = {"status": "NOTRUN", "result": "SUPPRESSED"}
+PASSED = '<testcase status="run" result="completed"/>'
+FAILED = '<testcase status="run" result="completed"><failure message="1 is not 2 \xe9"/></testcase>'
+SKIPPED = '<testcase status="run" result="skipped"/>'
+DISABLED = '<testcase status="notrun" result="suppressed"/>'
 
 
 class CountCasesTest(unittest.TestCase):
@@ -25,8 +24,9 @@ class CountCasesTest(unittest.TestCase):
             tests = "".join(f'<testcase name="{name}" status="{status}"/>' for name, status in statuses.items())
             junit.write_text(f"<testsuite>{tests}</testsuite>", encoding="utf-8")
             for name, cases in reports.items():
-                report = {"testsuites": [{"testsuite": cases[:1]}, {"testsuite": cases[1:]}]}
-                pathlib.Path(folder, name + ".json").write_text(json.dumps(report), encoding="utf-8")
+                first, rest = cases[0], "".join(cases[1:])
+                report = f"<testsuites><testsuite>{first}</testsuite><testsuite>{rest}</testsuite></testsuites>"
+                pathlib.Path(folder, name + ".xml").write_text(report, encoding="latin-1")
             return count_cases.count_run(junit, pathlib.Path(folder))
 
     def test_no_tests(self):
@@ -42,6 +42,9 @@ class CountCasesTest(unittest.TestCase):
 
     def test_program_that_crashes_without_a_report(self):
         self.assertEqual(self.count({"a": "fail", "b": "run"}, {"b": [PASSED]}), (1, 1, 0))
+
+    def test_report_that_was_cut_short(self):
+        self.assertEqual(self.count({"a": "run", "b": "fail"}, {"a": ["<testcase"], "b": ["<testcase"]}), (0, 2, 0))
 
     def test_program_that_does_not_exist(self):
         self.assertEqual(self.count({"a": "notrun"}, {}), (0, 1, 0))

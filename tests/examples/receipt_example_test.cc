@@ -3,22 +3,18 @@
 #include <gtest/gtest.h>
 
 #include <boost/asio.hpp>
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <future>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "examples/receipt_program.h"
 #include "printer/virtual_printer.h"
 #include "support/scripted_peer.h"
 
 namespace {
 
 using quilon::printer::VirtualPrinter;
-using quilon::testing::ScriptedPeer;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
@@ -26,39 +22,12 @@ using ::testing::IsEmpty;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-constexpr char kOutput[] = "receipt_example_test.out";
-
-std::string ReadFile(const std::filesystem::path& path) {
-  std::ostringstream text;
-  text << std::ifstream(path).rdbuf();
-  return text.str();
-}
-
-struct Result {
-  bool succeeded;
-  std::string output;
-};
-
-Result RunReceipt(const std::string& arguments) {
-  const std::string command =
-      std::string(RECEIPT_PROGRAM) + " " + arguments + " > " + kOutput;
-  // NOLINTNEXTLINE(cert-env33-c): the command is this test's own.
-  const bool succeeded = std::system(command.c_str()) == 0;
-  return {succeeded, ReadFile(kOutput)};
-}
-
-std::string AddressOf(const VirtualPrinter& printer) {
-  return "127.0.0.1 " + std::to_string(printer.tcp_port());
-}
-
-VirtualPrinter::Options WithFixedTime() {
-  VirtualPrinter::Options options;
-  options.clock = [] {
-    using namespace std::chrono;
-    return local_days(year(2024) / January / 31) + hours(12) + minutes(5);
-  };
-  return options;
-}
+using quilon::testing::AddressOf;
+using quilon::testing::ReadFile;
+using quilon::testing::Result;
+using quilon::testing::RunReceipt;
+using quilon::testing::ScriptedPeer;
+using quilon::testing::WithFixedTime;
 
 TEST(Receipt, StandsOnThePaper) {
   const VirtualPrinter printer(WithFixedTime());

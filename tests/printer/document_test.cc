@@ -13,7 +13,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-
 constexpr const char* kHeader = "0;0;0;1;0$h\r";
 // Two at 4.50 make 9.00.
 constexpr const char* kLine = "1;0;0^lChleb\r2\rA/4.50/9/";

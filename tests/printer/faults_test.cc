@@ -137,7 +137,6 @@ TEST_F(FaultyPrinter, IsDeadFromAByteOn) {
   hear(frame);
   EXPECT_FALSE(device.document);
   EXPECT_EQ(hear(kEnqByte), "");
-  
 }
 
 TEST_F(FaultyPrinter, CutsTheConnectionAtAByte) {

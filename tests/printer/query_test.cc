@@ -101,7 +101,8 @@ TEST_F(Query, BlocksHaveTheirForms) {
     const std::string answer = ask(std::string(c.number) + "$i");
     ASSERT_THAT(answer, StartsWith("\x1BP$I")) << c.number;
     // Without ESC "P$I", checksum, ESC "\"
-    Fields fields(std::string_view(answer).substr(4, answer.size() - 8));
+    const std::string_view whole = answer;
+    Fields fields(whole.substr(4, whole.size() - 8));
     for (const char kind : std::string(c.form)) {
       if (kind == 'i') {
         EXPECT_NO_THROW(fields.integer('/')) << c.number;

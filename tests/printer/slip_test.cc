@@ -26,7 +26,7 @@ TEST_F(Slip, ASelfTestStandsOnPaper) {
   EXPECT_EQ(verdict(kBegin), 0);
   for (const char* text :
        {"Wydruk testowy", "Wersja sterownika: QUILON DLL 1.450",
-        "Port komunikacyjny: TCP/IP",
+        "Port komunikacyjny: TCP",
         "Nazwa urz\x86"
         "dzenia: Quilon Virtual",
         "Wersja: 1.00", "Numer unikatowy:  QVP0000000001",
@@ -39,7 +39,7 @@ TEST_F(Slip, ASelfTestStandsOnPaper) {
               ElementsAre("            # NIEFISKALNY #",               //
                           "Wydruk testowy",                            //
                           "Wersja sterownika: QUILON DLL 1.450",       //
-                          "Port komunikacyjny: TCP/IP",                //
+                          "Port komunikacyjny: TCP",                   //
                           "Nazwa urządzenia: Quilon Virtual",          //
                           "Wersja: 1.00",                              //
                           "Numer unikatowy:  QVP0000000001",           //

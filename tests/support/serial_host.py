@@ -1,29 +1,19 @@
-#!/ usr / bin / python3
-""
-    "Runs a test program that needs serial ports; pseudo-terminals are the ports.
+#!/usr/bin/python3
+"""Runs a test program that needs serial ports; pseudo-terminals are the ports.
 
-    serial_host.py[--wine SCRIPT PREFIX] PROGRAM[ARGUMENT...]
+    serial_host.py [--wine SCRIPT PREFIX] PROGRAM [ARGUMENT...]
 
-    With-- wine the program is a Windows one : SCRIPT runs it,
-    and the pseudo -
-        terminals are COM ports of the Wine in PREFIX
-            .
+With --wine the program is a Windows one: SCRIPT runs it, and the pseudo-terminals are COM ports of the Wine in PREFIX.
 
-        The program finds a TCP port in QUILON_SERIAL_HOST.Each connection to it
-            gets a fresh serial port and is the far end of its line
-    : it says what the far end is to do,
-    in lines of text,
-    some followed by as many bytes as they say.The first line it hears,
-    and every answer but that of "receive",
-    is JSON.
+The program finds a TCP port in QUILON_SERIAL_HOST. Each connection to it gets a fresh serial port and is the far end of
+its line: it says what the far end is to do, in lines of text, some followed by as many bytes as they say. The first
+line it hears, and every answer but that of "receive", is JSON.
 
-    send N sends N bytes,
-    in the background;
-ok receive N N bytes,
-    fewer when they do not come within 10 s
-    : their number in a line,
-      and the bytes unread how many bytes that were sent have not been read yet
-          line how the port is set up hangup the port vanishes; ok
+    send N       sends N bytes, in the background; ok
+    receive N    N bytes, fewer when they do not come within 10 s: their number in a line, and the bytes
+    unread       how many bytes that were sent have not been read yet
+    line         how the port is set up
+    hangup       the port vanishes; ok
 
 What nobody receives stays in the line, so that its other end has to wait.
 """
@@ -45,8 +35,7 @@ import time
 PATIENCE = 10
 COM_PORTS = [f"COM{number}" for number in range(10, 60)]
 CHUNK = 65536
-#Settings with any baud rate : four words of flags, 20 characters, \
-    and the rates of input and output.
+# Settings with any baud rate: four words of flags, 20 characters, and the rates of input and output.
 TCGETS2 = 0x802C542A
 TERMIOS2 = struct.Struct("4I20s2I")
 
@@ -58,7 +47,7 @@ class Line:
         self.connection = connection
         self.requests = connection.makefile("rb")
         self.master, self.slave = os.openpty()
-#A terminal has Xon / Xoff on when it is new; a COM port does not .
+        # A terminal has Xon/Xoff on when it is new; a COM port does not.
         settings = termios.tcgetattr(self.slave)
         settings[0] &= ~termios.IXON
         termios.tcsetattr(self.slave, termios.TCSANOW, settings)

@@ -1,5 +1,7 @@
 #include "support/serial_peer.h"
 
+#include <array>
+#include <boost/asio.hpp>
 #include <chrono>
 #include <cstdlib>
 #include <istream>
@@ -26,13 +28,21 @@ uint16_t HostPort() {
 
 }  // namespace
 
-SerialPeer::SerialPeer() : socket_(context_) {
-  socket_.connect({asio::ip::address_v4::loopback(), HostPort()});
-  socket_.set_option(tcp::no_delay(true));
+struct SerialPeer::Network {
+  asio::io_context context;
+  tcp::socket socket{context};
+  asio::streambuf answers;
+};
+
+SerialPeer::SerialPeer() : network_(std::make_unique<Network>()) {
+  network_->socket.connect({asio::ip::address_v4::loopback(), HostPort()});
+  network_->socket.set_option(tcp::no_delay(true));
   const json greeting = json::parse(Ask(""));
   port_ = greeting.at("port");
   no_serial_port_ = greeting.at("no_serial_port");
 }
+
+SerialPeer::~SerialPeer() = default;
 
 void SerialPeer::Send(std::string_view bytes) {
   Ask("send " + std::to_string(bytes.size()) + "\n", bytes);
@@ -41,12 +51,13 @@ void SerialPeer::Send(std::string_view bytes) {
 std::string SerialPeer::Receive(size_t count) {
   const size_t length =
       std::stoul(Ask("receive " + std::to_string(count) + "\n"));
-  if (answers_.size() < length) {
-    asio::read(socket_, answers_,
-               asio::transfer_exactly(length - answers_.size()));
+  asio::streambuf& answers = network_->answers;
+  if (answers.size() < length) {
+    asio::read(network_->socket, answers,
+               asio::transfer_exactly(length - answers.size()));
   }
   std::string bytes(length, '\0');
-  answers_.sgetn(bytes.data(), static_cast<std::streamsize>(length));
+  answers.sgetn(bytes.data(), static_cast<std::streamsize>(length));
   return bytes;
 }
 
@@ -88,9 +99,10 @@ void SerialPeer::Hangup() { Ask("hangup\n"); }
 
 std::string SerialPeer::Ask(const std::string& request,
                             std::string_view bytes) {
-  asio::write(socket_, std::array{asio::buffer(request), asio::buffer(bytes)});
-  asio::read_until(socket_, answers_, '\n');
-  std::istream lines(&answers_);
+  asio::write(network_->socket,
+              std::array{asio::buffer(request), asio::buffer(bytes)});
+  asio::read_until(network_->socket, network_->answers, '\n');
+  std::istream lines(&network_->answers);
   std::string answer;
   std::getline(lines, answer);
   return answer;

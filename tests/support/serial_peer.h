@@ -4,8 +4,8 @@
 #ifndef QUILON_TESTS_SUPPORT_SERIAL_PEER_H_
 #define QUILON_TESTS_SUPPORT_SERIAL_PEER_H_
 
-#include <boost/asio.hpp>
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -26,6 +26,9 @@ class SerialPeer {
  public:
   // Makes a port that nobody has used.
   SerialPeer();
+  ~SerialPeer();
+  SerialPeer(const SerialPeer&) = delete;
+  SerialPeer& operator=(const SerialPeer&) = delete;
 
   // The port's name, for the driver.
   const std::string& port() const { return port_; }
@@ -56,9 +59,8 @@ class SerialPeer {
  private:
   std::string Ask(const std::string& request, std::string_view bytes = {});
 
-  boost::asio::io_context context_;
-  boost::asio::ip::tcp::socket socket_;
-  boost::asio::streambuf answers_;
+  struct Network;
+  std::unique_ptr<Network> network_;
   std::string port_;
   std::string no_serial_port_;
 };

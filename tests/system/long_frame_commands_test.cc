@@ -7,6 +7,7 @@
 
 #include "support/checksum.h"
 #include "support/driver_test.h"
+#include "support/filled_record.h"
 
 namespace quilon::testing {
 namespace {
@@ -15,8 +16,6 @@ using LongFrameTest = DriverTest;
 
 constexpr int32_t kLeast = std::numeric_limits<int32_t>::min();
 constexpr int32_t kGreatest = std::numeric_limits<int32_t>::max();
-
-std::string X(size_t count) { return std::string(count, 'x'); }
 
 std::string Repeated(size_t count, const std::string& text) {
   std::string all;
@@ -84,8 +83,7 @@ TEST_F(LongFrameTest, HashFSendsEmptyTextsToo) {
 }
 
 TEST_F(LongFrameTest, HashFWithTextsWithoutNul) {
-  HashF record;
-  std::memset(&record, 'x', sizeof(record));
+  auto record = FilledRecord<HashF>();
   Number(1, record.amounts);
   EXPECT_EQ(
       FrameOf(QUIL_SEND_HASH_F, &record),
@@ -201,8 +199,7 @@ TEST_F(LongFrameTest, HashMIgnoresNegativeCounts) {
 }
 
 TEST_F(LongFrameTest, HashMSendsAtMostTheWholeLists) {
-  HashM record;
-  std::memset(&record, 'x', sizeof(record));
+  auto record = FilledRecord<HashM>();
   record.count_a = kGreatest;
   record.count_b = 33;
   record.count_c = 0;

@@ -7,6 +7,7 @@
 
 #include "support/checksum.h"
 #include "support/driver_test.h"
+#include "support/filled_record.h"
 
 namespace quilon::testing {
 namespace {
@@ -14,16 +15,6 @@ namespace {
 using NonFiscalTest = DriverTest;
 
 constexpr int32_t kLeast = std::numeric_limits<int32_t>::min();
-
-// Every byte is "x", so what is not to be read would show.
-template <typename Record>
-Record FilledRecord() {
-  Record record;
-  std::memset(&record, 'x', sizeof(record));
-  return record;
-}
-
-std::string X(size_t count) { return std::string(count, 'x'); }
 
 TEST_F(NonFiscalTest, BeginEndsItsParametersWithASemicolon) {
   NonFiscalBegin record = {};

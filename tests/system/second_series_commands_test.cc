@@ -7,6 +7,7 @@
 
 #include "support/checksum.h"
 #include "support/driver_test.h"
+#include "support/filled_record.h"
 
 namespace quilon::testing {
 namespace {
@@ -15,17 +16,6 @@ using SecondSeriesTest = DriverTest;
 
 constexpr int32_t kLeast = std::numeric_limits<int32_t>::min();
 constexpr int32_t kGreatest = std::numeric_limits<int32_t>::max();
-
-// A record whose every byte is "x": texts without a NUL up to the last byte,
-// and what is not to be read filled too.
-template <typename Record>
-Record FilledRecord() {
-  Record record;
-  std::memset(&record, 'x', sizeof(record));
-  return record;
-}
-
-std::string X(size_t count) { return std::string(count, 'x'); }
 
 TEST_F(SecondSeriesTest, HashRWithoutAnything) {
   HashR record = {};
@@ -245,7 +235,7 @@ TEST_F(SecondSeriesTest, DollarZ28) {
             Summed("28;-2147483648$z"));
 }
 
-// 0x78787878, the value of an int32 of four "x", and its int64 sister.
+// What an int32 and an int64 of "x" are sent as.
 constexpr char kInt32OfX[] = "2021161080";
 constexpr char kInt64OfX[] = "8680820740569200760";
 
@@ -358,8 +348,7 @@ TEST_F(SecondSeriesTest, TextsAreUtf8AfterTheSwitch) {
 }
 
 TEST_F(SecondSeriesTest, ReadsAHashPAnswer) {
-  HashPAnswer record;
-  std::memset(&record, 'x', sizeof(record));
+  auto record = FilledRecord<HashPAnswer>();
   Reply("#PAnna/K1;-7\r");
   ASSERT_EQ(Ioctl(QUIL_READ_HASH_P, &record), 0);
   EXPECT_STREQ(record.text1, "Anna");

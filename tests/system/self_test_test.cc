@@ -1,63 +1,51 @@
-// The self-test as an application and a printer see it. Takes 4 s: the frames
-// of every case are tested with a shorter pause, in tests/unit.
+// The self-test on the virtual printer. It takes 4 s: what it sends in other
+// cases is tested with a shorter pause, in tests/unit.
 #include <chrono>
+#include <fstream>
 #include <future>
 #include <string>
-#include <string_view>
+#include <vector>
 
-#include "support/checksum.h"
+#include "printer/virtual_printer.h"
 #include "support/driver_test.h"
+#include "tests/printer/bench.h"
 
 namespace quilon::testing {
 namespace {
 
-using SelfTestTest = DriverTest;
-using std::chrono::steady_clock;
+using printer::Snapshot;
+using printer::VirtualPrinter;
 
-TEST_F(SelfTestTest, ShowsTheVersionsForFourSecondsAndPrintsASlip) {
-  Connect(10000);  // the answers below come late on a busy machine
-  auto result = std::async(std::launch::async, quil_auto_test);
-  const auto expect_frame = [this](const std::string& body) {
-    EXPECT_EQ(peer().ReceiveFrame(), "\x1BP" + body + "\x1B\\");
-  };
-
-  expect_frame("23#s");
-  Reply(
-      "#X1;2;3;4;5;6;7;8;9/0.00/0.00/0.00/0.00/0.00/0.00/0.00/16/0.00/0.00/"
-      "0.00/0.00/0.00/0.00/0.00/0.00/ABC1234567890");
-  expect_frame("50$i");
-  Reply("$ITCP/");
-  expect_frame("#v");
-  Reply("#RPrinter One/2.01");
-  expect_frame("210#s");
-  // The versions are shown after the answer to this request.
-  const auto before_display = steady_clock::now();
-  Reply("#Xone/two/3/4/1830/2100/");
-  expect_frame(
-      "2$d\f\r\nWersja sterownika: \r\nQUILON DLL 1.450\r\n"
-      "Wersja urz\x86"
-      "dzenia: \r\nPrinter One 2.01\r\n");
-  expect_frame("3$d");
-  EXPECT_GE(steady_clock::now() - before_display,
-            std::chrono::milliseconds(4000));
-
-  expect_frame("0;200;0;0;0;$w\ra8");
-  for (const char* line : {
-           "Wydruk testowy",
-           "Wersja sterownika: QUILON DLL 1.450",
-           "Port komunikacyjny: TCP",
-           "Nazwa urz\x86"
-           "dzenia: Printer One",
-           "Wersja: 2.01",
-           "Numer unikatowy:  ABC1234567890",
-           "Pojemno\x9E\x8D PM:  2100",
-           "Ilo\x9E\x8D wolnego miejsca w PM:  1830",
-       }) {
-    expect_frame(Summed(std::string("200;0;0;0;0;0;0$w") + line + "\r"));
+std::vector<std::string> LinesOf(const std::string& path) {
+  std::ifstream file(path);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(file, line);) {
+    lines.push_back(line);
   }
-  expect_frame("1;200;0;0$w94");
+  return lines;
+}
+
+TEST(SelfTestTest, ShowsTheVersionsForFourSecondsAndPrintsASlip) {
+  const VirtualPrinter printer({.clock = printer::bench_time});
+  ASSERT_EQ(quil_init(0), 1);
+  ASSERT_EQ(quil_open_tcpip("127.0.0.1", printer.tcp_port()), 1);
+
+  const auto start = std::chrono::steady_clock::now();
+  auto result = std::async(std::launch::async, quil_auto_test);
+  EXPECT_TRUE(printer.wait_until([](const Snapshot& now) {
+    return now.display[2] == "QUILON DLL 1.450" &&
+           now.display[4] == "Quilon Virtual 1.00";
+  }));
+  EXPECT_TRUE(printer.wait_until(
+      [](const Snapshot& now) { return now.display[2].empty(); }));
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
   EXPECT_EQ(result.get(), 0);
-  ExpectNothingSent();
+
+  EXPECT_TRUE(printer.wait_until(
+      [](const Snapshot& now) { return now.frames.size() == 16; }));
+  EXPECT_EQ(printer.paper(), LinesOf(GOLDEN_FILES "/self_test.txt"));
+  EXPECT_EQ(printer.snapshot().error, 0);
+  EXPECT_EQ(quil_close(), 1);
 }
 
 }  // namespace
