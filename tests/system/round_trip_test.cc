@@ -24,9 +24,10 @@ using Numbers = std::vector<int32_t>;
 VirtualPrinter::Options OnAJanuaryDay() {
   VirtualPrinter::Options options;
   options.clock = [] {
-    using namespace std::chrono;
-    return local_days(year(2024) / January / 31) + hours(12) + minutes(5) +
-           seconds(6);
+    using std::chrono::local_days;
+    using std::chrono::year;
+    constexpr std::chrono::seconds kTimeOfDay{(12 * 60 + 5) * 60 + 6};
+    return local_days(year(2024) / std::chrono::January / 31) + kTimeOfDay;
   };
   return options;
 }

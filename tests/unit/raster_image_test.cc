@@ -74,8 +74,8 @@ TEST(RasterImageTest, WideRowsTakeWholeGroupsOfFourBytes) {
 }
 
 TEST(RasterImageTest, SizeStandsWithItsHighByteFirst) {
-  const Bytes image =
-      ImageOf({.width = 0x0102, .height = 300, .pixels = Bytes(36 * 300)});
+  const Bytes image = ImageOf(
+      {.width = 0x0102, .height = 300, .pixels = Bytes(size_t{36} * 300)});
   ASSERT_EQ(image.size(), 4U + 33 * 300);
   EXPECT_EQ(Bytes(image.begin(), image.begin() + 4), (Bytes{1, 2, 1, 0x2C}));
 }
