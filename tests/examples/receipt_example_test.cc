@@ -11,6 +11,7 @@
 #include "examples/receipt_program.h"
 #include "printer/virtual_printer.h"
 #include "support/scripted_peer.h"
+#include "tests/printer/bench.h"
 
 namespace {
 
@@ -27,10 +28,9 @@ using quilon::testing::ReadFile;
 using quilon::testing::Result;
 using quilon::testing::RunReceipt;
 using quilon::testing::ScriptedPeer;
-using quilon::testing::WithFixedTime;
 
 TEST(Receipt, StandsOnThePaper) {
-  const VirtualPrinter printer(WithFixedTime());
+  const VirtualPrinter printer({.clock = quilon::printer::bench_time});
   const Result run = RunReceipt(AddressOf(printer));
   EXPECT_TRUE(run.succeeded);
   EXPECT_THAT(run.output, HasSubstr("receipt printed"));

@@ -1,6 +1,5 @@
 #include "examples/receipt_program.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -30,15 +29,6 @@ Result RunReceipt(const std::string& arguments) {
 
 std::string AddressOf(const VirtualPrinter& printer) {
   return "127.0.0.1 " + std::to_string(printer.tcp_port());
-}
-
-VirtualPrinter::Options WithFixedTime() {
-  VirtualPrinter::Options options;
-  options.clock = [] {
-    return std::chrono::local_days(std::chrono::year(2024) / 1 / 31) +
-           std::chrono::hours(12) + std::chrono::minutes(5);
-  };
-  return options;
 }
 
 }  // namespace quilon::testing

@@ -21,9 +21,6 @@ Result RunReceipt(const std::string& arguments);
 // The program's arguments for this printer over TCP.
 std::string AddressOf(const printer::VirtualPrinter& printer);
 
-// A printer whose clock stands at 12:05 on 2024-01-31.
-printer::VirtualPrinter::Options WithFixedTime();
-
 }  // namespace quilon::testing
 
 #endif  // QUILON_TESTS_EXAMPLES_RECEIPT_PROGRAM_H_

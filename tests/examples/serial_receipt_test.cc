@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "examples/receipt_program.h"
+#include "tests/printer/bench.h"
 
 namespace quilon::testing {
 namespace {
@@ -14,10 +15,11 @@ INSTANTIATE_TEST_SUITE_P(Transports, SerialReceiptTest,
                          ::testing::Values("", " threaded"));
 
 TEST_P(SerialReceiptTest, IsTheSameAsOverTcp) {
-  const VirtualPrinter tcp_printer(WithFixedTime());
+  const VirtualPrinter tcp_printer({.clock = printer::bench_time});
   ASSERT_TRUE(RunReceipt(AddressOf(tcp_printer)).succeeded);
 
-  VirtualPrinter::Options options = WithFixedTime();
+  VirtualPrinter::Options options;
+  options.clock = printer::bench_time;
   options.pty = true;
   const VirtualPrinter printer(options);
   const std::string port =

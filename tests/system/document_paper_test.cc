@@ -1,36 +1,18 @@
 // Documents on the virtual printer: their paper, line by line, and its totals,
 // which grow by what the paper says. Every closing is proved by flag 4.
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "printer/virtual_printer.h"
 #include "support/driver_test.h"
+#include "support/golden.h"
+#include "tests/printer/bench.h"
 
 namespace quilon::testing {
 namespace {
 
 using printer::VirtualPrinter;
-using Lines = std::vector<std::string>;
-
-VirtualPrinter::Options WithFixedTime() {
-  VirtualPrinter::Options options;
-  options.clock = [] {
-    using namespace std::chrono;
-    return local_days(year(2024) / January / 31) + hours(12) + minutes(5);
-  };
-  return options;
-}
-
-std::string TextOf(const std::string& path) {
-  std::ifstream file(path);
-  EXPECT_TRUE(file) << path;
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
 
 DocumentLine Line(std::string_view name, std::string_view rate, int32_t pieces,
                   int64_t price) {
@@ -82,13 +64,8 @@ class DocumentPaperTest : public ::testing::Test {
   // Compares the paper with a golden file, and what the books of both series
   // hold with the sum that the file says.
   void ExpectPaper(const std::string& name, int64_t booked) {
-    const std::string path = GOLDEN_FILES "/" + name + ".txt";
-    const Lines paper = printer_.paper();
-    std::string text;
-    for (const std::string& line : paper) {
-      text += line + '\n';
-    }
-    EXPECT_EQ(text, TextOf(path)) << path;
+    const std::vector<std::string> paper = printer_.paper();
+    EXPECT_EQ(AsText(paper), Golden(name)) << name;
     int64_t on_paper = 0;
     for (const std::string& line : paper) {
       if (line.starts_with("SUMA PLN")) {
@@ -104,7 +81,7 @@ class DocumentPaperTest : public ::testing::Test {
   }
 
  private:
-  VirtualPrinter printer_{WithFixedTime()};
+  VirtualPrinter printer_{{.clock = printer::bench_time}};
 };
 
 TEST_F(DocumentPaperTest, Receipt) {

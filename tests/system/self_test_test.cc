@@ -1,13 +1,11 @@
 // The self-test on the virtual printer. It takes 4 s: what it sends in other
 // cases is tested with a shorter pause, in tests/unit.
 #include <chrono>
-#include <fstream>
 #include <future>
-#include <string>
-#include <vector>
 
 #include "printer/virtual_printer.h"
 #include "support/driver_test.h"
+#include "support/golden.h"
 #include "tests/printer/bench.h"
 
 namespace quilon::testing {
@@ -15,15 +13,6 @@ namespace {
 
 using printer::Snapshot;
 using printer::VirtualPrinter;
-
-std::vector<std::string> LinesOf(const std::string& path) {
-  std::ifstream file(path);
-  std::vector<std::string> lines;
-  for (std::string line; std::getline(file, line);) {
-    lines.push_back(line);
-  }
-  return lines;
-}
 
 TEST(SelfTestTest, ShowsTheVersionsForFourSecondsAndPrintsASlip) {
   const VirtualPrinter printer({.clock = printer::bench_time});
@@ -43,7 +32,7 @@ TEST(SelfTestTest, ShowsTheVersionsForFourSecondsAndPrintsASlip) {
 
   EXPECT_TRUE(printer.wait_until(
       [](const Snapshot& now) { return now.frames.size() == 16; }));
-  EXPECT_EQ(printer.paper(), LinesOf(GOLDEN_FILES "/self_test.txt"));
+  EXPECT_EQ(AsText(printer.paper()), Golden("self_test"));
   EXPECT_EQ(printer.snapshot().error, 0);
   EXPECT_EQ(quil_close(), 1);
 }
