@@ -11,7 +11,7 @@ line it hears, and every answer but that of "receive", is JSON.
 
     send N       sends N bytes, in the background; ok
     receive N    N bytes, fewer when they do not come within 10 s: their number in a line, and the bytes
-    unread       how many bytes that were sent have not been read yet
+    unread       how many bytes have come to the port and were not read yet; "sending" while some are still to be sent
     line         how the port is set up
     hangup       the port vanishes; ok
 
@@ -96,7 +96,7 @@ class Line:
     def unread(self):
         waiting = array.array("i", [0])
         fcntl.ioctl(self.slave, termios.FIONREAD, waiting)
-        self.answer(len(self.outgoing) + waiting[0])
+        self.answer("sending" if self.outgoing else waiting[0])
 
     def line(self):
         iflag, oflag, cflag, lflag, _, _, characters = termios.tcgetattr(self.slave)

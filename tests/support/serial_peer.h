@@ -47,8 +47,9 @@ class SerialPeer {
   // Waits for a whole frame, ESC "P" to ESC "\".
   std::string ReceiveFrame();
 
-  // Waits up to 60 s until `count` of the sent bytes are still to be read.
-  // Returns whether that happened. A byte on its way to the port is not seen.
+  // Waits up to 60 s until all bytes are sent, and `count` of them have come to
+  // the port and were not read. Returns whether that happened. Bytes on their
+  // way to the port are not seen.
   bool WaitForUnread(size_t count);
 
   SerialLine Line();
