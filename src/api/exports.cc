@@ -58,6 +58,14 @@ int32_t OpenTransport(const Params& params, OnlineFDev* device) {
   return result;
 }
 
+int32_t OpenSerialTransport(const SerialParams& params) {
+  return WithDevice(kFailed, [&params](OnlineFDev& device) {
+    return quilon::IsThreaded(params)
+               ? OpenTransport<quilon::ThreadRS232Comm>(params, &device)
+               : OpenTransport<quilon::RS232Comm>(params, &device);
+  });
+}
+
 }  // namespace
 
 int32_t quil_init(uint32_t argument) {
@@ -105,18 +113,11 @@ int32_t quil_open_serial(const char* port_name, uint32_t baud_rate,
   params.write_timeout = kDefaultWriteTimeout;
   params.threaded = threaded;
   params.reply_timeout = kDefaultReplyTimeout;
-  return quil_open_serial_ex(&params);
+  return OpenSerialTransport(params);
 }
 
 int32_t quil_open_serial_ex(const SerialParams* params) {
-  if (params == nullptr) {
-    return kFailed;
-  }
-  return WithDevice(kFailed, [params](OnlineFDev& device) {
-    return quilon::IsThreaded(*params)
-               ? OpenTransport<quilon::ThreadRS232Comm>(*params, &device)
-               : OpenTransport<quilon::RS232Comm>(*params, &device);
-  });
+  return params == nullptr ? kFailed : OpenSerialTransport(*params);
 }
 
 int32_t quil_open_tcpip(const char* address, uint32_t port) {
