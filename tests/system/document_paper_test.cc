@@ -172,12 +172,18 @@ TEST_F(DocumentPaperTest, SettlementsByY) {
 }
 
 TEST_F(DocumentPaperTest, BuyersDocuments) {
-  OpenForBuyer();
-  Sell();
-  BuyerEnd end = {};
-  end.total = 1800;
-  Fill("K02", end.code_text);
-  Accepted(QUIL_BUYER_END, &end);
+  int64_t booked = 0;
+  for (int mode = 0; mode < 5; ++mode) {
+    OpenForBuyer();
+    Sell();
+    BuyerEnd end = {};
+    end.comparison_mode = mode;
+    end.total = 1800;
+    end.rate = kAdjustments[mode];
+    Fill("K02", end.code_text);
+    Accepted(QUIL_BUYER_END, &end);
+    booked += kAdjustedTotals[mode];
+  }
   OpenForBuyer();
   Sell();
   DocumentEnd plain_end = {};
@@ -190,7 +196,7 @@ TEST_F(DocumentPaperTest, BuyersDocuments) {
   x.amounts[0] = 1800;
   x.amounts[1] = 150;
   Accepted(QUIL_BUYER_END_X, &x);
-  ExpectPaper("buyers_documents", 1800 + 1800 + 1650);
+  ExpectPaper("buyers_documents", booked + 1800 + 1650);
 }
 
 TEST_F(DocumentPaperTest, WholeDocumentWithSlips) {
