@@ -76,8 +76,13 @@ FrameBuilder& FrameBuilder::Checksum() {
 
 FrameBuilder& FrameBuilder::Hex(std::span<const uint8_t> bytes,
                                 std::string_view digits) {
+  CheckRoom(2 * bytes.size());
+  const size_t start = buffer_.size();
+  buffer_.resize(start + 2 * bytes.size());
+  char* to = buffer_.data() + start;
   for (const uint8_t byte : bytes) {
-    Char(digits[byte >> 4]).Char(digits[byte & 15]);
+    *to++ = digits[byte >> 4];
+    *to++ = digits[byte & 15];
   }
   return *this;
 }
