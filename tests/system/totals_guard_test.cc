@@ -300,9 +300,9 @@ TEST_F(TotalsGuardTest, ModesOfTheEnd) {
 constexpr std::array<int64_t, 5> kAfterMode = {1100, 1075, 1125, 850, 1350};
 
 TEST_F(TotalsGuardTest, ModesOfX) {
-  for (int mode = 0; mode < 5; ++mode) {
+  for (size_t mode = 0; mode < kAfterMode.size(); ++mode) {
     DollarX x = {};
-    x.integers[0] = mode;
+    x.integers[0] = static_cast<int32_t>(mode);
     x.amounts[0] = 1000;
     x.amounts[1] = 250;
     Open200(100);
@@ -315,9 +315,9 @@ TEST_F(TotalsGuardTest, ModesOfX) {
 }
 
 TEST_F(TotalsGuardTest, ModesOfY) {
-  for (int mode = 0; mode < 5; ++mode) {
+  for (size_t mode = 0; mode < kAfterMode.size(); ++mode) {
     DollarY y = {};
-    y.comparison_mode = mode;
+    y.comparison_mode = static_cast<int32_t>(mode);
     y.total = 1000;
     y.adjustment = 250;
     Open200(100);
@@ -326,9 +326,9 @@ TEST_F(TotalsGuardTest, ModesOfY) {
 }
 
 TEST_F(TotalsGuardTest, ModesOfTheBuyersEnd) {
-  for (int mode = 0; mode < 5; ++mode) {
+  for (size_t mode = 0; mode < kAfterMode.size(); ++mode) {
     BuyerEnd end = {};
-    end.comparison_mode = mode;
+    end.comparison_mode = static_cast<int32_t>(mode);
     end.total = 1000;
     // Only mode 2 takes more than the low 32 bits: 1000 * 2^32 of 10000 are
     // 429496729.6 more.

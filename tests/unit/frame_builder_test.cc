@@ -134,7 +134,7 @@ TEST_F(FrameBuilderTest, NothingPassesOneMebibyte) {
   const std::string half(FrameBuilder::kMaxFrameLength / 2, 'x');
   frame_.Raw(half).Text(half);
   EXPECT_EQ(buffer_.size(), FrameBuilder::kMaxFrameLength);
-  const auto fails = [this](auto operation) {
+  const auto fails = [](auto operation) {
     try {
       operation();
       return false;
