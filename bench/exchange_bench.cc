@@ -89,6 +89,7 @@ std::vector<std::string> FileFrames() {
     digits += "a5";
   }
   std::vector<std::string> frames;
+  frames.reserve(64);
   for (int i = 0; i < 64; ++i) {
     // Any two digits do for the checksum.
     frames.push_back(std::string("\x1BP") + (i == 0 ? '0' : '1') +
