@@ -7,7 +7,6 @@
 #include <cctype>
 #include <chrono>
 #include <condition_variable>
-#include <functional>
 #include <iomanip>
 #include <iostream>
 #include <iterator>
@@ -19,108 +18,19 @@
 #include <vector>
 
 #include "printer/virtual_printer.h"
-#include "support/driver_test.h"
+#include "quilon/quilon.h"
+#include "support/sample_documents.h"
 
 namespace quilon::testing {
 namespace {
 
 using printer::VirtualPrinter;
+using Document = SampleDocument;
 
 // Short: a run waits for it several times, and there are thousands of runs.
 constexpr uint32_t kShortTimeout = 5;
 // How long a printer that stopped answering stays so.
 constexpr std::chrono::milliseconds kPatience{30};
-constexpr int64_t kPrice = 455;
-constexpr int64_t kTotal = 2 * kPrice;
-
-DocumentLine Line() {
-  DocumentLine line = {};
-  line.kind = 2;
-  Fill("Chleb", line.name);
-  Fill("A", line.rate_group);
-  line.quantity = 100000000;
-  line.first_amount = line.second_amount = kPrice;
-  return line;
-}
-
-Payment Cash() {
-  Payment payment = {};
-  payment.amount = kTotal;
-  payment.quantity = 100000000;
-  return payment;
-}
-
-DocumentEnd End() {
-  DocumentEnd end = {};
-  end.first_amount = kTotal;
-  end.second_amount = kTotal;
-  return end;
-}
-
-// Prints a receipt command by command, armed with flag 4 and with `flags` on
-// every call; returns whether its closing succeeded.
-bool PrintReceipt(uint32_t flags) {
-  DocumentHeader header = {};
-  DocumentLine line = Line();
-  Payment payment = Cash();
-  DocumentEnd end = End();
-  if (Ioctl(QUIL_DOCUMENT_HEADER, &header, flags | QUIL_COMPARE_TOTALS) != 0) {
-    return false;  // not armed: an application stops here
-  }
-  Ioctl(QUIL_DOCUMENT_LINE, &line, flags);
-  Ioctl(QUIL_DOCUMENT_LINE, &line, flags);
-  Ioctl(QUIL_PAYMENT_6, &payment, flags);
-  return Ioctl(QUIL_DOCUMENT_END, &end, flags) == 0;
-}
-
-bool PrintWhole(int32_t mode) {
-  auto document = std::make_unique<WholeDocument>();
-  document->mode = mode;
-  document->line_count = 2;
-  document->lines[0] = document->lines[1] = Line();
-  document->payment6_count = 1;
-  document->payments6[0] = Cash();
-  document->end = End();
-  document->x.amounts[0] = kTotal;
-  document->y.total = kTotal;
-  return Ioctl(QUIL_WHOLE_DOCUMENT, document.get()) == 0;
-}
-
-bool PrintBuyersWhole() {
-  auto document = std::make_unique<WholeBuyerDocument>();
-  document->header.document_number = 1;
-  document->line_count = 2;
-  document->lines[0] = document->lines[1] = Line();
-  document->end.total = kTotal;
-  return Ioctl(QUIL_WHOLE_BUYER_DOCUMENT, document.get()) == 0;
-}
-
-struct Document {
-  std::string name;
-  std::function<bool()> print;
-  // The driver asks for the totals until they are told: a printer that stopped
-  // answering has to recover.
-  bool insists;
-};
-
-const std::vector<Document>& Documents() {
-  static const std::vector<Document> documents = {
-      {"receipt", [] { return PrintReceipt(0); }, false},
-      {"receipt, checked",
-       [] { return PrintReceipt(QUIL_CHECK_STATUS | QUIL_QUERY_ERROR); },
-       false},
-      {"whole document", [] { return PrintWhole(0); }, true},
-      {"whole document, $x", [] { return PrintWhole(1); }, true},
-      {"whole document, $y", [] { return PrintWhole(2); }, true},
-      {"whole buyer document", [] { return PrintBuyersWhole(); }, true},
-  };
-  return documents;
-}
-
-int64_t Booked(const VirtualPrinter& printer) {
-  const printer::Books books = printer.books();
-  return printer::sum_of(books.receipts) + printer::sum_of(books.invoices);
-}
 
 // How often the driver said what while the books held what.
 struct Verdicts {
@@ -149,14 +59,14 @@ class VerdictTest : public ::testing::TestWithParam<Document> {
   // Prints the document on a fresh printer that commits `fault`.
   void Run(const std::string& fault) {
     VirtualPrinter printer;
-    Connect(printer, kShortTimeout);
+    ConnectTo(printer, kShortTimeout);
     printer.order_fault(fault);
     const bool success =
         GetParam().insists ? PrintAndRecover(printer) : GetParam().print();
     quil_close();
     const int64_t booked = Booked(printer);
     Verdicts& verdicts = table_[fault.substr(0, fault.find_first_of("=@"))];
-    if (booked == kTotal) {
+    if (booked == kSampleTotal) {
       ++(success ? verdicts.booked_success : verdicts.booked_failure);
     } else {
       ++(success ? verdicts.unbooked_success : verdicts.unbooked_failure);
@@ -172,10 +82,10 @@ class VerdictTest : public ::testing::TestWithParam<Document> {
   };
   Size MeasureHonestPrint() {
     VirtualPrinter printer;
-    Connect(printer, 5000);
+    ConnectTo(printer, 5000);
     EXPECT_TRUE(GetParam().print());
     quil_close();
-    EXPECT_EQ(Booked(printer), kTotal);
+    EXPECT_EQ(Booked(printer), kSampleTotal);
     // A frame has its four bytes of ESC, status requests come on top.
     Size size = {20, 0, static_cast<int>(printer.paper().size())};
     for (const std::string& frame : printer.frames()) {
@@ -186,14 +96,6 @@ class VerdictTest : public ::testing::TestWithParam<Document> {
   }
 
  private:
-  static void Connect(const VirtualPrinter& printer, uint32_t timeout) {
-    TcpParams params = {};
-    Fill("127.0.0.1", params.address);
-    params.port = printer.tcp_port();
-    params.reply_timeout = timeout;
-    ASSERT_EQ(quil_open_tcpip_ex(&params), 1);
-  }
-
   // Prints while another thread lets the printer recover after a while.
   bool PrintAndRecover(VirtualPrinter& printer) {
     std::mutex mutex;
@@ -227,7 +129,7 @@ TEST_P(VerdictTest, PrinterThatCheats) {
     Run(fault);
   }
   if (!GetParam().insists) {
-    Run("die-after-closing");  // breaks the connection
+    Run("die-after-closing");  // as at BreakTest below
   }
 }
 
@@ -265,7 +167,8 @@ TEST_P(VerdictTest, PrinterThatDiesAtAnyByte) {
   }
 }
 
-// Whole documents are not among these: they ask for the totals without end.
+// Whole documents are not among these, because they ask for the totals without
+// end; see endless_documents_test.cc.
 class BreakTest : public VerdictTest {};
 
 TEST_P(BreakTest, ConnectionThatBreaksAtAnyByte) {
@@ -282,12 +185,13 @@ std::string NameOf(const ::testing::TestParamInfo<Document>& document) {
   return name;
 }
 
-INSTANTIATE_TEST_SUITE_P(, VerdictTest, ::testing::ValuesIn(Documents()),
+INSTANTIATE_TEST_SUITE_P(, VerdictTest, ::testing::ValuesIn(SampleDocuments()),
                          NameOf);
 INSTANTIATE_TEST_SUITE_P(
     , BreakTest,
-    ::testing::ValuesIn(Documents().begin(),
-                        std::find_if(Documents().begin(), Documents().end(),
+    ::testing::ValuesIn(SampleDocuments().begin(),
+                        std::find_if(SampleDocuments().begin(),
+                                     SampleDocuments().end(),
                                      [](const Document& document) {
                                        return document.insists;
                                      })),
