@@ -109,11 +109,6 @@ char* RenderByte(uint8_t byte, char* out) {
 
 CommLog::~CommLog() { CloseFile(); }
 
-CommLog::State CommLog::state() const {
-  const std::lock_guard lock(mutex_);
-  return state_;
-}
-
 void CommLog::SetDirectory(std::string_view directory) {
   const std::lock_guard lock(mutex_);
   const size_t length = directory.copy(directory_, sizeof(directory_) - 1);
@@ -146,6 +141,11 @@ int32_t CommLog::WriteLogEntry(const void* data, size_t length, uint32_t kind) {
 }
 
 int32_t CommLog::WriteIfActive(std::string_view text, uint32_t kind) {
+  // Reading an answer comes here several times a byte: with the log off that
+  // must cost next to nothing.
+  if (state_ != kActive) {
+    return 0;
+  }
   const std::lock_guard lock(mutex_);
   return state_ == kActive ? WriteEntry(text, kind) : 0;
 }

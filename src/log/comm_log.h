@@ -3,6 +3,7 @@
 #ifndef QUILON_LOG_COMM_LOG_H_
 #define QUILON_LOG_COMM_LOG_H_
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -35,7 +36,7 @@ class CommLog {
   CommLog(const CommLog&) = delete;
   CommLog& operator=(const CommLog&) = delete;
 
-  State state() const;
+  State state() const { return state_; }
 
   // Keeps `directory` for the next file; at most 255 bytes.
   void SetDirectory(std::string_view directory);
@@ -67,8 +68,8 @@ class CommLog {
   int32_t WriteEntry(std::string_view data, uint32_t kind);
   void CloseFile();
 
-  mutable std::mutex mutex_;
-  State state_ = kNoFile;
+  std::mutex mutex_;
+  std::atomic<State> state_ = kNoFile;
   std::FILE* file_ = nullptr;
   char directory_[kPathCapacity] = {};
 };
