@@ -9,19 +9,8 @@
  * mnemonic in the protocol: DOLLAR_C is "$c", CARET_B_1 is "1^b", QUESTION_E is
  * "?e". A command that reads fails when the printer is silent, its answer has
  * not the mnemonic, or a number in it is none; packets with "#Z" before the
- * answer are passed over. Fields read before a failure keep what was read.
- *
- * A command whose purpose only the printer's own manual tells is named by its
- * mnemonic in the protocol: DOLLAR_C is "$c", CARET_B_1 is "1^b", QUESTION_E is
- * "?e". A command that reads fails when the printer is silent, its answer has
- * not the mnemonic, or a number in it is none; packets with "#Z" before the
- * answer are passed over. Fields read before a failure keep what was read.
- *
- * A command whose purpose only the printer's own manual tells is named by its
- * mnemonic in the protocol: DOLLAR_C is "$c", CARET_B_1 is "1^b", QUESTION_E is
- * "?e". A command that reads fails when the printer is silent, its answer has
- * not the mnemonic, or a number in it is none; packets with "#Z" before the
- * answer are passed over. Fields read before a failure keep what was read.
+ * answer are passed over. Fields read before a failure keep what was read. With
+ * "SEND_" before it, it asks for what the "READ_" code of the same name reads.
  */
 #ifndef QUILON_CODES_H_
 #define QUILON_CODES_H_
@@ -328,46 +317,46 @@ enum QuilCode {
 
   /** Sends "#r".
    *  Direction: send. Record: HashR. */
-  QUIL_SEND_HASH_R = 100,
+  QUIL_HASH_R = 100,
   /** Sends "#k".
    *  Direction: send. Record: HashK. */
-  QUIL_SEND_HASH_K = 101,
+  QUIL_HASH_K = 101,
   /** Sends "8;4;4#f", texts and amounts.
    *  Direction: send. Record: HashF. */
-  QUIL_SEND_HASH_F = 102,
+  QUIL_HASH_F = 102,
   /** Sends "#o" with six texts as parameters.
    *  Direction: send. Record: HashO. */
-  QUIL_SEND_HASH_O_TEXTS = 103,
+  QUIL_HASH_O_TEXTS = 103,
   /** Sends "#o" with two fields behind it.
    *  Direction: send. Record: HashO. */
-  QUIL_SEND_HASH_O_FIELDS = 104,
+  QUIL_HASH_O_FIELDS = 104,
   /** Sends "$o" with texts.
    *  Direction: send. Record: DollarOTexts. */
-  QUIL_SEND_DOLLAR_O_TEXTS = 105,
+  QUIL_DOLLAR_O_TEXTS = 105,
   /** Sends "$o" with two numbers.
    *  Direction: send. Record: DollarONumbers. */
-  QUIL_SEND_DOLLAR_O_NUMBERS = 106,
+  QUIL_DOLLAR_O_NUMBERS = 106,
   /** Sends "3$o".
    *  Direction: send. Record: none. */
-  QUIL_SEND_DOLLAR_O_3 = 107,
+  QUIL_DOLLAR_O_3 = 107,
   /** Sends "0#t".
    *  Direction: send. Record: HashT. */
-  QUIL_SEND_HASH_T = 108,
+  QUIL_HASH_T = 108,
   /** Sends "@PR".
    *  Direction: send. Record: PrCommand. */
-  QUIL_SEND_PR = 109,
+  QUIL_AT_PR = 109,
   /** Sends "@PMR".
    *  Direction: send. Record: PmrCommand. */
-  QUIL_SEND_PMR = 110,
+  QUIL_AT_PMR = 110,
   /** Sends "#m", texts and amounts.
    *  Direction: send. Record: HashM. */
-  QUIL_SEND_HASH_M = 111,
+  QUIL_HASH_M = 111,
   /** Sends "#i" and an amount.
    *  Direction: send. Record: HashAmount. */
-  QUIL_SEND_HASH_I = 112,
+  QUIL_HASH_I = 112,
   /** Sends "#d" and an amount.
    *  Direction: send. Record: HashAmount. */
-  QUIL_SEND_HASH_D = 113,
+  QUIL_HASH_D = 113,
 
   /** Opens a fiscal document ("$h").
    *  Direction: send. Record: DocumentHeader. */
@@ -384,13 +373,13 @@ enum QuilCode {
   QUIL_DOCUMENT_SHORT_END = 203,
   /** Sends "$n" within a document.
    *  Direction: send. Record: DollarN. */
-  QUIL_SEND_DOLLAR_N = 204,
+  QUIL_DOLLAR_N = 204,
   /** Sends "$L" within a document.
    *  Direction: send. Record: DollarCapitalL. */
-  QUIL_SEND_DOLLAR_CAPITAL_L = 205,
+  QUIL_DOLLAR_CAPITAL_L = 205,
   /** Sends "$Y" within a document.
    *  Direction: send. Record: DollarCapitalY. */
-  QUIL_SEND_DOLLAR_CAPITAL_Y = 206,
+  QUIL_DOLLAR_CAPITAL_Y = 206,
   /** Sends a payment ("6$d").
    *  Direction: send. Record: Payment. */
   QUIL_PAYMENT_6 = 207,
@@ -410,7 +399,7 @@ enum QuilCode {
   QUIL_DOCUMENT_END_X = 211,
   /** Sends "$b" within a document.
    *  Direction: send. Record: DollarB. */
-  QUIL_SEND_DOLLAR_B = 212,
+  QUIL_DOLLAR_B = 212,
   /** Settles and closes the document with "$y". As QUIL_DOCUMENT_END it fails
    *  when the printer is not ready afterwards or says that the command was
    *  refused.
@@ -429,13 +418,13 @@ enum QuilCode {
   QUIL_CHECK_TOTALS = 215,
   /** Sends "@z".
    *  Direction: send. Record: AtZ. */
-  QUIL_SEND_AT_Z = 216,
+  QUIL_AT_Z = 216,
   /** Prints a line of rate group "P" ("$l").
    *  Direction: send. Record: DocumentLineP. */
   QUIL_DOCUMENT_LINE_P = 217,
   /** Sends "@e".
    *  Direction: send. Record: AtE. */
-  QUIL_SEND_AT_E = 218,
+  QUIL_AT_E = 218,
   /** Opens a fiscal document as QUIL_DOCUMENT_HEADER does, but with 1 as the
    *  first parameter ("$h").
    *  Direction: send. Record: DocumentHeader. */
@@ -452,7 +441,7 @@ enum QuilCode {
   QUIL_BUYER_END = 302,
   /** Sends "@c".
    *  Direction: send. Record: AtC. */
-  QUIL_SEND_AT_C = 303,
+  QUIL_AT_C = 303,
   /** Prints a whole document with a buyer and proves by the totals that it was
    *  booked, as QUIL_WHOLE_DOCUMENT does.
    *  Direction: send. Record: WholeBuyerDocument. */
@@ -487,10 +476,10 @@ enum QuilCode {
 
   /** Sends "#p".
    *  Direction: send. Record: HashP. */
-  QUIL_SEND_HASH_P = 500,
+  QUIL_HASH_P = 500,
   /** Sends "0#q".
    *  Direction: send. Record: HashP. */
-  QUIL_SEND_HASH_Q = 501,
+  QUIL_HASH_Q = 501,
   /** Sends "1#p". The printer's "#P" answer is read by QUIL_READ_HASH_P.
    *  Direction: send. Record: none. */
   QUIL_SEND_HASH_P_1 = 502,
@@ -511,7 +500,7 @@ enum QuilCode {
 
   /** Sends "28;n$z" with a parameter.
    *  Direction: send. Record: SingleNumber. */
-  QUIL_SEND_DOLLAR_Z_28 = 700,
+  QUIL_DOLLAR_Z_28 = 700,
 
   /** Texts in records are CP1250 from now on (as after quil_init).
    *  Direction: local. Record: none. */

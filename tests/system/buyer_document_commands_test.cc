@@ -125,8 +125,7 @@ TEST_F(BuyerDocumentCommandsTest, PlainEndIsThatOfOtherDocuments) {
 
 TEST_F(BuyerDocumentCommandsTest, AtCLeavesEmptyOptionalTextsOut) {
   AtC record = {};
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_C, &record),
-            Summed("0;0;0;0;;;;0;0;0;0;0@c\r"));
+  EXPECT_EQ(FrameOf(QUIL_AT_C, &record), Summed("0;0;0;0;;;;0;0;0;0;0@c\r"));
   for (int i = 0; i < 4; ++i) {
     record.integers1[i] = i + 1;
   }
@@ -139,7 +138,7 @@ TEST_F(BuyerDocumentCommandsTest, AtCLeavesEmptyOptionalTextsOut) {
   Fill("o1", record.optional_texts[0]);
   Fill("o7", record.optional_texts[6]);
   Fill("\xBF", record.closing_text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_C, &record),
+  EXPECT_EQ(FrameOf(QUIL_AT_C, &record),
             Summed("1;2;3;4;p1;\x92;p3;0;-1;-2;-3;-4@co1\ro7\r\xA7\r"));
 }
 
@@ -154,7 +153,7 @@ TEST_F(BuyerDocumentCommandsTest, AtCTextsMayFillTheirArrays) {
     texts += FillAll('o', text) + '\r';
   }
   texts += FillAll('c', record.closing_text) + '\r';
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_C, &record),
+  EXPECT_EQ(FrameOf(QUIL_AT_C, &record),
             Summed("0;0;0;0;" + parameters + "0;0;0;0;0@c" + texts));
 }
 

@@ -280,74 +280,69 @@ TEST_F(DocumentCommandsTest, LinePHasANumberForAName) {
 
 TEST_F(DocumentCommandsTest, DollarN) {
   DollarN record = {};
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_N, &record), Summed("0$n\r0/"));
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_N, &record), Summed("0$n\r0/"));
   record.integer = INT32_MIN;
   Fill("\xB3", record.text);
   record.amount = -150;
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_N, &record),
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_N, &record),
             Summed("-2147483648$n\x92\r-1.-50/"));
   const std::string full = FillAll('n', record.text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_N, &record),
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_N, &record),
             Summed("-2147483648$n" + full + "\r-1.-50/"));
 }
 
 TEST_F(DocumentCommandsTest, DollarCapitalL) {
   DollarCapitalL record = {{1, -2, 3}, 0, {105, -1}, "tekst"};
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_L, &record),
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_CAPITAL_L, &record),
             Summed("1;-2;3$L1.05/0.-1/tekst\r"));
   record = {};
   const std::string full = FillAll('L', record.text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_L, &record),
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_CAPITAL_L, &record),
             Summed("0;0;0$L0/0/" + full + "\r"));
 }
 
 TEST_F(DocumentCommandsTest, DollarCapitalY) {
   DollarCapitalY record = {{7, INT32_MAX}, {100, 250}, "\xEA"};
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_Y, &record),
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_CAPITAL_Y, &record),
             Summed("7;2147483647$Y1/2.50/\x91\r"));
   record = {};
   const std::string full = FillAll('Y', record.text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_CAPITAL_Y, &record),
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_CAPITAL_Y, &record),
             Summed("0;0$Y0/0/" + full + "\r"));
 }
 
 TEST_F(DocumentCommandsTest, DollarB) {
   DollarB record = {{1, 2}, 1999, "\xD3"};
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_B, &record), Summed("1;2$b19.99/\xA3\r"));
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_B, &record), Summed("1;2$b19.99/\xA3\r"));
   record = {};
   const std::string full = FillAll('b', record.text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_DOLLAR_B, &record),
-            Summed("0;0$b0/" + full + "\r"));
+  EXPECT_EQ(FrameOf(QUIL_DOLLAR_B, &record), Summed("0;0$b0/" + full + "\r"));
 }
 
 TEST_F(DocumentCommandsTest, AtZSendsItsSecondTextAsItIs) {
   AtZ record = {5, "\xB3", "\xB3", {}, {1, 200}};
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_Z, &record),
-            Summed("5;@z\x92\r\xB3\r0.01/2/"));
+  EXPECT_EQ(FrameOf(QUIL_AT_Z, &record), Summed("5;@z\x92\r\xB3\r0.01/2/"));
   record = {};
   const std::string full = FillAll('z', record.text);
   const std::string raw = FillAll('r', record.raw_text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_Z, &record),
+  EXPECT_EQ(FrameOf(QUIL_AT_Z, &record),
             Summed("0;@z" + full + '\r' + raw + "\r0/0/"));
 }
 
 TEST_F(DocumentCommandsTest, AtEByItsMode) {
   AtE record = {"e-paragon", 0, 11, 22, 33};
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record), Summed("@ee-paragon\r"));
+  EXPECT_EQ(FrameOf(QUIL_AT_E, &record), Summed("@ee-paragon\r"));
   record.mode = -2;
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record), Summed("-2;@ee-paragon\r"));
+  EXPECT_EQ(FrameOf(QUIL_AT_E, &record), Summed("-2;@ee-paragon\r"));
   record.mode = 3;
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record),
-            Summed("3;11;22;@ee-paragon\r33/22/"));
+  EXPECT_EQ(FrameOf(QUIL_AT_E, &record), Summed("3;11;22;@ee-paragon\r33/22/"));
   record.integer1 = 0;
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record),
-            Summed("3;0;22;@ee-paragon\r22/"));
+  EXPECT_EQ(FrameOf(QUIL_AT_E, &record), Summed("3;0;22;@ee-paragon\r22/"));
   record.integer2 = 0;
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record), Summed("3;0;0;@ee-paragon\r"));
+  EXPECT_EQ(FrameOf(QUIL_AT_E, &record), Summed("3;0;0;@ee-paragon\r"));
   record.integer1 = -1;
   const std::string full = FillAll('e', record.text);
-  EXPECT_EQ(FrameOf(QUIL_SEND_AT_E, &record),
-            Summed("3;-1;0;@e" + full + "\r33/"));
+  EXPECT_EQ(FrameOf(QUIL_AT_E, &record), Summed("3;-1;0;@e" + full + "\r33/"));
 }
 
 TEST_F(DocumentCommandsTest, TextsAreUtf8WhenTheApplicationSaysSo) {

@@ -66,10 +66,10 @@ constexpr char kNumberedHashF[] =
 
 TEST_F(LongFrameTest, HashFSendsItsThirdTextLast) {
   HashF record = NumberedHashF();
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_F, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_F, &record),
             Summed(kNumberedHashF + std::string("t3\r")));
   Fill("", record.text3);
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_F, &record), Summed(kNumberedHashF));
+  EXPECT_EQ(FrameOf(QUIL_HASH_F, &record), Summed(kNumberedHashF));
 }
 
 TEST_F(LongFrameTest, HashFSendsEmptyTextsToo) {
@@ -77,7 +77,7 @@ TEST_F(LongFrameTest, HashFSendsEmptyTextsToo) {
   // Twenty-three CR and twenty-three "0/" leave one of each: FF ^ 38 '8' = C7,
   // two "4" and two ";" cancel out, ^ 23 '#' = E4, ^ 66 'f' = 82, ^ 0D = 8F, ^
   // 30 '0' = BF, ^ 2F '/' = 90.
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_F, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_F, &record),
             "8;4;4#f\r\r\r\r\r\r\r\r\r\r\r\r\r\r\r\r\r\r\r\r"
             "0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/0/\r\r\r90");
 }
@@ -86,7 +86,7 @@ TEST_F(LongFrameTest, HashFWithTextsWithoutNul) {
   auto record = FilledRecord<HashF>();
   Number(1, record.amounts);
   EXPECT_EQ(
-      FrameOf(QUIL_SEND_HASH_F, &record),
+      FrameOf(QUIL_HASH_F, &record),
       Summed("8;4;4#f" + X(9) + "\r" + X(33) + "\r" +
              Repeated(16, X(17) + "\r") + X(16) + "\r" + X(17) +
              "\r1/2/3/4/5/6/7/8/9/10/11/12/13/14/15/16/17/18/19/20/21/22/23/" +
@@ -103,7 +103,7 @@ TEST_F(LongFrameTest, HashFConvertsTextsAndWritesHundredths) {
   Fill(kLetters, record.text24);
   record.amounts[0] = 1205;
   record.amounts[22] = -50;
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_F, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_F, &record),
             Summed("8;4;4#f\x9C\xA0\r" + Repeated(16, "\r") + "\x9C\xA0\r\r\r" +
                    "12.05/" + Repeated(21, "0/") + "0.-50/\r\r\x9C\xA0\r" +
                    "\x9C\xA0\r"));
@@ -145,28 +145,28 @@ TEST_F(LongFrameTest, HashMWithoutLists) {
   HashM record = {};
   // "0;0;0;212" leaves a "0", a ";" and a "1": FF ^ 30 = CF, ^ 3B = F4, ^ 31 =
   // C5, ^ 23 '#' = E6, ^ 6D 'm' = 8B; eight CR and eight "0/" cancel out.
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
             "0;0;0;212#m\r\r\r\r\r0/0/0/0/0/0/0/0/\r\r\r8b");
 }
 
 // Two amounts lists follow the count of list a, one text list that of list b.
 TEST_F(LongFrameTest, HashMWithListA) {
   HashM record = NumberedHashM(2, 0, 0);
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
             Summed("2;0;0;212#mt1\rt2\rt3\rt4\rt5\ra0\ra1\r1/2/3/4/5/6/"
                    "200/201/7/300/301/8/t6\rt7\rt8\r"));
 }
 
 TEST_F(LongFrameTest, HashMWithListB) {
   HashM record = NumberedHashM(0, 3, 0);
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
             Summed("0;3;0;212#mt1\rt2\rt3\rt4\rt5\rb0\rb1\rb2\r1/2/3/4/5/6/"
                    "7/8/t6\rt7\rt8\r"));
 }
 
 TEST_F(LongFrameTest, HashMWithListC) {
   HashM record = NumberedHashM(0, 0, 2);
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
             Summed("0;0;2;212;-1;-2#mt1\rt2\rt3\rt4\rt5\rc0\rc1\r1/2/3/4/5/"
                    "100/101/6/7/8/t6\rt7\rt8\r"));
 }
@@ -174,7 +174,7 @@ TEST_F(LongFrameTest, HashMWithListC) {
 TEST_F(LongFrameTest, HashMWithAllLists) {
   HashM record = NumberedHashM(1, 2, 3);
   EXPECT_EQ(
-      FrameOf(QUIL_SEND_HASH_M, &record),
+      FrameOf(QUIL_HASH_M, &record),
       Summed("1;2;3;212;-1;-2;-3#mt1\rt2\rt3\rt4\rt5\rc0\rc1\rc2\ra0\rb0\rb1\r"
              "1/2/3/4/5/100/101/102/6/200/7/300/8/t6\rt7\rt8\r"));
 }
@@ -182,7 +182,7 @@ TEST_F(LongFrameTest, HashMWithAllLists) {
 TEST_F(LongFrameTest, HashMSendsSeparatorsForIntegersThatItLacks) {
   HashM record = NumberedHashM(0, 0, 20);
   EXPECT_EQ(
-      FrameOf(QUIL_SEND_HASH_M, &record),
+      FrameOf(QUIL_HASH_M, &record),
       Summed(
           "0;0;20;212;-1;-2;-3;-4;-5;-6;-7;-8;-9;-10;-11;-12;-13;-14;-15;-16"
           ";;;;#mt1\rt2\rt3\rt4\rt5\r"
@@ -193,7 +193,7 @@ TEST_F(LongFrameTest, HashMSendsSeparatorsForIntegersThatItLacks) {
 
 TEST_F(LongFrameTest, HashMIgnoresNegativeCounts) {
   HashM record = NumberedHashM(-1, kLeast, -1000000);
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
             Summed("-1;-2147483648;-1000000;212#mt1\rt2\rt3\rt4\rt5\r"
                    "1/2/3/4/5/6/7/8/t6\rt7\rt8\r"));
 }
@@ -213,7 +213,7 @@ TEST_F(LongFrameTest, HashMSendsAtMostTheWholeLists) {
       "0/1/2/3/4/5/6/7/8/9/10/11/12/13/14/15/16/17/18/19/20/21/22/23/24/25/26/"
       "27/28/29/30/31/";
   EXPECT_EQ(
-      FrameOf(QUIL_SEND_HASH_M, &record),
+      FrameOf(QUIL_HASH_M, &record),
       Summed("2147483647;33;0;212#m" + X(9) + "\r" + X(9) + "\r" + X(33) +
              "\r" + X(16) + "\r" + X(16) + "\r" + Repeated(64, X(25) + "\r") +
              "1/2/3/4/5/6/" + amounts + "7/" + amounts + "8/" + X(10) + "\r" +
@@ -224,7 +224,7 @@ TEST_F(LongFrameTest, HashMWithTextsOfListCWithoutNul) {
   HashM record = NumberedHashM(0, 0, 16);
   std::memset(record.texts_c, 'x', sizeof(record.texts_c));
   EXPECT_EQ(
-      FrameOf(QUIL_SEND_HASH_M, &record),
+      FrameOf(QUIL_HASH_M, &record),
       Summed(
           "0;0;16;212;-1;-2;-3;-4;-5;-6;-7;-8;-9;-10;-11;-12;-13;-14;-15;-16#m"
           "t1\rt2\rt3\rt4\rt5\r" +
@@ -249,7 +249,7 @@ TEST_F(LongFrameTest, HashMConvertsTextsAndWritesHundredths) {
   record.amounts_a1[0] = -150;
   record.amounts_a2[0] = 110;
   record.amount8 = 101;
-  EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+  EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
             Summed("1;1;1;212;-2147483648#m\x9C\xA0\r\r\r\r\r\x9C\xA0\r\x9C"
                    "\xA0\r\x9C\xA0\r0/0/0/0/0.05/12.05/0/-1.-50/0/1.10/1.01/"
                    "\r\r\x9C\xA0\r"));
@@ -258,9 +258,8 @@ TEST_F(LongFrameTest, HashMConvertsTextsAndWritesHundredths) {
 TEST_F(LongFrameTest, HashMOfAMillionSeparatorsIsSent) {
   HashM record = {};
   record.count_c = 1000000;
-  auto result = std::async(std::launch::async, [&record] {
-    return Ioctl(QUIL_SEND_HASH_M, &record);
-  });
+  auto result = std::async(std::launch::async,
+                           [&record] { return Ioctl(QUIL_HASH_M, &record); });
   EXPECT_TRUE(peer().ReceiveFrame() ==
               "\x1BP" +
                   Summed("0;0;1000000;212" + Repeated(16, ";0") +
@@ -276,12 +275,12 @@ TEST_F(LongFrameTest, HashMThatPassesOneMebibyteFails) {
   for (const int32_t count : {1 << 20, 2000000, kGreatest}) {
     HashM record = {};
     record.count_c = count;
-    EXPECT_EQ(Ioctl(QUIL_SEND_HASH_M, &record), -1) << count;
+    EXPECT_EQ(Ioctl(QUIL_HASH_M, &record), -1) << count;
     const LastErrorRecord after = LastError();
     EXPECT_EQ(std::memcmp(&after, &before, sizeof(after)), 0);
     ExpectNothingSent();
     record.count_c = 0;
-    EXPECT_EQ(FrameOf(QUIL_SEND_HASH_M, &record),
+    EXPECT_EQ(FrameOf(QUIL_HASH_M, &record),
               "0;0;0;212#m\r\r\r\r\r0/0/0/0/0/0/0/0/\r\r\r8b");
   }
 }

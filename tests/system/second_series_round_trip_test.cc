@@ -47,41 +47,41 @@ TEST_F(SecondSeriesRoundTrip, Reports) {
   Fill("01", r.parameter2);
   Fill("24", r.parameter3);
   Fill("text of r", r.text2);
-  Printed(QUIL_SEND_HASH_R, &r, "text of r");
+  Printed(QUIL_HASH_R, &r, "text of r");
 
   HashK k = {};
   Fill("text of k", k.text3);
-  Printed(QUIL_SEND_HASH_K, &k, "text of k");
+  Printed(QUIL_HASH_K, &k, "text of k");
 
   HashO o = {};
   for (auto& parameter : o.parameters) {
     Fill("12", parameter);
   }
   Fill("first of o", o.text1);
-  Printed(QUIL_SEND_HASH_O_TEXTS, &o, "first of o");
+  Printed(QUIL_HASH_O_TEXTS, &o, "first of o");
   Fill("field of o", o.field2);
-  Printed(QUIL_SEND_HASH_O_FIELDS, &o, "field of o");
+  Printed(QUIL_HASH_O_FIELDS, &o, "field of o");
 
   DollarOTexts texts = {};
   Fill("from", texts.text1);
   Fill("to", texts.text2);
   Fill("F", texts.field);
-  Printed(QUIL_SEND_DOLLAR_O_TEXTS, &texts, "from");
+  Printed(QUIL_DOLLAR_O_TEXTS, &texts, "from");
   DollarONumbers numbers = {};
   numbers.number1 = 123456789012;
   numbers.number2 = 123456789013;
-  Printed(QUIL_SEND_DOLLAR_O_NUMBERS, &numbers, "123456789013");
-  Accepted(QUIL_SEND_DOLLAR_O_3);
+  Printed(QUIL_DOLLAR_O_NUMBERS, &numbers, "123456789013");
+  Accepted(QUIL_DOLLAR_O_3);
 
   HashT t = {};
   Fill("text of t", t.text2);
-  Printed(QUIL_SEND_HASH_T, &t, "text of t");
+  Printed(QUIL_HASH_T, &t, "text of t");
   PrCommand pr = {};
   Fill("text of pr", pr.text2);
-  Printed(QUIL_SEND_PR, &pr, "text of pr");
+  Printed(QUIL_AT_PR, &pr, "text of pr");
   PmrCommand pmr = {};
   Fill("text of pmr", pmr.text2);
-  Printed(QUIL_SEND_PMR, &pmr, "text of pmr");
+  Printed(QUIL_AT_PMR, &pmr, "text of pmr");
 }
 
 TEST_F(SecondSeriesRoundTrip, LongFrames) {
@@ -89,7 +89,7 @@ TEST_F(SecondSeriesRoundTrip, LongFrames) {
   Fill("text 3 of f", f.texts4[0]);
   Fill("last", f.text3);
   f.amounts[22] = 987654;
-  Printed(QUIL_SEND_HASH_F, &f, "9876,54");
+  Printed(QUIL_HASH_F, &f, "9876,54");
   OnPaper("last");
 
   HashM m = {};
@@ -102,7 +102,7 @@ TEST_F(SecondSeriesRoundTrip, LongFrames) {
   Fill("last of all", m.text8);
   m.amounts_a2[31] = 123;
   m.amount8 = 456;
-  Printed(QUIL_SEND_HASH_M, &m, "last of a");
+  Printed(QUIL_HASH_M, &m, "last of a");
   OnPaper("last of b");
   OnPaper("last of c");
   OnPaper("last of all");
@@ -115,11 +115,11 @@ TEST_F(SecondSeriesRoundTrip, Amounts) {
   amount.amount = 12345;
   Fill("first text", amount.text1);
   Fill("second text", amount.text2);
-  Printed(QUIL_SEND_HASH_I, &amount, "123,45");
+  Printed(QUIL_HASH_I, &amount, "123,45");
   OnPaper("second text");
-  Accepted(QUIL_SEND_HASH_D, &amount);
+  Accepted(QUIL_HASH_D, &amount);
   // The second time there is nothing left to take out.
-  EXPECT_EQ(Ioctl(QUIL_SEND_HASH_D, &amount, QUIL_CHECK_STATUS), -1);
+  EXPECT_EQ(Ioctl(QUIL_HASH_D, &amount, QUIL_CHECK_STATUS), -1);
 }
 
 TEST_F(SecondSeriesRoundTrip, HashPIsToldOnRequest) {
@@ -127,7 +127,7 @@ TEST_F(SecondSeriesRoundTrip, HashPIsToldOnRequest) {
   p.parameter = 7;
   Fill("Anna", p.text1);
   Fill("K-1", p.text2);
-  Accepted(QUIL_SEND_HASH_P, &p);
+  Accepted(QUIL_HASH_P, &p);
 
   HashPAnswer answer = {};
   EXPECT_EQ(Ioctl(QUIL_SEND_HASH_P_1), 0);
@@ -136,7 +136,7 @@ TEST_F(SecondSeriesRoundTrip, HashPIsToldOnRequest) {
   EXPECT_STREQ(answer.text2, "K-1");
   EXPECT_EQ(answer.number, 7);
 
-  Accepted(QUIL_SEND_HASH_Q, &p);
+  Accepted(QUIL_HASH_Q, &p);
   EXPECT_EQ(Ioctl(QUIL_SEND_HASH_P_1), 0);
   ASSERT_EQ(Ioctl(QUIL_READ_HASH_P, &answer), 0);
   EXPECT_STREQ(answer.text1, "");
@@ -167,7 +167,7 @@ TEST_F(SecondSeriesRoundTrip, Slips) {
   begin = {};
   Accepted(QUIL_NONFISCAL_BEGIN, &begin);
   SingleNumber number = {1};
-  Accepted(QUIL_SEND_DOLLAR_Z_28, &number);
+  Accepted(QUIL_DOLLAR_Z_28, &number);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ QUILON_OFFSET(BuyerEnd, closing_texts, 184);
 QUILON_OFFSET(BuyerEnd, total, 376);
 QUILON_OFFSET(BuyerEnd, rate, 384);
 
-/** The command "@c": QUIL_SEND_AT_C. */
+/** The command "@c": QUIL_AT_C. */
 typedef struct AtC {
   int32_t integers1[4];       /**< Parameters. */
   char texts[3][12];          /**< Parameters behind them, also when empty. */

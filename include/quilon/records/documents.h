@@ -120,7 +120,7 @@ QUILON_OFFSET(DocumentLineP, quantity, 8);
 QUILON_OFFSET(DocumentLineP, quantity_text, 16);
 QUILON_OFFSET(DocumentLineP, first_amount, 32);
 
-/** The command "$n": QUIL_SEND_DOLLAR_N. */
+/** The command "$n": QUIL_DOLLAR_N. */
 typedef struct DollarN {
   int32_t integer;   /**< Parameter. */
   char text[64];     /**< Sent also when empty. */
@@ -131,7 +131,7 @@ QUILON_SIZE(DollarN, 80);
 QUILON_OFFSET(DollarN, text, 4);
 QUILON_OFFSET(DollarN, amount, 72);
 
-/** The command "$L": QUIL_SEND_DOLLAR_CAPITAL_L. */
+/** The command "$L": QUIL_DOLLAR_CAPITAL_L. */
 typedef struct DollarCapitalL {
   int32_t integers[3]; /**< Parameters. */
   int32_t reserved1;   /**< Padding. */
@@ -142,7 +142,7 @@ QUILON_SIZE(DollarCapitalL, 96);
 QUILON_OFFSET(DollarCapitalL, amounts, 16);
 QUILON_OFFSET(DollarCapitalL, text, 32);
 
-/** The command "$Y": QUIL_SEND_DOLLAR_CAPITAL_Y. */
+/** The command "$Y": QUIL_DOLLAR_CAPITAL_Y. */
 typedef struct DollarCapitalY {
   int32_t integers[2]; /**< Parameters. */
   int64_t amounts[2];  /**< In hundredths. */
@@ -152,7 +152,7 @@ QUILON_SIZE(DollarCapitalY, 88);
 QUILON_OFFSET(DollarCapitalY, amounts, 8);
 QUILON_OFFSET(DollarCapitalY, text, 24);
 
-/** The command "$b": QUIL_SEND_DOLLAR_B. */
+/** The command "$b": QUIL_DOLLAR_B. */
 typedef struct DollarB {
   int32_t integers[2]; /**< Parameters. */
   int64_t amount;      /**< In hundredths. */
@@ -162,7 +162,7 @@ QUILON_SIZE(DollarB, 80);
 QUILON_OFFSET(DollarB, amount, 8);
 QUILON_OFFSET(DollarB, text, 16);
 
-/** The command "@z": QUIL_SEND_AT_Z. */
+/** The command "@z": QUIL_AT_Z. */
 typedef struct AtZ {
   int32_t integer;    /**< Parameter. */
   char text[64];      /**< Sent also when empty. */
@@ -175,7 +175,7 @@ QUILON_OFFSET(AtZ, text, 4);
 QUILON_OFFSET(AtZ, raw_text, 68);
 QUILON_OFFSET(AtZ, amounts, 136);
 
-/** The command "@e": QUIL_SEND_AT_E. */
+/** The command "@e": QUIL_AT_E. */
 typedef struct AtE {
   char text[104];   /**< Sent also when empty. */
   int32_t mode;     /**< 0: no parameters; 3: this and two more; else this. */

@@ -11,7 +11,7 @@
 
 #include "quilon/records/layout.h"
 
-/** "#f": QUIL_SEND_HASH_F. Its texts and amounts are sent in the order of the
+/** "#f": QUIL_HASH_F. Its texts and amounts are sent in the order of the
  *  record, empty texts too; only `text3` is sent last, and when not empty. */
 typedef struct HashF {
   int32_t reserved1;   /**< Not read. */
@@ -39,7 +39,7 @@ QUILON_OFFSET(HashF, text22, 544);
 QUILON_OFFSET(HashF, text23, 550);
 QUILON_OFFSET(HashF, text24, 556);
 
-/** "#m": QUIL_SEND_HASH_M. Its lists are sent as far as the count that their
+/** "#m": QUIL_HASH_M. Its lists are sent as far as the count that their
  * name bears says, at most whole; a count of 0 or less sends nothing of them.
  */
 typedef struct HashM {

@@ -12,7 +12,7 @@
 
 #include "quilon/records/layout.h"
 
-/** "#r": QUIL_SEND_HASH_R. */
+/** "#r": QUIL_HASH_R. */
 typedef struct HashR {
   char parameter1[3]; /**< When empty, "0" is sent in place of the three
                            parameters; otherwise "1" stands before them. */
@@ -27,7 +27,7 @@ QUILON_OFFSET(HashR, parameter3, 6);
 QUILON_OFFSET(HashR, text1, 9);
 QUILON_OFFSET(HashR, text2, 18);
 
-/** "#k": QUIL_SEND_HASH_K. */
+/** "#k": QUIL_HASH_K. */
 typedef struct HashK {
   int32_t parameter; /**< The parameter. */
   char text1[9];     /**< Sent also when empty. */
@@ -40,8 +40,8 @@ QUILON_OFFSET(HashK, text1, 4);
 QUILON_OFFSET(HashK, text2, 13);
 QUILON_OFFSET(HashK, text3, 46);
 
-/** "#o": QUIL_SEND_HASH_O_TEXTS sends the six parameters and `number`,
- *  QUIL_SEND_HASH_O_FIELDS `number` and the two fields. */
+/** "#o": QUIL_HASH_O_TEXTS sends the six parameters and `number`,
+ *  QUIL_HASH_O_FIELDS `number` and the two fields. */
 typedef struct HashO {
   char parameters[6][3]; /**< The six parameters before `number`. */
   char reserved1[2];     /**< Padding. */
@@ -60,7 +60,7 @@ QUILON_OFFSET(HashO, text2, 57);
 QUILON_OFFSET(HashO, field1, 66);
 QUILON_OFFSET(HashO, field2, 77);
 
-/** "$o" with texts: QUIL_SEND_DOLLAR_O_TEXTS. */
+/** "$o" with texts: QUIL_DOLLAR_O_TEXTS. */
 typedef struct DollarOTexts {
   int32_t parameter;  /**< The parameter. */
   char reserved1[20]; /**< Not read. */
@@ -74,7 +74,7 @@ QUILON_OFFSET(DollarOTexts, field, 24);
 QUILON_OFFSET(DollarOTexts, text1, 27);
 QUILON_OFFSET(DollarOTexts, text2, 38);
 
-/** "$o" with numbers: QUIL_SEND_DOLLAR_O_NUMBERS. */
+/** "$o" with numbers: QUIL_DOLLAR_O_NUMBERS. */
 typedef struct DollarONumbers {
   int32_t parameter; /**< The parameter. */
   int32_t reserved1; /**< Not read. */
@@ -87,7 +87,7 @@ QUILON_OFFSET(DollarONumbers, number1, 8);
 QUILON_OFFSET(DollarONumbers, number2, 16);
 QUILON_OFFSET(DollarONumbers, field, 24);
 
-/** "#t": QUIL_SEND_HASH_T. */
+/** "#t": QUIL_HASH_T. */
 typedef struct HashT {
   char text1[9];  /**< Sent when not empty. */
   char text2[64]; /**< Sent when not empty. */
@@ -95,7 +95,7 @@ typedef struct HashT {
 QUILON_SIZE(HashT, 73);
 QUILON_OFFSET(HashT, text2, 9);
 
-/** "@PR": QUIL_SEND_PR. */
+/** "@PR": QUIL_AT_PR. */
 typedef struct PrCommand {
   int32_t number1; /**< Sent first. */
   int32_t number2; /**< Sent second. */
@@ -107,7 +107,7 @@ QUILON_OFFSET(PrCommand, number2, 4);
 QUILON_OFFSET(PrCommand, text1, 8);
 QUILON_OFFSET(PrCommand, text2, 28);
 
-/** "@PMR": QUIL_SEND_PMR. */
+/** "@PMR": QUIL_AT_PMR. */
 typedef struct PmrCommand {
   int32_t reserved1; /**< Not read. */
   int32_t number1;   /**< Sent first. */
@@ -121,7 +121,7 @@ QUILON_OFFSET(PmrCommand, number2, 8);
 QUILON_OFFSET(PmrCommand, text1, 12);
 QUILON_OFFSET(PmrCommand, text2, 32);
 
-/** "#i" and "#d": QUIL_SEND_HASH_I and QUIL_SEND_HASH_D. */
+/** "#i" and "#d": QUIL_HASH_I and QUIL_HASH_D. */
 typedef struct HashAmount {
   int32_t parameter; /**< The parameter. */
   int32_t reserved1; /**< Not read. */
@@ -136,7 +136,7 @@ QUILON_OFFSET(HashAmount, amount, 8);
 QUILON_OFFSET(HashAmount, text1, 16);
 QUILON_OFFSET(HashAmount, text2, 26);
 
-/** "#p" and "#q": QUIL_SEND_HASH_P and QUIL_SEND_HASH_Q. */
+/** "#p" and "#q": QUIL_HASH_P and QUIL_HASH_Q. */
 typedef struct HashP {
   int32_t parameter; /**< The parameter of "#p"; not sent by "#q". */
   char text1[33];    /**< Sent also when empty. */
