@@ -9,8 +9,8 @@
  * mnemonic in the protocol: DOLLAR_C is "$c", CARET_B_1 is "1^b", QUESTION_E is
  * "?e". A command that reads fails when the printer is silent, its answer has
  * not the mnemonic, or a number in it is none; packets with "#Z" before the
- * answer are passed over. Fields read before a failure keep what was read. With
- * "SEND_" before it, it asks for what the "READ_" code of the same name reads.
+ * answer are passed over. Fields read before a failure keep what was read. A
+ * code with "SEND_" asks for what the one with "READ_" collects.
  */
 #ifndef QUILON_CODES_H_
 #define QUILON_CODES_H_
