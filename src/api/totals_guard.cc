@@ -217,7 +217,7 @@ bool BeginComparison(OnlineFDev* device, int32_t code, uint32_t flags,
 }
 
 void ExpectTotal(int32_t code, const void* record, ComparisonState* state) {
-  if (IsClosing(code) && state->compareEnabled) {
+  if (state->compareEnabled) {
     state->expectedTotal = ExpectedTotalOf(code, record, state->startTotal)
                                .value_or(state->expectedTotal);
   }
