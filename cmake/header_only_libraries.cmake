@@ -2,7 +2,7 @@
 # the rest of /usr/include, which belongs to Linux.
 set(links ${CMAKE_BINARY_DIR}/header_only)
 file(MAKE_DIRECTORY ${links})
-foreach(name boost CLI nlohmann)
+foreach(name boost CLI nlohmann stb)
   file(CREATE_LINK /usr/include/${name} ${links}/${name} SYMBOLIC)
 endforeach()
 

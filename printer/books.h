@@ -53,6 +53,8 @@ struct Books {
   std::int32_t& count_of(Series series) {
     return series == Series::kReceipt ? receipt_count : invoice_count;
   }
+
+  friend bool operator==(const Books&, const Books&) = default;
 };
 
 }  // namespace quilon::printer

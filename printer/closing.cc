@@ -98,7 +98,9 @@ void close_document(Device& device, const Closing& closing) {
   print_texts(paper, closing.texts);
   const std::int32_t number = ++device.books.count_of(document.series);
   paper.print_pair(std::to_string(number), device.date_and_time());
-  paper.tear_off();
+  const bool receipt = document.series == Series::kReceipt;
+  paper.tear_off({receipt ? PrintoutKind::kReceipt : PrintoutKind::kInvoice, 0,
+                  number, booked, due, paid == 0 ? due : paid});
   const Totals added = device.faults.booked(booked);
   Totals& totals = device.books.of(document.series);
   std::transform(totals.begin(), totals.end(), added.begin(), totals.begin(),

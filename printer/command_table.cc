@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "printer/commands/commands.h"
 #include "printer/errors.h"
@@ -173,6 +174,20 @@ bool takes_count(const CommandRow& row, const Request& request) {
   throw Refusal(selected ? kWrongFieldCount : kBadParameter);
 }
 
+// The row that a request with a known mnemonic fits; null when there is none.
+const CommandRow* row_for(const Request& request) {
+  const auto* row = std::find_if(kCommands.begin(), kCommands.end(),
+                                 [&](const CommandRow& candidate) {
+                                   return is_selected(candidate, request) &&
+                                          takes_count(candidate, request);
+                                 });
+  return row == kCommands.end() ? nullptr : row;
+}
+
+bool needs_checksum(const CommandRow* row) {
+  return row == nullptr || row->checksum == Checksum::kRequired;
+}
+
 }  // namespace
 
 const CommandRow& find_command(std::string_view body, Request& request) {
@@ -180,17 +195,12 @@ const CommandRow& find_command(std::string_view body, Request& request) {
   if (request.mnemonic.empty()) {
     throw Refusal(kUnknownCommand);
   }
-  const auto* row = std::find_if(kCommands.begin(), kCommands.end(),
-                                 [&](const CommandRow& candidate) {
-                                   return is_selected(candidate, request) &&
-                                          takes_count(candidate, request);
-                                 });
-  const bool found = row != kCommands.end();
+  const CommandRow* row = row_for(request);
   const bool fits = checksum_fits(body);
-  if (!fits && (!found || row->checksum == Checksum::kRequired)) {
+  if (!fits && needs_checksum(row)) {
     throw Refusal(kBadChecksum);
   }
-  if (!found) {
+  if (row == nullptr) {
     refuse_parameters(request);
   }
   std::string_view fields =
@@ -205,6 +215,25 @@ const CommandRow& find_command(std::string_view body, Request& request) {
     request.values = read_shape(request.fields, row->shape);
   }
   return *row;
+}
+
+Reading read_frame(std::string_view body) {
+  Request request = take_apart(body);
+  request.mnemonic = mnemonic_at(request.from_mnemonic);
+  const CommandRow* row = request.mnemonic.empty() ? nullptr : row_for(request);
+  Reading reading{std::move(request.parameters), request.mnemonic,
+                  request.from_mnemonic.substr(request.mnemonic.size()),
+                  Reading::Checksum::kMissing};
+  const bool data_to_the_end =
+      row != nullptr && row->checksum == Checksum::kNone;
+  if (checksum_fits(body) && !data_to_the_end) {
+    constexpr std::size_t kDigits = 2;
+    reading.checksum = Reading::Checksum::kRight;
+    reading.fields.remove_suffix(std::min(kDigits, reading.fields.size()));
+  } else if (needs_checksum(row)) {
+    reading.checksum = Reading::Checksum::kWrong;
+  }
+  return reading;
 }
 
 }  // namespace quilon::printer

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "printer/request.h"
 
@@ -51,6 +52,18 @@ struct CommandRow {
 // kWrongFieldCount when the number of parameters fits none, and what shape.h
 // says of the fields.
 const CommandRow& find_command(std::string_view body, Request& request);
+
+// A frame as a person reads it, whether the printer obeys it or not. The texts
+// point into the body.
+struct Reading {
+  enum class Checksum { kRight, kWrong, kMissing };
+
+  std::vector<std::string_view> parameters;
+  std::string_view mnemonic;  // empty when it is unknown
+  std::string_view fields;    // what follows the mnemonic, without a checksum
+  Checksum checksum;          // kMissing only where the command can do without
+};
+Reading read_frame(std::string_view body);
 
 }  // namespace quilon::printer
 

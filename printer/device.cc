@@ -55,7 +55,7 @@ void check_state(const Device& device, const CommandRow& row) {
 
 }  // namespace
 
-std::string Device::execute(std::string_view body) {
+Device::Outcome Device::execute(std::string_view body) {
   Request request = take_apart(body);
   try {
     const CommandRow& row = find_command(body, request);
@@ -74,13 +74,27 @@ std::string Device::execute(std::string_view body) {
       last_command_ok = true;
       error = kNoError;
     }
-    return answer;
+    return {std::move(answer), kNoError};
   } catch (const Refusal& refusal) {
     refuse(refusal.error());
-    return error_reports == 0
-               ? std::string()
-               : Answer("#Z", padded(error, 4)).finish_with(request.mnemonic);
+    return {error_reports == 0
+                ? std::string()
+                : Answer("#Z", padded(error, 4)).finish_with(request.mnemonic),
+            error};
   }
+}
+
+Status Device::status() const {
+  return {online,
+          paper.out(),
+          mechanism_error,
+          error,
+          last_command_ok,
+          document.has_value(),
+          last_document_closed,
+          books,
+          {display.lines().begin(), display.lines().end()},
+          drawer_openings};
 }
 
 void Device::order_fault(const std::string& text) {

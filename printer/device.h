@@ -18,6 +18,7 @@
 #include "printer/errors.h"
 #include "printer/faults.h"
 #include "printer/paper.h"
+#include "printer/status.h"
 #include "printer/storage.h"
 
 namespace quilon::printer {
@@ -28,9 +29,13 @@ using Clock = std::function<std::chrono::local_seconds()>;
 struct Device {
   explicit Device(Clock wall_clock) : clock(std::move(wall_clock)) {}
 
-  // Executes one frame, given without ESC "P" and ESC "\"; returns the answer
-  // with them, empty when there is none.
-  std::string execute(std::string_view body);
+  // What a frame brought about.
+  struct Outcome {
+    std::string answer;    // with ESC "P" and ESC "\"; empty: there is none
+    int error = kNoError;  // with which it was refused
+  };
+  // Executes one frame, given without ESC "P" and ESC "\".
+  Outcome execute(std::string_view body);
   // Answers DLE, ENQ or SUB.
   std::string answer_control(char byte) const;
   // Orders a fault by its text; throws std::invalid_argument when it is none.
@@ -42,6 +47,7 @@ struct Device {
   std::chrono::local_seconds now() const { return clock() + clock_offset; }
   // "2024-01-31 12:05".
   std::string date_and_time() const;
+  Status status() const;
 
   Clock clock;
 

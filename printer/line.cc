@@ -1,6 +1,6 @@
 #include "printer/line.h"
 
-#include "printer/device.h"
+#include <utility>
 
 namespace quilon::printer {
 
@@ -9,8 +9,8 @@ Reaction Line::receive(std::string_view bytes) {
   for (const char byte : bytes) {
     switch (device_.faults.take_byte()) {
       case Faults::ByteFate::kTaken:
-        if (const auto event = parser_.feed(byte)) {
-          react(*event, reaction);
+        if (auto event = parser_.feed(byte)) {
+          react(*std::move(event), reaction);
         }
         break;
       case Faults::ByteFate::kLost:
@@ -26,36 +26,38 @@ Reaction Line::receive(std::string_view bytes) {
   return reaction;
 }
 
-void Line::react(const Event& event, Reaction& reaction) {
-  std::string answer;
-  switch (event.kind) {
-    case Event::Kind::kControl:
-      answer = device_.answer_control(event.body.front());
-      break;
-    case Event::Kind::kOverflow:
-      device_.refuse(kBufferOverflow);
-      break;
-    case Event::Kind::kFrame:
-      answer = execute(event.body, reaction);
-      break;
+void Line::react(Event event, Reaction& reaction) {
+  if (event.kind == Event::Kind::kFrame && device_.faults.dies_of_frame()) {
+    reaction.hang_up = true;
+    return;
   }
-  if (!answer.empty() && !device_.faults.silent()) {
+  Device::Outcome outcome = obey(event);
+  if (device_.faults.silent()) {
+    outcome.answer.clear();
+  }
+  if (!outcome.answer.empty()) {
     reaction.delay += device_.faults.delay();
-    reaction.answer += answer;
+    reaction.answer += outcome.answer;
   }
+  sink_({0, std::chrono::system_clock::now(), 0, std::move(event),
+         std::move(outcome.answer), outcome.error});
 }
 
-std::string Line::execute(const std::string& body, Reaction& reaction) {
-  if (device_.faults.dies_of_frame()) {
-    reaction.hang_up = true;
-    return {};
+Device::Outcome Line::obey(const Event& event) {
+  const auto refused = [this](int error) {
+    device_.refuse(error);
+    return Device::Outcome{{}, error};
+  };
+  switch (event.kind) {
+    case Event::Kind::kControl:
+      return {device_.answer_control(event.body.front())};
+    case Event::Kind::kOverflow:
+      return refused(kBufferOverflow);
+    case Event::Kind::kFrame:
+      break;
   }
-  sink_(body);
-  if (device_.faults.corrupts_frame()) {
-    device_.refuse(kBadChecksum);
-    return {};
-  }
-  return device_.execute(body);
+  return device_.faults.corrupts_frame() ? refused(kBadChecksum)
+                                         : device_.execute(event.body);
 }
 
 }  // namespace quilon::printer

@@ -9,11 +9,11 @@
 #include <string>
 #include <string_view>
 
+#include "printer/device.h"
+#include "printer/exchange.h"
 #include "printer/frame.h"
 
 namespace quilon::printer {
-
-struct Device;
 
 // What the printer does about received bytes: it waits, sends the answer, and
 // hangs up.
@@ -25,22 +25,22 @@ struct Reaction {
 
 class Line {
  public:
-  // Called with the body of every frame that arrived whole, its checksum
-  // included, before it is executed.
-  using FrameSink = std::function<void(const std::string& body)>;
+  // Called with every exchange; its number and its client are for the caller to
+  // fill in.
+  using ExchangeSink = std::function<void(Exchange exchange)>;
 
-  Line(Device& device, FrameSink sink)
+  Line(Device& device, ExchangeSink sink)
       : device_(device), sink_(std::move(sink)) {}
 
   // Takes the next bytes. After a hang-up the line takes no more.
   Reaction receive(std::string_view bytes);
 
  private:
-  void react(const Event& event, Reaction& reaction);
-  std::string execute(const std::string& body, Reaction& reaction);
+  void react(Event event, Reaction& reaction);
+  Device::Outcome obey(const Event& event);
 
   Device& device_;
-  FrameSink sink_;
+  ExchangeSink sink_;
   FrameParser parser_;
 };
 

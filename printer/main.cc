@@ -8,6 +8,7 @@
 #include <iostream>
 #include <string>
 
+#include "printer/outputs.h"
 #include "printer/virtual_printer.h"
 
 namespace {
@@ -48,9 +49,8 @@ int run(int argc, char** argv) {
   boost::asio::signal_set signals(context, SIGINT, SIGTERM);
   signals.async_wait([](const boost::system::error_code&, int) {});
 
-  options.on_paper = [](const std::string& line) {
-    std::cout << line << std::endl;
-  };
+  quilon::printer::PaperOutput paper;
+  options.watchers = {&paper};
   const std::string address = options.tcp.substr(0, options.tcp.rfind(':'));
   const std::string link = options.pty_link;
   const VirtualPrinter printer(std::move(options));

@@ -102,4 +102,21 @@ std::string_view first_characters(std::string_view utf8, std::size_t count) {
   return utf8.substr(0, end);
 }
 
+std::u32string characters_of(std::string_view utf8) {
+  std::u32string characters;
+  while (!utf8.empty()) {
+    const std::string_view sequence = first_characters(utf8, 1);
+    const auto lead = static_cast<unsigned char>(sequence.front());
+    // A sequence of n bytes begins with n ones and a zero.
+    char32_t character =
+        sequence.size() == 1 ? lead : lead & (0xFFU >> (sequence.size() + 1));
+    for (const char byte : sequence.substr(1)) {
+      character = character << 6U | (static_cast<unsigned char>(byte) & 0x3FU);
+    }
+    characters += character;
+    utf8.remove_prefix(sequence.size());
+  }
+  return characters;
+}
+
 }  // namespace quilon::printer

@@ -24,6 +24,10 @@ std::size_t character_count(std::string_view utf8);
 // The first count characters of a UTF-8 text.
 std::string_view first_characters(std::string_view utf8, std::size_t count);
 
+// The characters of a UTF-8 text by number. Bytes that are no UTF-8 give some
+// character.
+std::u32string characters_of(std::string_view utf8);
+
 }  // namespace quilon::printer
 
 #endif  // PRINTER_MAZOVIA_H_

@@ -33,7 +33,7 @@ void Paper::print_pair(std::string_view left, std::string_view right) {
 
 void Paper::print_rule() { put(std::string(kWidth, '-')); }
 
-void Paper::tear_off() { put({}); }
+void Paper::tear_off(Printout printout) { put(std::move(printout)); }
 
 void Paper::run_out() {
   out_ = true;
@@ -49,30 +49,50 @@ void Paper::run_out_after(std::size_t lines) {
 void Paper::refill() {
   out_ = false;
   ending_ = false;
-  for (std::string& line : std::exchange(waiting_, {})) {
-    show(std::move(line));
+  for (Piece& piece : std::exchange(waiting_, {})) {
+    show(std::move(piece));
   }
 }
 
-void Paper::put(std::string line) {
-  line.erase(line.find_last_not_of(' ') + 1);
+void Paper::put(Piece piece) {
   if (out_) {
-    waiting_.push_back(std::move(line));
+    waiting_.push_back(std::move(piece));
     return;
   }
-  show(std::move(line));
+  show(std::move(piece));
   if (ending_ && --left_ == 0) {
     run_out();
   }
 }
 
-void Paper::show(std::string line) {
-  if (sink_) {
-    sink_(line);
+void Paper::show(Piece piece) {
+  if (auto* printout = std::get_if<Printout>(&piece)) {
+    show_cut(std::move(*printout));
+  } else {
+    show_line(std::get<std::string>(std::move(piece)));
   }
-  lines_.push_back(std::move(line));
-  if (lines_.size() > kKeptLines) {
-    lines_.pop_front();
+}
+
+void Paper::show_line(std::string line) {
+  line.erase(line.find_last_not_of(' ') + 1);
+  if (line_sink_) {
+    line_sink_(line);
+  }
+  for (auto* kept : {&lines_, &sheet_}) {
+    kept->push_back(line);
+    if (kept->size() > kKeptLines) {
+      kept->pop_front();
+    }
+  }
+}
+
+void Paper::show_cut(Printout printout) {
+  printout.number = ++printouts_;
+  printout.lines.assign(sheet_.begin(), sheet_.end());
+  show_line({});
+  sheet_.clear();
+  if (printout_sink_) {
+    printout_sink_(printout);
   }
 }
 

@@ -10,6 +10,9 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <variant>
+
+#include "printer/printout.h"
 
 namespace quilon::printer {
 
@@ -17,11 +20,16 @@ class Paper {
  public:
   static constexpr std::size_t kWidth = 40;
   // Older lines are forgotten, so that a printer may run for months.
-  static constexpr std::size_t kKeptLines = 100'000;
-  using Sink = std::function<void(const std::string& line)>;
+  static constexpr std::size_t kKeptLines = 20'000;
+  using LineSink = std::function<void(const std::string& line)>;
+  using PrintoutSink = std::function<void(const Printout& printout)>;
 
-  // Called with every line as it appears.
-  void set_sink(Sink sink) { sink_ = std::move(sink); }
+  // Called with every line as it appears, and with every printout behind its
+  // last line.
+  void set_sinks(LineSink line_sink, PrintoutSink printout_sink) {
+    line_sink_ = std::move(line_sink);
+    printout_sink_ = std::move(printout_sink);
+  }
 
   // A text on as many lines as it takes.
   void print(std::string_view utf8);
@@ -30,8 +38,9 @@ class Paper {
   // both fit.
   void print_pair(std::string_view left, std::string_view right);
   void print_rule();
-  // The blank line between two printouts.
-  void tear_off();
+  // Ends a printout, of which everything but its number and its lines is given,
+  // with a blank line.
+  void tear_off(Printout printout);
 
   void run_out();
   // Lets the roll end after so many further lines.
@@ -42,12 +51,20 @@ class Paper {
   const std::deque<std::string>& lines() const { return lines_; }
 
  private:
-  void put(std::string line);
-  void show(std::string line);
+  // A line, or the cut behind a printout.
+  using Piece = std::variant<std::string, Printout>;
+
+  void put(Piece piece);
+  void show(Piece piece);
+  void show_line(std::string line);
+  void show_cut(Printout printout);
 
   std::deque<std::string> lines_;
-  std::deque<std::string> waiting_;
-  Sink sink_;
+  std::deque<std::string> sheet_;  // the lines since the last cut
+  std::deque<Piece> waiting_;
+  std::int64_t printouts_ = 0;
+  LineSink line_sink_;
+  PrintoutSink printout_sink_;
   bool out_ = false;
   bool ending_ = false;
   std::size_t left_ = 0;  // lines until the roll ends, when it is ending

@@ -9,6 +9,7 @@
 #include <ctime>
 #include <deque>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 #include <utility>
@@ -55,19 +56,25 @@ tcp::endpoint endpoint_of(const std::string& address) {
 
 }  // namespace
 
-// The mutex guards device_ and frames_; everything else belongs to the
-// printer's thread once that runs.
+// The mutex guards the device, what is kept of it, and the watchers; everything
+// else belongs to the printer's thread once that runs.
 class VirtualPrinter::Engine {
  public:
   explicit Engine(Options options)
       : device_(options.clock ? std::move(options.clock) : Clock(system_clock)),
         state_file_(std::move(options.state_file)),
+        watchers_(std::move(options.watchers)),
         acceptor_(context_) {
     state_file_.load(device_);
     for (const std::string& fault : options.faults) {
       device_.order_fault(fault);
     }
-    device_.paper.set_sink(std::move(options.on_paper));
+    device_.paper.set_sinks(
+        [this](const std::string& line) { tell(&Watcher::on_line, line); },
+        [this](const Printout& printout) {
+          tell(&Watcher::on_printout, printout);
+        });
+    tell_status();
     if (!options.tcp.empty()) {
       listen(endpoint_of(options.tcp));
     }
@@ -106,6 +113,7 @@ class VirtualPrinter::Engine {
     {
       const std::scoped_lock lock(mutex_);
       change(device_);
+      tell_status();
     }
     changed_.notify_all();
   }
@@ -146,12 +154,10 @@ class VirtualPrinter::Engine {
   }
 
   Receiver new_receiver() {
-    const auto line =
-        std::make_shared<Line>(device_, [this](const std::string& body) {
-          frames_.push_back(body);
-          if (frames_.size() > kKeptFrames) {
-            frames_.pop_front();
-          }
+    const auto line = std::make_shared<Line>(
+        device_, [this, client = ++clients_](Exchange exchange) {
+          exchange.client = client;
+          note(std::move(exchange));
         });
     return [this, line](std::string_view bytes) {
       Reaction reaction;
@@ -165,6 +171,35 @@ class VirtualPrinter::Engine {
     };
   }
 
+  void note(Exchange exchange) {
+    exchange.number = ++exchanges_;
+    tell(&Watcher::on_exchange, exchange);
+    if (exchange.event.kind == Event::Kind::kFrame) {
+      frames_.push_back(std::move(exchange.event.body));
+      if (frames_.size() > kKeptFrames) {
+        frames_.pop_front();
+      }
+    }
+  }
+
+  template <class News>
+  void tell(void (Watcher::*call)(const News&), const News& news) {
+    for (Watcher* watcher : watchers_) {
+      (watcher->*call)(news);
+    }
+  }
+
+  void tell_status() {
+    if (watchers_.empty()) {
+      return;
+    }
+    Status status = device_.status();
+    if (told_status_ != status) {
+      tell(&Watcher::on_status, status);
+      told_status_ = std::move(status);
+    }
+  }
+
   std::map<std::string, std::string> complete_files() const {
     std::map<std::string, std::string> files;
     for (const auto& [name, file] : device_.files) {
@@ -176,15 +211,9 @@ class VirtualPrinter::Engine {
   }
 
   Snapshot look() const {
-    return {{device_.paper.lines().begin(), device_.paper.lines().end()},
+    return {device_.status(),
+            {device_.paper.lines().begin(), device_.paper.lines().end()},
             {frames_.begin(), frames_.end()},
-            device_.books,
-            device_.error,
-            device_.last_command_ok,
-            device_.document.has_value(),
-            device_.last_document_closed,
-            {device_.display.lines().begin(), device_.display.lines().end()},
-            device_.drawer_openings,
             complete_files()};
   }
 
@@ -193,6 +222,10 @@ class VirtualPrinter::Engine {
   Device device_;
   StateFile state_file_;
   std::deque<std::string> frames_;
+  std::vector<Watcher*> watchers_;
+  std::optional<Status> told_status_;
+  std::int64_t exchanges_ = 0;
+  std::int64_t clients_ = 0;
 
   std::uint16_t port_ = 0;
   asio::io_context context_;

@@ -23,23 +23,18 @@
 #include "printer/books.h"
 #include "printer/device.h"
 #include "printer/faults.h"
+#include "printer/status.h"
+#include "printer/watcher.h"
 
 namespace quilon::printer {
 
 // What the printer holds at one moment.
-struct Snapshot {
+struct Snapshot : Status {
+  std::vector<std::string> paper;  // lines of UTF-8, without line ends; the
+                                   // newest Paper::kKeptLines
   std::vector<std::string>
-      paper;  // lines of UTF-8, without line ends; the newest 100 000
-  std::vector<std::string>
-      frames;   // bodies as they arrived, between ESC "P" and ESC "\", checksum
-                // included; the newest 10 000
-  Books books;  // fiscal totals in grosze and counters
-  int error = 0;  // number of the last command's error, 0 when it was accepted
-  bool last_command_ok = true;
-  bool document_open = false;
-  bool last_document_closed = true;
-  std::vector<std::string> display;  // the customer display's lines, UTF-8
-  int drawer_openings = 0;
+      frames;  // bodies as they arrived, between ESC "P" and ESC "\", checksum
+               // included; the newest 10 000
   std::map<std::string, std::string> files;  // stored whole, by name
 };
 
@@ -59,9 +54,8 @@ class VirtualPrinter {
     std::vector<std::string> faults;
     // Local time; empty: the system's.
     Clock clock;
-    // Called on the printer's thread with every line of paper as it appears.
-    // Must not call the printer.
-    std::function<void(const std::string& line)> on_paper;
+    // None of them may end before the printer does.
+    std::vector<Watcher*> watchers;
   };
 
   // Throws std::runtime_error when an address cannot be listened on or the

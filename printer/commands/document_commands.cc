@@ -73,7 +73,7 @@ std::string cancel_document(Device& device, Request& request) {
   device.paper.print_centered("ANULOWANO");
   print_texts(device.paper, request.values);
   device.paper.print_pair("", device.date_and_time());
-  device.paper.tear_off();
+  device.paper.tear_off({PrintoutKind::kCancelled});
   ++device.books.cancelled_count;
   device.last_document_closed = false;
   device.document.reset();

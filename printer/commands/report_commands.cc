@@ -61,7 +61,7 @@ std::string print_form(Device& device, Request& request) {
   }
   print_values(paper, request);
   paper.print_pair("", device.date_and_time());
-  paper.tear_off();
+  paper.tear_off({PrintoutKind::kReport});
   return {};
 }
 
@@ -86,7 +86,7 @@ std::string print_daily_report(Device& device, Request& request) {
   paper.print_pair("Anulowane", std::to_string(device.books.cancelled_count));
   print_values(paper, request);
   paper.print_pair("", device.date_and_time());
-  paper.tear_off();
+  paper.tear_off({PrintoutKind::kReport});
   return {};
 }
 

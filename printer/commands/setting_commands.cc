@@ -83,7 +83,7 @@ std::string set_clock(Device& device, Request& request) {
   device.paper.print_centered("ZMIANA ZEGARA");
   device.paper.print_pair("Przed zmianą", before);
   device.paper.print_pair("Po zmianie", device.date_and_time());
-  device.paper.tear_off();
+  device.paper.tear_off({PrintoutKind::kReport});
   return {};
 }
 

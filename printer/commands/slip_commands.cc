@@ -29,7 +29,7 @@ void print_lines(Paper& paper, const std::vector<std::string>& lines) {
 void print_end(Device& device) {
   device.paper.print_centered("# NIEFISKALNY #");
   device.paper.print_pair("", device.date_and_time());
-  device.paper.tear_off();
+  device.paper.tear_off({PrintoutKind::kSlip});
   device.slip_open = false;
   device.slip_attached = false;
 }

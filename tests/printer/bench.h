@@ -39,9 +39,9 @@ inline std::chrono::local_seconds bench_time() {
 
 struct Bench {
   Device device{bench_time};
-  std::vector<std::string> frames;
+  std::vector<Exchange> heard;
   Line line{device,
-            [this](const std::string& body) { frames.push_back(body); }};
+            [this](const Exchange& exchange) { heard.push_back(exchange); }};
 
   // Sends bytes as they are; returns the answer.
   std::string hear(std::string_view bytes) {

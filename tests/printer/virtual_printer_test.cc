@@ -8,7 +8,6 @@
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/read.hpp>
 #include <boost/asio/write.hpp>
-#include <mutex>
 #include <stdexcept>
 #include <string>
 
@@ -118,21 +117,80 @@ TEST(VirtualPrinter, ObeysItsSwitches) {
   EXPECT_EQ(printer.snapshot().error, 1054);
 }
 
-TEST(VirtualPrinter, TellsItsPaperAsItAppears) {
-  std::mutex mutex;
-  std::vector<std::string> lines;
-  VirtualPrinter::Options options;
-  options.on_paper = [&](const std::string& line) {
-    const std::scoped_lock lock(mutex);
-    lines.push_back(line);
-  };
-  VirtualPrinter printer(std::move(options));
-  Client client(printer);
-  client.send(framed(kReceipt[0]));
-  EXPECT_TRUE(printer.wait_until(
-      [](const Snapshot& now) { return now.document_open; }));
-  const std::scoped_lock lock(mutex);
-  EXPECT_THAT(lines, ElementsAre("            PARAGON FISKALNY"));
+// Writes down what it is told, one line of text an event. To be read when the
+// printer is gone.
+class Diary : public Watcher {
+ public:
+  void on_line(const std::string& line) override {
+    entries.push_back("line " + line);
+  }
+  void on_printout(const Printout& printout) override {
+    printouts.push_back(printout);
+    entries.emplace_back("printout");
+  }
+  void on_exchange(const Exchange& exchange) override {
+    entries.push_back("exchange " + std::to_string(exchange.number) + " of " +
+                      std::to_string(exchange.client) + ": " +
+                      exchange.event.body.substr(0, 4) + " -> " +
+                      exchange.answer + " " + std::to_string(exchange.error));
+  }
+  void on_status(const Status& status) override {
+    entries.push_back(status.document_open ? "status: open" : "status");
+  }
+
+  std::vector<std::string> entries;
+  std::vector<Printout> printouts;
+};
+
+TEST(VirtualPrinter, TellsItsWatchersWhatHappensInOrder) {
+  Diary diary;
+  {
+    VirtualPrinter::Options options = bench_options();
+    options.watchers = {&diary};
+    VirtualPrinter printer(std::move(options));
+    Client first(printer);
+    first.send(framed(kReceipt[0]) + "\x05");
+    EXPECT_EQ(first.read(1), "\x6E");
+    Client second(printer);
+    second.send(framed("1$Q") + "\x05");
+    EXPECT_EQ(second.read(1), "\x6A");
+  }
+  EXPECT_THAT(diary.entries,
+              ElementsAre("status", "line             PARAGON FISKALNY",
+                          "exchange 1 of 1: 0;0; ->  0",
+                          "exchange 2 of 1: \x05 -> \x6E 0", "status: open",
+                          "exchange 3 of 2: 1$Qb ->  1022",
+                          "exchange 4 of 2: \x05 -> \x6A 0", "status: open"));
+}
+
+TEST(VirtualPrinter, TellsItsWatchersOfPrintouts) {
+  Diary diary;
+  {
+    VirtualPrinter::Options options = bench_options();
+    options.watchers = {&diary};
+    VirtualPrinter printer(std::move(options));
+    Client client(printer);
+    for (const char* command : {kReceipt[0], kReceipt[1], "6$d10/1\r\r",
+                                kReceipt[2], kReceipt[0], "0$e", "0#r"}) {
+      client.send(framed(command));
+    }
+    client.send("\x05");
+    client.read(1);
+  }
+  ASSERT_EQ(diary.printouts.size(), 3U);
+  const Printout& receipt = diary.printouts[0];
+  EXPECT_EQ(name_of(receipt.kind), "receipt");
+  EXPECT_EQ(receipt.number, 1);
+  EXPECT_EQ(receipt.fiscal_number, 1);
+  EXPECT_EQ(receipt.sales, (Totals{900, 0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(receipt.due, 900);
+  EXPECT_EQ(receipt.paid, 1000);
+  EXPECT_EQ(receipt.lines.front(), "            PARAGON FISKALNY");
+  EXPECT_EQ(receipt.lines.back(), "1                       2024-01-31 12:05");
+  EXPECT_EQ(name_of(diary.printouts[1].kind), "cancelled");
+  EXPECT_EQ(diary.printouts[1].lines.size(), 3U);
+  EXPECT_EQ(name_of(diary.printouts[2].kind), "report");
+  EXPECT_EQ(diary.printouts[2].number, 3);
 }
 
 TEST(VirtualPrinter, GivesUpWaitingAtItsLimit) {

@@ -1,0 +1,21 @@
+#include "printer/printout.h"
+
+namespace quilon::printer {
+
+std::string_view name_of(PrintoutKind kind) {
+  switch (kind) {
+    case PrintoutKind::kReceipt:
+      return "receipt";
+    case PrintoutKind::kInvoice:
+      return "invoice";
+    case PrintoutKind::kCancelled:
+      return "cancelled";
+    case PrintoutKind::kSlip:
+      return "slip";
+    case PrintoutKind::kReport:
+      break;
+  }
+  return "report";
+}
+
+}  // namespace quilon::printer
