@@ -1,0 +1,265 @@
+#include "printer/acceptance.h"
+
+#include <algorithm>
+#include <array>
+#include <nlohmann/json.hpp>
+#include <set>
+#include <stdexcept>
+#include <utility>
+
+#include "printer/command_table.h"
+#include "printer/numbers.h"
+
+namespace quilon::printer {
+namespace {
+
+using nlohmann::json;
+
+constexpr std::array kKinds = {PrintoutKind::kReceipt, PrintoutKind::kInvoice,
+                               PrintoutKind::kCancelled, PrintoutKind::kSlip,
+                               PrintoutKind::kReport};
+
+struct Amount {
+  std::string_view name;
+  std::int64_t (*of)(const Printout& printout);
+};
+
+constexpr std::array kAmounts = {
+    Amount{"total", [](const Printout& p) { return sum_of(p.sales); }},
+    Amount{"due", [](const Printout& p) { return p.due; }},
+    Amount{"paid", [](const Printout& p) { return p.paid; }},
+};
+
+[[noreturn]] void refuse(const std::string& what) {
+  throw std::runtime_error("not an acceptance script: " + what);
+}
+
+void check_names(const json& object, const std::set<std::string>& names) {
+  if (!object.is_object()) {
+    refuse(object.dump() + " should be an object");
+  }
+  for (const auto& [name, value] : object.items()) {
+    if (names.count(name) == 0) {
+      refuse("what is \"" + name + "\"?");
+    }
+  }
+}
+
+std::int64_t amount_of(const json& text) {
+  const auto amount =
+      text.is_string() ? parse_amount(text.get<std::string>()) : std::nullopt;
+  if (!amount) {
+    refuse(text.dump() + " should be an amount like \"12.05\"");
+  }
+  return *amount;
+}
+
+std::int64_t count_of(const json& script, const char* name,
+                      std::int64_t otherwise) {
+  constexpr std::int64_t kMost = 86'400;
+  const json value = script.value(name, json(otherwise));
+  if (!value.is_number_integer() || value < 0 || value > kMost) {
+    refuse("\"" + std::string(name) + "\" should be 0 to 86400");
+  }
+  return value.get<std::int64_t>();
+}
+
+Totals rates_of(const json& rates) {
+  check_names(rates, {"A", "B", "C", "D", "E", "F", "G"});
+  Totals totals{};
+  for (const auto& [letter, amount] : rates.items()) {
+    totals.at(*rate_of_letter(letter)) = amount_of(amount);
+  }
+  return totals;
+}
+
+ExpectedDocument document_of(const json& entry) {
+  check_names(entry, {"kind", "total", "rates", "due", "paid", "lines"});
+  ExpectedDocument document;
+  document.kind = entry.value("kind", "");
+  if (std::none_of(kKinds.begin(), kKinds.end(), [&](PrintoutKind kind) {
+        return document.kind == name_of(kind);
+      })) {
+    refuse("what kind of document is " + entry.dump() + "?");
+  }
+  for (const Amount& amount : kAmounts) {
+    const std::string name(amount.name);
+    if (entry.contains(name)) {
+      document.amounts[name] = amount_of(entry.at(name));
+    }
+  }
+  if (entry.contains("rates")) {
+    document.rates = rates_of(entry.at("rates"));
+  }
+  document.lines = entry.value("lines", std::vector<std::string>());
+  return document;
+}
+
+AcceptanceScript script_of(const json& script) {
+  check_names(script,
+              {"within_seconds", "quiet_seconds", "refused", "documents"});
+  AcceptanceScript result;
+  result.within = std::chrono::seconds(
+      count_of(script, "within_seconds", result.within.count()));
+  result.quiet = std::chrono::seconds(
+      count_of(script, "quiet_seconds", result.quiet.count()));
+  if (script.contains("refused")) {
+    result.refused = count_of(script, "refused", 0);
+  }
+  if (!script.contains("documents") || !script.at("documents").is_array()) {
+    refuse("\"documents\" should be a list");
+  }
+  for (const json& entry : script.at("documents")) {
+    result.documents.push_back(document_of(entry));
+  }
+  return result;
+}
+
+// As the script writes it: "12.05".
+std::string dotted(std::int64_t amount) {
+  std::string text = amount_text(amount);
+  std::replace(text.begin(), text.end(), ',', '.');
+  return text;
+}
+
+void compare_amount(const std::string& name, std::int64_t expected,
+                    std::int64_t printed,
+                    std::vector<std::string>& differences) {
+  if (expected != printed) {
+    differences.push_back(name + ": expected " + dotted(expected) +
+                          ", printed " + dotted(printed));
+  }
+}
+
+void compare_lines(const std::vector<std::string>& expected,
+                   const std::vector<std::string>& printed,
+                   std::vector<std::string>& differences) {
+  auto from = printed.begin();
+  for (const std::string& text : expected) {
+    const auto found =
+        std::find_if(from, printed.end(), [&](const std::string& line) {
+          return line.find(text) != std::string::npos;
+        });
+    if (found == printed.end()) {
+      differences.push_back("not printed, or not in this place: " + text);
+    } else {
+      from = found + 1;
+    }
+  }
+}
+
+std::vector<std::string> compare_document(const ExpectedDocument& expected,
+                                          const Printout& printed) {
+  std::vector<std::string> differences;
+  if (expected.kind != name_of(printed.kind)) {
+    differences.push_back("kind: expected " + expected.kind + ", printed " +
+                          std::string(name_of(printed.kind)));
+  }
+  for (const Amount& amount : kAmounts) {
+    const auto found = expected.amounts.find(std::string(amount.name));
+    if (found != expected.amounts.end()) {
+      compare_amount(found->first, found->second, amount.of(printed),
+                     differences);
+    }
+  }
+  for (std::size_t rate = 0; expected.rates && rate < kRateCount; ++rate) {
+    compare_amount(std::string("rate ") + letter_of_rate(rate),
+                   expected.rates->at(rate), printed.sales.at(rate),
+                   differences);
+  }
+  compare_lines(expected.lines, printed.lines, differences);
+  return differences;
+}
+
+}  // namespace
+
+AcceptanceScript parse_script(const std::string& text) {
+  constexpr bool kExceptions = true;
+  constexpr bool kComments = true;
+  try {
+    return script_of(json::parse(text, nullptr, kExceptions, kComments));
+  } catch (const json::exception& failure) {
+    refuse(failure.what());
+  }
+}
+
+void Acceptance::on_printout(const Printout& printout) {
+  const std::scoped_lock lock(mutex_);
+  printouts_.push_back(printout);
+}
+
+void Acceptance::on_exchange(const Exchange& exchange) {
+  const std::scoped_lock lock(mutex_);
+  last_ = Clock::now();
+  if (exchange.error != 0) {
+    const std::string mnemonic(read_frame(exchange.event.body).mnemonic);
+    refusals_.push_back((mnemonic.empty() ? "a strange command" : mnemonic) +
+                        ", error " + std::to_string(exchange.error));
+  }
+}
+
+bool Acceptance::finished(Clock::time_point now) const {
+  const std::scoped_lock lock(mutex_);
+  const bool complete = printouts_.size() >= script_.documents.size();
+  return now - start_ >= script_.within ||
+         (complete && now - last_ >= script_.quiet);
+}
+
+std::vector<Acceptance::Comparison> Acceptance::compare() const {
+  const std::scoped_lock lock(mutex_);
+  std::vector<Comparison> comparisons;
+  const std::size_t count =
+      std::max(script_.documents.size(), printouts_.size());
+  for (std::size_t i = 0; i < count; ++i) {
+    Comparison comparison{"document " + std::to_string(i + 1) + ": ", {}};
+    if (i >= printouts_.size()) {
+      comparison.title += script_.documents[i].kind;
+      comparison.differences = {"expected, but none was printed"};
+    } else if (i >= script_.documents.size()) {
+      comparison.title += name_of(printouts_[i].kind);
+      comparison.differences = {"printed, but none was expected"};
+    } else {
+      comparison.title += script_.documents[i].kind;
+      comparison.differences =
+          compare_document(script_.documents[i], printouts_[i]);
+    }
+    comparisons.push_back(std::move(comparison));
+  }
+  if (script_.refused) {
+    comparisons.push_back(compare_refusals());
+  }
+  return comparisons;
+}
+
+Acceptance::Comparison Acceptance::compare_refusals() const {
+  Comparison comparison{"refused commands", {}};
+  const auto count = static_cast<std::int64_t>(refusals_.size());
+  if (count != *script_.refused) {
+    comparison.differences = refusals_;
+    comparison.differences.insert(comparison.differences.begin(),
+                                  "expected " +
+                                      std::to_string(*script_.refused) +
+                                      ", refused " + std::to_string(count));
+  }
+  return comparison;
+}
+
+bool Acceptance::passed() const {
+  const auto comparisons = compare();
+  return std::all_of(comparisons.begin(), comparisons.end(),
+                     [](const Comparison& c) { return c.differences.empty(); });
+}
+
+std::string Acceptance::report() const {
+  std::string text;
+  for (const Comparison& comparison : compare()) {
+    text += comparison.title +
+            (comparison.differences.empty() ? ": as expected\n" : "\n");
+    for (const std::string& difference : comparison.differences) {
+      text += "  " + difference + "\n";
+    }
+  }
+  return text;
+}
+
+}  // namespace quilon::printer

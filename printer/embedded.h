@@ -1,0 +1,14 @@
+// Files that are part of the program, so that it needs none beside it.
+#ifndef PRINTER_EMBEDDED_H_
+#define PRINTER_EMBEDDED_H_
+
+#include <string_view>
+
+namespace quilon::printer {
+
+// A TrueType font whose characters have all one width.
+std::string_view receipt_font();
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_EMBEDDED_H_

@@ -1,0 +1,124 @@
+#include "printer/picture.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#define STB_IMAGE_IMPLEMENTATION
+#define STB_IMAGE_STATIC
+#define STBI_ONLY_PNG
+#define STBI_NO_STDIO
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wunused-function"
+#include <stb/stb_image.h>
+#pragma GCC diagnostic pop
+
+namespace quilon::printer {
+namespace {
+
+// A decoded picture.
+struct Picture {
+  explicit Picture(const std::vector<std::string>& lines) {
+    const std::string png = picture_of(lines);
+    constexpr int kGrey = 1;
+    int channels = 0;
+    const std::unique_ptr<stbi_uc, void (*)(void*)> decoded(
+        stbi_load_from_memory(
+            reinterpret_cast<const stbi_uc*>(png.data()),  // NOLINT
+            static_cast<int>(png.size()), &width, &height, &channels, kGrey),
+        stbi_image_free);
+    EXPECT_TRUE(decoded != nullptr) << stbi_failure_reason();
+    EXPECT_EQ(channels, kGrey);
+    dots.assign(decoded.get(), decoded.get() + width * height);
+  }
+
+  // How black the character cell is: 0 for blank paper.
+  int ink(int line, int column) const {
+    // The 40 columns of 10 dots stand in the middle of 456.
+    const int left = 28 + 10 * column;
+    const int top = 40 + 22 * line;
+    int sum = 0;
+    for (int y = top; y < top + 22; ++y) {
+      for (int x = left; x < left + 10; ++x) {
+        sum += 255 - dots[static_cast<std::size_t>(y * width + x)];
+      }
+    }
+    return sum;
+  }
+  int ink() const {
+    int sum = 0;
+    for (const std::uint8_t dot : dots) {
+      sum += 255 - dot;
+    }
+    return sum;
+  }
+
+  int width = 0;
+  int height = 0;
+  std::vector<std::uint8_t> dots;
+};
+
+TEST(Picture, IsAsWideAsThePaperAndGrowsWithTheLines) {
+  // 57 mm of 8 dots; 40 dots of margin above and below, 22 dots a line
+  EXPECT_EQ(Picture({}).width, 456);
+  EXPECT_EQ(Picture({}).height, 80);
+  EXPECT_EQ(Picture({}).ink(), 0);
+  EXPECT_EQ(Picture({"a"}).height, 102);
+  EXPECT_EQ(Picture({"a", "", "b"}).height, 146);
+}
+
+TEST(Picture, HasInkWhereTextStands) {
+  const Picture picture({"A  B", "", std::string(39, ' ') + "C"});
+  EXPECT_GT(picture.ink(0, 0), 0);
+  EXPECT_EQ(picture.ink(0, 1), 0);
+  EXPECT_EQ(picture.ink(0, 2), 0);
+  EXPECT_GT(picture.ink(0, 3), 0);
+  EXPECT_EQ(picture.ink(1, 0), 0);
+  EXPECT_EQ(picture.ink(2, 0), 0);
+  EXPECT_GT(picture.ink(2, 39), 0);
+  EXPECT_EQ(picture.ink(),
+            picture.ink(0, 0) + picture.ink(0, 3) + picture.ink(2, 39));
+}
+
+TEST(Picture, ShowsPolishLetters) {
+  const Picture picture({"L\u0141l\u0142A\u0104Z\u017B"});
+  for (int column = 0; column < 8; column += 2) {
+    EXPECT_GT(picture.ink(0, column + 1), picture.ink(0, column)) << column;
+  }
+}
+
+TEST(Picture, CutsWhatIsLongerThanALine) {
+  const Picture picture({std::string(60, 'x')});
+  EXPECT_EQ(picture.ink(), 40 * picture.ink(0, 0));
+}
+
+TEST(Picture, TakesBytesThatAreNoText) {
+  std::string bytes;
+  for (int byte = 1; byte < 256; ++byte) {
+    bytes += static_cast<char>(byte);
+  }
+  for (std::size_t start = 0; start < bytes.size(); ++start) {
+    EXPECT_EQ(Picture({bytes.substr(start, 40)}).height, 102);
+  }
+  EXPECT_EQ(Picture({"\xF4", "\xF4\x8F"}).height, 124);
+}
+
+TEST(Picture, ShowsTheEndOfAnEndlessPrintout) {
+  std::vector<std::string> lines(2500, "x");
+  lines.back() = "y";
+  const Picture picture(lines);
+  EXPECT_EQ(picture.height, 80 + 22 * 2000);
+  EXPECT_GT(picture.ink(0, 0), 0);
+  const Picture sample({"[... 501 ...]", "x", "y"});
+  for (int column = 0; column < 13; ++column) {
+    EXPECT_EQ(picture.ink(0, column), sample.ink(0, column)) << column;
+  }
+  EXPECT_EQ(picture.ink(1, 0), sample.ink(1, 0));
+  EXPECT_EQ(picture.ink(1999, 0), sample.ink(2, 0));
+}
+
+}  // namespace
+}  // namespace quilon::printer
