@@ -3,13 +3,33 @@
 #include <cstdint>
 
 // What embed_files in CMakeLists.txt makes.
+// NOLINTBEGIN(modernize-avoid-c-arrays)
 extern "C" {
-extern const char quilon_font[];  // NOLINT(modernize-avoid-c-arrays)
+extern const char quilon_font[];
 extern const std::uint64_t quilon_font_size;
+extern const char quilon_page_html[];
+extern const std::uint64_t quilon_page_html_size;
+extern const char quilon_page_css[];
+extern const std::uint64_t quilon_page_css_size;
+extern const char quilon_page_js[];
+extern const std::uint64_t quilon_page_js_size;
+extern const char quilon_words_js[];
+extern const std::uint64_t quilon_words_js_size;
 }
+// NOLINTEND(modernize-avoid-c-arrays)
 
 namespace quilon::printer {
 
 std::string_view receipt_font() { return {quilon_font, quilon_font_size}; }
+
+std::string_view page_html() {
+  return {quilon_page_html, quilon_page_html_size};
+}
+
+std::string_view page_css() { return {quilon_page_css, quilon_page_css_size}; }
+
+std::string_view page_js() { return {quilon_page_js, quilon_page_js_size}; }
+
+std::string_view words_js() { return {quilon_words_js, quilon_words_js_size}; }
 
 }  // namespace quilon::printer

@@ -9,6 +9,12 @@ namespace quilon::printer {
 // A TrueType font whose characters have all one width.
 std::string_view receipt_font();
 
+// The web page, its looks, its behaviour, its texts in Polish and English.
+std::string_view page_html();
+std::string_view page_css();
+std::string_view page_js();
+std::string_view words_js();
+
 }  // namespace quilon::printer
 
 #endif  // PRINTER_EMBEDDED_H_

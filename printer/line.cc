@@ -36,6 +36,9 @@ void Line::react(Event event, Reaction& reaction) {
     outcome.answer.clear();
   }
   if (!outcome.answer.empty()) {
+    if (device_.faults.garbles_answer()) {
+      outcome.answer[outcome.answer.size() / 2] ^= 1;
+    }
     reaction.delay += device_.faults.delay();
     reaction.answer += outcome.answer;
   }
@@ -56,8 +59,11 @@ Device::Outcome Line::obey(const Event& event) {
     case Event::Kind::kFrame:
       break;
   }
-  return device_.faults.corrupts_frame() ? refused(kBadChecksum)
-                                         : device_.execute(event.body);
+  if (device_.faults.corrupts_frame()) {
+    return refused(kBadChecksum);
+  }
+  const int error = device_.faults.refuses_frame();
+  return error == kNoError ? device_.execute(event.body) : refused(error);
 }
 
 }  // namespace quilon::printer

@@ -4,17 +4,17 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/post.hpp>
-#include <charconv>
 #include <condition_variable>
 #include <ctime>
 #include <deque>
 #include <mutex>
 #include <optional>
-#include <stdexcept>
 #include <thread>
 #include <utility>
 
+#include "printer/address.h"
 #include "printer/line.h"
+#include "printer/listener.h"
 #include "printer/mazovia.h"
 #include "printer/pseudo_terminal.h"
 #include "printer/session.h"
@@ -40,20 +40,6 @@ std::chrono::local_seconds system_clock() {
          std::chrono::seconds(civil.tm_sec);
 }
 
-tcp::endpoint endpoint_of(const std::string& address) {
-  const std::size_t colon = address.rfind(':');
-  std::uint16_t port = 0;
-  if (colon != std::string::npos) {
-    const char* end = address.data() + address.size();
-    const auto [stop, failure] =
-        std::from_chars(address.data() + colon + 1, end, port);
-    if (failure == std::errc() && stop == end) {
-      return {asio::ip::make_address(address.substr(0, colon)), port};
-    }
-  }
-  throw std::invalid_argument("not ADDRESS:PORT: " + address);
-}
-
 }  // namespace
 
 // The mutex guards the device, what is kept of it, and the watchers; everything
@@ -63,9 +49,9 @@ class VirtualPrinter::Engine {
   explicit Engine(Options options)
       : device_(options.clock ? std::move(options.clock) : Clock(system_clock)),
         state_file_(std::move(options.state_file)),
-        watchers_(std::move(options.watchers)),
-        acceptor_(context_) {
+        watchers_(std::move(options.watchers)) {
     state_file_.load(device_);
+    device_.faults.set_seed(options.seed);
     for (const std::string& fault : options.faults) {
       device_.order_fault(fault);
     }
@@ -76,7 +62,9 @@ class VirtualPrinter::Engine {
         });
     tell_status();
     if (!options.tcp.empty()) {
-      listen(endpoint_of(options.tcp));
+      listener_.emplace(
+          context_, endpoint_of(options.tcp),
+          [this](tcp::socket socket) { serve(std::move(socket)); });
     }
     if (options.pty) {
       pseudo_terminal_ = make_pseudo_terminal(
@@ -93,7 +81,9 @@ class VirtualPrinter::Engine {
     thread_.join();
   }
 
-  std::uint16_t port() const { return port_; }
+  std::uint16_t port() const {
+    return listener_ ? listener_->endpoint().port() : std::uint16_t{0};
+  }
 
   std::string pty_path() const {
     return pseudo_terminal_ ? pseudo_terminal_->path() : std::string();
@@ -125,25 +115,6 @@ class VirtualPrinter::Engine {
   }
 
  private:
-  void listen(const tcp::endpoint& endpoint) {
-    acceptor_.open(endpoint.protocol());
-    acceptor_.set_option(tcp::acceptor::reuse_address(true));
-    acceptor_.bind(endpoint);
-    acceptor_.listen();
-    port_ = acceptor_.local_endpoint().port();
-    accept();
-  }
-
-  void accept() {
-    acceptor_.async_accept(
-        [this](const boost::system::error_code& failure, tcp::socket socket) {
-          if (!failure) {
-            serve(std::move(socket));
-          }
-          accept();
-        });
-  }
-
   void serve(tcp::socket socket) {
     boost::system::error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
@@ -227,7 +198,6 @@ class VirtualPrinter::Engine {
   std::int64_t exchanges_ = 0;
   std::int64_t clients_ = 0;
 
-  std::uint16_t port_ = 0;
   asio::io_context context_;
   // Keeps the thread waiting while the gate holds back the only client.
   asio::executor_work_guard<asio::io_context::executor_type> work_ =
@@ -235,7 +205,7 @@ class VirtualPrinter::Engine {
 
   Gate gate_;
 
-  tcp::acceptor acceptor_;
+  std::optional<Listener> listener_;
   std::unique_ptr<PseudoTerminal> pseudo_terminal_;
   std::thread thread_;
 };

@@ -52,6 +52,8 @@ class VirtualPrinter {
     std::filesystem::path state_file;
     // Ordered before the first client comes; see order_fault.
     std::vector<std::string> faults;
+    // For the faults that happen by chance.
+    std::uint64_t seed = 1;
     // Local time; empty: the system's.
     Clock clock;
     // None of them may end before the printer does.

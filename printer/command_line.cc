@@ -1,0 +1,98 @@
+#include "printer/command_line.h"
+
+#include <CLI/CLI.hpp>
+
+#include "printer/faults.h"
+
+namespace quilon::printer {
+namespace {
+
+constexpr const char* kDefaultTcp = "127.0.0.1:6001";
+constexpr const char* kDefaultWeb = "127.0.0.1:8080";
+
+void add_ways_in(CLI::App& app, VirtualPrinter::Options& options) {
+  app.add_option("--tcp", options.tcp,
+                 "Listen on ADDRESS:PORT; port 0 takes any free one. Without "
+                 "any way in: " +
+                     std::string(kDefaultTcp))
+      ->group("Ways in");
+  app.add_option("--pty", options.pty_link,
+                 "Make a pseudo-terminal and this symbolic link to it (Linux)")
+      ->group("Ways in");
+}
+
+void add_outputs(CLI::App& app, CommandLine& command_line) {
+  app.add_option("--paper", command_line.paper_file,
+                 "Append the paper to this file instead of showing it on the "
+                 "standard output")
+      ->group("What to see");
+  app.add_option("--png", command_line.picture_folder,
+                 "Put every printout as a picture into this folder")
+      ->group("What to see");
+  app.add_option("--log", command_line.log_file,
+                 "Append the traffic to this file, one JSON object a line")
+      ->group("What to see");
+  app.add_option("--web", command_line.web_address,
+                 "Show the printer as a web page at ADDRESS:PORT; without a "
+                 "value at " +
+                     std::string(kDefaultWeb))
+      ->expected(0, 1)
+      ->group("What to see");
+}
+
+void add_behaviour(CLI::App& app, CommandLine& command_line) {
+  VirtualPrinter::Options& options = command_line.printer;
+  app.add_option("--state", options.state_file,
+                 "Keep the printer's memory in this file")
+      ->group("Behaviour");
+  app.add_option("--fault", options.faults,
+                 "Misbehave on purpose; repeatable. See below")
+      ->group("Behaviour");
+  app.add_option(
+         "--seed", options.seed,
+         "Choose what happens by chance; the same seed chooses the same")
+      ->group("Behaviour");
+  app.add_option("--script", command_line.script_file,
+                 "Expect the documents that this acceptance script lists, end "
+                 "when they came, and fail when they differ")
+      ->group("Behaviour");
+}
+
+std::string fault_text() {
+  return "Faults: WHAT[=VALUE][@WHERE=N][xTIMES] happens at the N-th document, "
+         "byte, ... (1),\n"
+         "then at every N-th again, TIMES times in all (1); \"x*\": without "
+         "end, \"x5%\":\n"
+         "without end, but each time by that chance.\n" +
+         fault_help();
+}
+
+}  // namespace
+
+bool read_command_line(int argc, char** argv, CommandLine& command_line,
+                       int& status) {
+  CLI::App app(
+      "A virtual fiscal printer. Its paper appears on the standard output.");
+  VirtualPrinter::Options& options = command_line.printer;
+  options.tcp.clear();
+  add_ways_in(app, options);
+  add_outputs(app, command_line);
+  add_behaviour(app, command_line);
+  app.footer(fault_text());
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& wrong) {
+    status = app.exit(wrong);
+    return false;
+  }
+  options.pty = !options.pty_link.empty();
+  if (options.tcp.empty() && !options.pty) {
+    options.tcp = kDefaultTcp;
+  }
+  if (app.count("--web") > 0 && command_line.web_address.empty()) {
+    command_line.web_address = kDefaultWeb;
+  }
+  return true;
+}
+
+}  // namespace quilon::printer

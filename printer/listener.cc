@@ -1,0 +1,54 @@
+#include "printer/listener.h"
+
+#include <chrono>
+#include <utility>
+
+namespace quilon::printer {
+namespace {
+
+using boost::asio::ip::tcp;
+using boost::system::error_code;
+
+#ifdef _WIN32
+// There, reusing an address means to share it with whoever listens already.
+using OwnAddress =
+    boost::asio::detail::socket_option::boolean<SOL_SOCKET,
+                                                SO_EXCLUSIVEADDRUSE>;
+#else
+using OwnAddress = tcp::acceptor::reuse_address;
+#endif
+
+}  // namespace
+
+Listener::Listener(boost::asio::io_context& context,
+                   const tcp::endpoint& endpoint, Handler handler)
+    : acceptor_(context, endpoint.protocol()),
+      pause_(context),
+      handler_(std::move(handler)) {
+  acceptor_.set_option(OwnAddress(true));
+  acceptor_.bind(endpoint);
+  acceptor_.listen();
+  accept();
+}
+
+void Listener::accept() {
+  acceptor_.async_accept([this](const error_code& failure, tcp::socket socket) {
+    if (failure == boost::asio::error::operation_aborted) {
+      return;
+    }
+    if (!failure) {
+      handler_(std::move(socket));
+      accept();
+      return;
+    }
+    // The system is short of something, and would say so again at once.
+    pause_.expires_after(std::chrono::milliseconds(100));
+    pause_.async_wait([this](const error_code& aborted) {
+      if (!aborted) {
+        accept();
+      }
+    });
+  });
+}
+
+}  // namespace quilon::printer
