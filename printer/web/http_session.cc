@@ -96,6 +96,7 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
     http::response<http::empty_body> header(http::status::ok, kHttp11);
     protect(header);
     header.set(http::field::content_type, "text/event-stream");
+    header.keep_alive(false);
     std::ostringstream text;
     text << header.base();
     handler_(stream_.release_socket(), text.str(),

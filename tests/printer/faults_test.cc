@@ -3,11 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/read.hpp>
 #include <boost/asio/write.hpp>
 #include <chrono>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 
@@ -27,15 +29,34 @@ TEST(ParseFault, ReadsEveryPart) {
   EXPECT_EQ(full.value, -100);
   EXPECT_EQ(full.position, 2U);
   EXPECT_EQ(full.times, 3U);
+  EXPECT_EQ(full.chance, 100U);
   EXPECT_EQ(parse_fault("late=5x*").times, Fault::kWithoutEnd);
+  EXPECT_EQ(parse_fault("late=5x7%").times, Fault::kWithoutEnd);
+  EXPECT_EQ(parse_fault("late=5x7%").chance, 7U);
   EXPECT_EQ(parse_fault("paper-out@line=0").position, 0U);
 }
 
 TEST(ParseFault, RefusesEverythingElse) {
-  for (const char* wrong :
-       {"", "nothing", "book-nothing=1", "book-other", "late", "cut@document=1",
-        "cut@byte=0", "cut@byte", "cutx", "cut@byte=1y", "late=x",
-        "late=1@answer=99999999999999999999"}) {
+  for (const char* wrong : {"",
+                            "nothing",
+                            "book-nothing=1",
+                            "book-other",
+                            "late",
+                            "cut@document=1",
+                            "cut@byte=0",
+                            "cut@byte",
+                            "cutx",
+                            "cut@byte=1y",
+                            "late=x",
+                            "late=1@answer=99999999999999999999",
+                            "cutx0%",
+                            "cutx101%",
+                            "cutx%",
+                            "cutx-1%",
+                            "refuse",
+                            "refuse=0",
+                            "refuse=10000",
+                            "garble@byte=1"}) {
     EXPECT_THROW(parse_fault(wrong), std::invalid_argument) << wrong;
   }
 }
@@ -47,9 +68,25 @@ TEST(FaultHelp, NamesEveryFaultAsItIsWritten) {
         "book-other=GROSZE@document=N", "lose-closing@document=N",
         "die-after-closing@document=N", "silent@byte=N", "dead@byte=N",
         "cut@byte=N", "late=MILLISECONDS@answer=N", "paper-out@line=N",
-        "bad-checksum@frame=N"}) {
+        "bad-checksum@frame=N", "refuse=ERROR@frame=N", "garble@answer=N"}) {
     EXPECT_THAT(help, testing::HasSubstr(form));
   }
+}
+
+// Behind the last ": " of every second line.
+TEST(FaultHelp, GivesAnExampleOfEachThatCanBeOrdered) {
+  std::istringstream help(fault_help());
+  std::string form;
+  std::string line;
+  int examples = 0;
+  while (std::getline(help, form) && std::getline(help, line)) {
+    const std::string example = line.substr(line.rfind(": ") + 2);
+    const std::string name = form.substr(2, form.find_first_of("=@") - 2);
+    EXPECT_EQ(example.substr(0, name.size()), name);
+    EXPECT_NO_THROW(parse_fault(example)) << example;
+    ++examples;
+  }
+  EXPECT_EQ(examples, 13);
 }
 
 constexpr const char* kHeader = "0;0;0;1;0$h\r";
@@ -172,6 +209,53 @@ TEST_F(FaultyPrinter, TakesAChecksumForWrong) {
   EXPECT_EQ(verdict(kHeader), 0);
   EXPECT_EQ(verdict(kLine), kBadChecksum);
   EXPECT_EQ(verdict(kLine), 0);
+}
+
+TEST_F(FaultyPrinter, RefusesAFrame) {
+  order("refuse=1086@frame=2");
+  EXPECT_EQ(verdict(kHeader), 0);
+  EXPECT_EQ(verdict(kLine), 1086);
+  EXPECT_EQ(verdict(kLine), 0);
+}
+
+TEST_F(FaultyPrinter, GarblesAnAnswer) {
+  order("garble@answer=2");
+  EXPECT_EQ(hear(kEnqByte), "\x6D");
+  EXPECT_EQ(hear(kEnqByte), "\x6C");
+  EXPECT_EQ(hear(kEnqByte), "\x6D");
+  // FF ^ "#E0/" = 86; the fifth of its ten bytes is the 0.
+  order("garble");
+  EXPECT_EQ(send("#n"), "\x1BP#E0.86\x1B\\");
+}
+
+// Of so many answers the garbled ones, as a text of 0 and 1.
+std::string garbled_by_chance(std::uint64_t seed) {
+  Bench bench;
+  bench.device.faults.set_seed(seed);
+  bench.device.order_fault("garblex25%");
+  std::string garbled;
+  for (int i = 0; i < 1000; ++i) {
+    garbled += bench.hear(kEnqByte) == "\x6D" ? '0' : '1';
+  }
+  return garbled;
+}
+
+TEST(FaultsByChance, AreAsOftenAsOrderedAndTheSameForASeed) {
+  const std::string first = garbled_by_chance(1);
+  EXPECT_EQ(first, garbled_by_chance(1));
+  EXPECT_NE(first, garbled_by_chance(2));
+  // 250 are expected, with a standard deviation of 14.
+  const auto count = std::count(first.begin(), first.end(), '1');
+  EXPECT_GT(count, 180);
+  EXPECT_LT(count, 320);
+}
+
+TEST_F(FaultyPrinter, DoesByACertainChanceWhatItWasOrdered) {
+  order("refuse=1086@frame=2x100%");
+  EXPECT_EQ(verdict(kHeader), 0);
+  EXPECT_EQ(verdict(kLine), 1086);
+  EXPECT_EQ(verdict(kLine), 0);
+  EXPECT_EQ(verdict(kLine), 1086);
 }
 
 // Over a connection.
