@@ -15,7 +15,7 @@ inline constexpr int kLineDots = 22;
 inline constexpr int kPaperMargin = 40;
 // Of longer printouts only the last lines are shown, below a note of how many
 // are missing: viewers refuse pictures that are much higher.
-inline constexpr int kPictureLines = 2000;
+inline constexpr int kPictureLines = 1400;
 
 // The bytes of a PNG, grey. The lines are UTF-8 and stand in the middle of the
 // paper, Paper::kWidth columns wide; what is longer is cut.
