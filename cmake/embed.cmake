@@ -17,7 +17,7 @@ function(embed_files target)
       ".balign 16\n.global ${name}\n${name}:\n.incbin \"${file}\"\n.L${name}_end:\n"
       ".balign 8\n.global ${name}_size\n${name}_size: .quad .L${name}_end - ${name}\n")
   endforeach()
-  set(assembler_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_files.s)
+  set(assembler_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_files.S)
   file(CONFIGURE OUTPUT ${assembler_file} CONTENT "${source}" @ONLY)
   set_source_files_properties(${assembler_file} PROPERTIES OBJECT_DEPENDS "${files}")
   target_sources(${target} PRIVATE ${assembler_file})

@@ -89,7 +89,8 @@ class Faults {
   bool happens(FaultKind kind);
 
   std::vector<Fault> faults_;
-  std::mt19937_64 dice_;
+  // Predictable on purpose: a run can be repeated.
+  std::mt19937_64 dice_{1};  // NOLINT(cert-msc51-cpp)
   std::int64_t value_ = 0;
   bool silent_ = false;
   bool dead_ = false;

@@ -4,6 +4,7 @@
 #include <stb/stb_truetype.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <stdexcept>
 
@@ -33,8 +34,9 @@ class Font {
     int descent = 0;
     stbtt_GetFontVMetrics(&info_, &ascent, &descent, nullptr);
     const float height = static_cast<float>(ascent - descent) * scale_;
-    baseline_ = static_cast<int>((static_cast<float>(kLineDots) - height) / 2 +
-                                 static_cast<float>(ascent) * scale_ + 0.5F);
+    baseline_ = static_cast<int>(
+        std::lround((static_cast<float>(kLineDots) - height) / 2 +
+                    static_cast<float>(ascent) * scale_));
   }
 
   const stbtt_fontinfo& info() const { return info_; }

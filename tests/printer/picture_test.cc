@@ -32,7 +32,8 @@ struct Picture {
         stbi_image_free);
     EXPECT_TRUE(decoded != nullptr) << stbi_failure_reason();
     EXPECT_EQ(channels, kGrey);
-    dots.assign(decoded.get(), decoded.get() + width * height);
+    dots.assign(decoded.get(),
+                decoded.get() + static_cast<std::ptrdiff_t>(width) * height);
   }
 
   // How black the character cell is: 0 for blank paper.
@@ -43,7 +44,9 @@ struct Picture {
     int sum = 0;
     for (int y = top; y < top + 22; ++y) {
       for (int x = left; x < left + 10; ++x) {
-        sum += 255 - dots[static_cast<std::size_t>(y * width + x)];
+        sum += 255 - dots.at(static_cast<std::size_t>(y) *
+                                 static_cast<std::size_t>(width) +
+                             static_cast<std::size_t>(x));
       }
     }
     return sum;

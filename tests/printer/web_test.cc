@@ -120,7 +120,7 @@ class Web : public testing::Test {
 // A stream of news, read as far as a test wants.
 class NewsReader {
  public:
-  NewsReader(tcp::socket socket, const std::string& last_id = {})
+  explicit NewsReader(tcp::socket socket, const std::string& last_id = {})
       : socket_(std::move(socket)) {
     const std::string request =
         "GET /events HTTP/1.1\r\nHost: 127.0.0.1\r\n" +
@@ -132,7 +132,7 @@ class NewsReader {
   std::string read_to(const std::string& text) {
     const std::size_t count =
         asio::read_until(socket_, asio::dynamic_buffer(bytes_), text);
-    const std::string read = bytes_.substr(0, count);
+    std::string read = bytes_.substr(0, count);
     bytes_.erase(0, count);
     return read;
   }
