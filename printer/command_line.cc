@@ -1,6 +1,7 @@
 #include "printer/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <chrono>
 
 #include "printer/faults.h"
 
@@ -18,6 +19,9 @@ void add_ways_in(CLI::App& app, VirtualPrinter::Options& options) {
       ->group("Ways in");
   app.add_option("--pty", options.pty_link,
                  "Make a pseudo-terminal and this symbolic link to it (Linux)")
+      ->group("Ways in");
+  app.add_option("--serial", options.serial,
+                 "Serve this serial port: COM5, /dev/ttyUSB0")
       ->group("Ways in");
 }
 
@@ -44,6 +48,19 @@ void add_behaviour(CLI::App& app, CommandLine& command_line) {
   VirtualPrinter::Options& options = command_line.printer;
   app.add_option("--state", options.state_file,
                  "Keep the printer's memory in this file")
+      ->group("Behaviour");
+  app.add_option_function<int>(
+         "--latency",
+         [&options](int milliseconds) {
+           options.latency = std::chrono::milliseconds(milliseconds);
+         },
+         "Answer so many milliseconds later, up to 60000")
+      ->check(CLI::Range(0, 60'000))
+      ->group("Behaviour");
+  app.add_option("--baud", options.baud,
+                 "Pace bytes as a serial line would, 300 to 4000000 baud; a "
+                 "serial port's own rate (9600)")
+      ->check(CLI::Range(300, 4'000'000))
       ->group("Behaviour");
   app.add_option("--fault", options.faults,
                  "Misbehave on purpose; repeatable. See below")
@@ -86,7 +103,7 @@ bool read_command_line(int argc, char** argv, CommandLine& command_line,
     return false;
   }
   options.pty = !options.pty_link.empty();
-  if (options.tcp.empty() && !options.pty) {
+  if (options.tcp.empty() && !options.pty && options.serial.empty()) {
     options.tcp = kDefaultTcp;
   }
   if (app.count("--web") > 0 && command_line.web_address.empty()) {

@@ -52,16 +52,21 @@ AcceptanceScript read_script(const std::string& path) {
   return parse_script({std::istreambuf_iterator<char>(file), {}});
 }
 
-void tell_ways_in(const VirtualPrinter& printer, const std::string& tcp,
-                  const std::string& link) {
-  if (!tcp.empty()) {
-    auto endpoint = endpoint_of(tcp);
+void tell_ways_in(const VirtualPrinter& printer,
+                  const VirtualPrinter::Options& options) {
+  if (!options.tcp.empty()) {
+    auto endpoint = endpoint_of(options.tcp);
     endpoint.port(printer.tcp_port());
     std::cerr << "listening on " << text_of(endpoint) << std::endl;
   }
-  if (!link.empty()) {
-    std::cerr << "listening on " << link << " (" << printer.pty_path() << ")"
-              << std::endl;
+  if (!options.pty_link.empty()) {
+    std::cerr << "listening on " << options.pty_link << " ("
+              << printer.pty_path() << ")" << std::endl;
+  }
+  if (!options.serial.empty()) {
+    std::cerr << "listening on " << options.serial << " at "
+              << (options.baud == 0 ? VirtualPrinter::kUsualBaud : options.baud)
+              << " baud" << std::endl;
   }
 }
 
@@ -119,7 +124,7 @@ int run(int argc, char** argv) {
                 journal);
     std::cerr << "web page: " << web->url() << std::endl;
   }
-  tell_ways_in(printer, options.tcp, options.pty_link);
+  tell_ways_in(printer, options);
 
   boost::asio::steady_timer timer(context);
   if (acceptance) {

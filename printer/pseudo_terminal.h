@@ -4,6 +4,7 @@
 #define PRINTER_PSEUDO_TERMINAL_H_
 
 #include <boost/asio/io_context.hpp>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -21,10 +22,12 @@ class PseudoTerminal {
 
 // Makes the pseudo-terminal and, when link is not empty, a symbolic link to it,
 // which goes away with it; a symbolic link of that name is replaced, any other
-// file is not. Throws std::system_error when that fails, on Windows always.
+// file is not. At the baud rate, unless it is 0, bytes pass as on a serial
+// line. Throws std::system_error when that fails, on Windows always.
 std::unique_ptr<PseudoTerminal> make_pseudo_terminal(
     boost::asio::io_context& context, Gate& gate,
-    std::function<Receiver()> new_receiver, const std::string& link);
+    std::function<Receiver()> new_receiver, const std::string& link,
+    std::uint32_t baud);
 
 }  // namespace quilon::printer
 

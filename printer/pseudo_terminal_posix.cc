@@ -61,11 +61,12 @@ class PosixPseudoTerminal : public PseudoTerminal {
  public:
   PosixPseudoTerminal(boost::asio::io_context& context, Gate& gate,
                       std::function<Receiver()> new_receiver,
-                      const std::string& link)
+                      const std::string& link, std::uint32_t baud)
       : master_(std::make_shared<Master>(context, open_master())),
         pause_(context),
         gate_(gate),
         new_receiver_(std::move(new_receiver)),
+        baud_(baud),
         path_(slave_path()),
         link_(link, path_) {
     make_raw();
@@ -99,9 +100,9 @@ class PosixPseudoTerminal : public PseudoTerminal {
   }
 
   void serve() {
-    std::make_shared<Session<Master>>(master_, gate_, new_receiver_(), [this] {
-      wait_for_client();
-    })->read();
+    std::make_shared<Session<Master>>(master_, gate_, new_receiver_(), baud_,
+                                      [this] { wait_for_client(); })
+        ->read();
   }
 
   // Without a client at the other end every read fails at once, so the line is
@@ -126,6 +127,7 @@ class PosixPseudoTerminal : public PseudoTerminal {
   boost::asio::steady_timer pause_;
   Gate& gate_;
   std::function<Receiver()> new_receiver_;
+  std::uint32_t baud_;
   std::string path_;
   Link link_;
 };
@@ -134,9 +136,10 @@ class PosixPseudoTerminal : public PseudoTerminal {
 
 std::unique_ptr<PseudoTerminal> make_pseudo_terminal(
     boost::asio::io_context& context, Gate& gate,
-    std::function<Receiver()> new_receiver, const std::string& link) {
-  return std::make_unique<PosixPseudoTerminal>(context, gate,
-                                               std::move(new_receiver), link);
+    std::function<Receiver()> new_receiver, const std::string& link,
+    std::uint32_t baud) {
+  return std::make_unique<PosixPseudoTerminal>(
+      context, gate, std::move(new_receiver), link, baud);
 }
 
 }  // namespace quilon::printer

@@ -17,6 +17,7 @@
 #include "printer/listener.h"
 #include "printer/mazovia.h"
 #include "printer/pseudo_terminal.h"
+#include "printer/serial_line.h"
 #include "printer/session.h"
 #include "printer/state.h"
 
@@ -49,7 +50,9 @@ class VirtualPrinter::Engine {
   explicit Engine(Options options)
       : device_(options.clock ? std::move(options.clock) : Clock(system_clock)),
         state_file_(std::move(options.state_file)),
-        watchers_(std::move(options.watchers)) {
+        watchers_(std::move(options.watchers)),
+        baud_(options.baud),
+        latency_(options.latency) {
     state_file_.load(device_);
     device_.faults.set_seed(options.seed);
     for (const std::string& fault : options.faults) {
@@ -68,7 +71,13 @@ class VirtualPrinter::Engine {
     }
     if (options.pty) {
       pseudo_terminal_ = make_pseudo_terminal(
-          context_, gate_, [this] { return new_receiver(); }, options.pty_link);
+          context_, gate_, [this] { return new_receiver(); }, options.pty_link,
+          baud_);
+    }
+    if (!options.serial.empty()) {
+      serial_line_.emplace(
+          context_, gate_, [this] { return new_receiver(); }, options.serial,
+          baud_ == 0 ? kUsualBaud : baud_);
     }
     thread_ = std::thread([this] { context_.run(); });
   }
@@ -120,7 +129,7 @@ class VirtualPrinter::Engine {
     socket.set_option(tcp::no_delay(true), ignored);
     auto stream = std::make_shared<tcp::socket>(std::move(socket));
     std::make_shared<Session<tcp::socket>>(std::move(stream), gate_,
-                                           new_receiver(), [] {})
+                                           new_receiver(), baud_, [] {})
         ->read();
   }
 
@@ -138,6 +147,9 @@ class VirtualPrinter::Engine {
           device.refuse(kUnsavedState);
         }
       });
+      if (!reaction.answer.empty()) {
+        reaction.delay += latency_;
+      }
       return reaction;
     };
   }
@@ -205,7 +217,10 @@ class VirtualPrinter::Engine {
 
   Gate gate_;
 
+  const std::uint32_t baud_;
+  const std::chrono::milliseconds latency_;
   std::optional<Listener> listener_;
+  std::optional<SerialLine> serial_line_;
   std::unique_ptr<PseudoTerminal> pseudo_terminal_;
   std::thread thread_;
 };

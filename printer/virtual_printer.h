@@ -40,6 +40,8 @@ struct Snapshot : Status {
 
 class VirtualPrinter {
  public:
+  static constexpr std::uint32_t kUsualBaud = 9600;
+
   struct Options {
     // "ADDRESS:PORT"; port 0 is any free one. Empty: no TCP.
     std::string tcp = "127.0.0.1:0";
@@ -47,6 +49,13 @@ class VirtualPrinter {
     // empty. Not on Windows.
     bool pty = false;
     std::string pty_link;
+    // A serial port of this machine; empty: none.
+    std::string serial;
+    // How fast the lines are, 300 to 4 000 000; 0: TCP and the pseudo-terminal
+    // as fast as they can, the serial port kUsualBaud.
+    std::uint32_t baud = 0;
+    // How much later every answer goes out.
+    std::chrono::milliseconds latency{0};
     // Where the printer's memory is kept; empty: nowhere. Read at the start if
     // it is there, replaced after every change, before the answer goes out.
     std::filesystem::path state_file;
@@ -60,8 +69,8 @@ class VirtualPrinter {
     std::vector<Watcher*> watchers;
   };
 
-  // Throws std::runtime_error when an address cannot be listened on or the
-  // state file holds no state,
+  // Throws std::runtime_error when an address cannot be listened on, a port not
+  // be opened or the state file holds no state,
   // std::invalid_argument when it is none or a fault is none.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);
