@@ -9,10 +9,15 @@ namespace quilon::printer {
 // A TrueType font whose characters have all one width.
 std::string_view receipt_font();
 
-// The web page, its looks, its behaviour, its texts in Polish and English.
+// The web page.
 std::string_view page_html();
 std::string_view page_css();
+std::string_view icon_svg();
 std::string_view page_js();
+std::string_view language_js();
+std::string_view roll_js();
+std::string_view status_js();
+std::string_view traffic_js();
 std::string_view words_js();
 
 }  // namespace quilon::printer

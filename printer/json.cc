@@ -22,7 +22,7 @@ std::string visible(std::string_view bytes) {
     if (end == std::string_view::npos) {
       break;
     }
-    text += "\u240D";
+    text += "\u21B5";
     bytes.remove_prefix(end + 1);
   }
   return text;

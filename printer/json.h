@@ -1,6 +1,6 @@
 // What happens at the printer as JSON, for programs: the traffic log and the
 // web page. Texts from the wire are UTF-8 in it; of their control bytes CR is
-// shown as U+240D, the others as the old code page's symbols.
+// shown as U+21B5, the others as the old code page's symbols.
 #ifndef PRINTER_JSON_H_
 #define PRINTER_JSON_H_
 

@@ -1,1 +1,101 @@
-x
+// The page of a printer: shows the news as it comes, sends the orders of its buttons.
+
+import { currentLanguage, setLanguage, word } from "./language.js";
+import * as roll from "./roll.js";
+import { setConnected, setStatus, toggleOrder } from "./status.js";
+import * as traffic from "./traffic.js";
+import { faultExamples } from "./words.js";
+
+const token = location.hash.slice(1);
+const trouble = document.getElementById("trouble");
+
+function watch() {
+  const source = new EventSource("events");
+  const on = (kind, handler) => source.addEventListener(kind, (event) => handler(JSON.parse(event.data)));
+  on("reset", () => {
+    roll.clear();
+    traffic.clear();
+  });
+  on("line", roll.addLine);
+  on("printout", roll.addPrintout);
+  on("torn", roll.tearOff);
+  on("exchange", traffic.addExchange);
+  on("status", setStatus);
+  source.addEventListener("open", () => setConnected(true));
+  source.addEventListener("error", () => setConnected(false));
+}
+
+async function order(name, details = {}) {
+  let reason = "";
+  try {
+    const response = await fetch("orders", {
+      method: "POST",
+      headers: { "X-Token": token },
+      body: JSON.stringify({ order: name, ...details }),
+    });
+    reason = response.ok ? "" : await response.text();
+  } catch {
+    reason = word("gone");
+  }
+  trouble.hidden = reason === "";
+  trouble.textContent = reason && word("orderFailed")(reason);
+}
+
+function onSubmit(id, handler) {
+  document.getElementById(id).addEventListener("submit", (event) => {
+    event.preventDefault();
+    handler();
+  });
+}
+
+function prepareButtons() {
+  for (const id of ["toggle-paper", "toggle-online", "toggle-error"]) {
+    document.getElementById(id).addEventListener("click", () => order(toggleOrder(id)));
+  }
+  for (const id of ["tear-off", "clear-faults"]) {
+    document.getElementById(id).addEventListener("click", () => order(id));
+  }
+  onSubmit("refuse", () => order("refuse-next", { error: document.getElementById("refuse-error").valueAsNumber }));
+  onSubmit("fault", () => order("fault", { fault: document.getElementById("fault-text").value.trim() }));
+  for (const example of faultExamples) {
+    document.getElementById("faults").append(new Option(example, example));
+  }
+  document.getElementById("no-token").hidden = token !== "";
+  for (const element of document.querySelectorAll(".order")) {
+    element.disabled = token === "";
+  }
+}
+
+// A choice that is remembered.
+function prepareChoice(id, value, apply) {
+  const select = document.getElementById(id);
+  select.value = value;
+  apply(value);
+  select.addEventListener("change", () => {
+    localStorage.setItem(id, select.value);
+    apply(select.value);
+  });
+}
+
+function prepareLooks() {
+  const dark = matchMedia("(prefers-color-scheme: dark)");
+  const theme = document.getElementById("theme");
+  const paint = () => {
+    document.documentElement.dataset.theme = theme.value || (dark.matches ? "dark" : "light");
+  };
+  prepareChoice("theme", localStorage.getItem("theme") ?? "", paint);
+  dark.addEventListener("change", paint);
+  prepareChoice("zoom", localStorage.getItem("zoom") ?? "1.75", (zoom) => {
+    document.documentElement.style.setProperty("--zoom", zoom);
+  });
+  prepareChoice("language", currentLanguage(), (language) => {
+    if (language !== currentLanguage()) {
+      setLanguage(language);
+    }
+  });
+}
+
+prepareLooks();
+prepareButtons();
+addEventListener("hashchange", () => location.reload());
+watch();

@@ -28,11 +28,18 @@ struct PageFile {
   std::string_view (*content)();
 };
 
+constexpr const char* kJavaScript = "text/javascript; charset=utf-8";
+
 constexpr std::array kPageFiles = {
     PageFile{"/", "text/html; charset=utf-8", page_html},
     PageFile{"/page.css", "text/css; charset=utf-8", page_css},
-    PageFile{"/page.js", "text/javascript; charset=utf-8", page_js},
-    PageFile{"/words.js", "text/javascript; charset=utf-8", words_js},
+    PageFile{"/page.js", kJavaScript, page_js},
+    PageFile{"/language.js", kJavaScript, language_js},
+    PageFile{"/roll.js", kJavaScript, roll_js},
+    PageFile{"/status.js", kJavaScript, status_js},
+    PageFile{"/traffic.js", kJavaScript, traffic_js},
+    PageFile{"/words.js", kJavaScript, words_js},
+    PageFile{"/icon.svg", "image/svg+xml", icon_svg},
     PageFile{"/font.ttf", "font/ttf", receipt_font},
 };
 

@@ -37,12 +37,12 @@ json frame(const json& parameters, const std::string& mnemonic,
 TEST(ExchangeJson, TakesAFrameApart) {
   EXPECT_EQ(
       heard(framed("0;1;0;1;7$hSk\xA2r\rdobry\r")),
-      frame({"0", "1", "0", "1", "7"}, "$h", "Skór␍dobry␍", "right", "", 0));
+      frame({"0", "1", "0", "1", "7"}, "$h", "Skór↵dobry↵", "right", "", 0));
 }
 
 TEST(ExchangeJson, TellsAWrongChecksumAndWhatCameInstead) {
   EXPECT_EQ(heard(bare("0;0;0;1;0$h\r00")),
-            frame({"0", "0", "0", "1", "0"}, "$h", "␍00", "wrong", "", 2));
+            frame({"0", "0", "0", "1", "0"}, "$h", "↵00", "wrong", "", 2));
   EXPECT_EQ(heard(bare("0;0;0;1;0$h")),
             frame({"0", "0", "0", "1", "0"}, "$h", "", "wrong", "", 2));
 }

@@ -1,0 +1,78 @@
+/*
+ * A shop's program that does what it is told, step by step. It reads a step a
+ * line and answers each with a line of JSON: the exported function's result,
+ * and the printer's status as the driver saw it last.
+ *
+ *     open PORT      header      line NAME      end      cancel      quit
+ */
+#include <stdio.h>
+#include <stdlib.h>
+#include <string.h>
+
+#include "quilon/quilon.h"
+
+static DocumentHeader header;
+static DocumentLine line = {
+    .quantity = 200000000,
+    .unit = "szt",
+    .rate_group = "A",
+    .first_amount = 450,
+    .second_amount = 900,
+};
+static DocumentEnd end;
+static DocumentShortEnd nothing;
+
+static int32_t command(int32_t code, void* data) {
+  return quil_ioctrl(code, data, NULL, QUIL_CHECK_STATUS);
+}
+
+static int32_t take_step(const char* step) {
+  if (strncmp(step, "open ", 5) == 0) {
+    const int32_t opened =
+        quil_open_tcpip("127.0.0.1", (uint32_t)strtoul(step + 5, NULL, 10));
+    quil_ioctrl(QUIL_TEXT_UTF8, NULL, NULL, 0);
+    return opened;
+  }
+  if (strcmp(step, "header") == 0) {
+    end.second_amount = 0;
+    return command(QUIL_DOCUMENT_HEADER, &header);
+  }
+  if (strncmp(step, "line ", 5) == 0) {
+    snprintf(line.name, sizeof line.name, "%s", step + 5);
+    const int32_t result = command(QUIL_DOCUMENT_LINE, &line);
+    end.second_amount += result == 0 ? line.second_amount : 0;
+    return result;
+  }
+  if (strcmp(step, "end") == 0) {
+    return command(QUIL_DOCUMENT_END, &end);
+  }
+  if (strcmp(step, "cancel") == 0) {
+    return command(QUIL_DOCUMENT_SHORT_END, &nothing);
+  }
+  return -1000;
+}
+
+static void tell(int32_t result) {
+  LastErrorRecord last;
+  quil_get_last_error(&last);
+  printf(
+      "{\"result\": %d, \"error\": %d, \"online\": %d, \"paper_out\": %d, "
+      "\"printer_error\": %d}\n",
+      (int)result, (int)last.error_code, (int)last.dle.online,
+      (int)last.dle.paper_out, (int)last.dle.printer_error);
+  fflush(stdout);
+}
+
+int main(void) {
+  char step[256];
+  quil_init(0);
+  while (fgets(step, sizeof step, stdin) != NULL) {
+    step[strcspn(step, "\r\n")] = '\0';
+    if (strcmp(step, "quit") == 0) {
+      break;
+    }
+    tell(take_step(step));
+  }
+  quil_close();
+  return 0;
+}
