@@ -9,6 +9,7 @@
 #include <deque>
 #include <mutex>
 #include <optional>
+#include <stdexcept>
 #include <thread>
 #include <utility>
 
@@ -54,6 +55,9 @@ class VirtualPrinter::Engine {
         baud_(options.baud),
         latency_(options.latency) {
     state_file_.load(device_);
+    if (!state_file_.save(device_)) {
+      throw std::runtime_error("cannot write the state file");
+    }
     device_.faults.set_seed(options.seed);
     for (const std::string& fault : options.faults) {
       device_.order_fault(fault);

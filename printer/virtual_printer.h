@@ -70,7 +70,7 @@ class VirtualPrinter {
   };
 
   // Throws std::runtime_error when an address cannot be listened on, a port not
-  // be opened or the state file holds no state,
+  // be opened or the state file holds no state or cannot be written,
   // std::invalid_argument when it is none or a fault is none.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);

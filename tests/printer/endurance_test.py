@@ -17,23 +17,15 @@ import time
 import unittest
 
 import printer_process
-from printer_process import framed
+from printer_process import ENQ, HEADER, RECEIPT, books, connect, framed
 
 PROGRAM = []
-RECEIPT = framed(b"0;0;0;1;0$h\r") + framed(b"1;0;0^lChleb\r2\rA/4.50/9/") + framed(b"1;0;0;0;0;0$e\r0/9/0/")
 PRICE = 900
-ENQ = b"\x05"
 CLOSED = b"\x6d"  # fiscal mode, command OK, no document open, the last one closed properly
 PATIENCE = 30
 GARBAGE_SECONDS = 60
 # What the allocator may keep or give back while a process does not grow.
 SLACK_KIB = 4096
-
-
-def connect(port):
-    client = socket.create_connection(("127.0.0.1", port), PATIENCE)
-    client.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
-    return client
 
 
 def print_receipt(client):
@@ -42,18 +34,6 @@ def print_receipt(client):
     answer = client.recv(1)
     if answer != CLOSED:
         raise ConnectionError(f"not printed: {answer!r}")
-
-
-def books(port):
-    """The number of receipts in the books and their total at rate A, in grosze, as the printer tells them."""
-    with connect(port) as client:
-        client.sendall(b"\x1bP23#s\x1b\\")
-        answer = b""
-        while not answer.endswith(b"\x1b\\"):
-            answer += client.recv(4096)
-    # Nine numbers and seven rates stand before them.
-    fields = answer.split(b"/")
-    return int(fields[16]), int(fields[17].replace(b".", b""))
 
 
 def memory_kib(printer):
@@ -100,7 +80,7 @@ class Endurance(unittest.TestCase):
     def test_a_client_that_dies_in_mid_frame_leaves_nothing(self):
         _, port = self.start()
         # Behind its first frame the client leaves a document open, which the next one has to cancel.
-        first = len(framed(b"0;0;0;1;0$h\r"))
+        first = len(HEADER)
         for cut in range(1, len(RECEIPT)):
             with connect(port) as dying:
                 dying.sendall(RECEIPT[:cut])

@@ -1,11 +1,17 @@
 """quilon-printer as a process, and what a client says to it; for the tests of the program."""
 
+import pathlib
 import queue
+import socket
 import subprocess
 import threading
 
 PATIENCE = 60
 ESC = b"\x1b"
+ENQ = b"\x05"
+# What scripts/demo prints, without its last line: the number and the time. Tax at 23 %: 24.50 * 23 / 123 = 4.58; at 5 %:
+# 42.35 * 5 / 105 = 2.02.
+DEMO_RECEIPT = pathlib.Path(__file__).parent.parent / "golden/demo_receipt.txt"
 
 
 def framed(body):
@@ -16,29 +22,76 @@ def framed(body):
     return ESC + b"P" + body + b"%02x" % checksum + ESC + b"\\"
 
 
-class Printer:
-    """A running printer. What it says on its standard error is read as it comes."""
+# A receipt of 9.00 at the rate A.
+HEADER = framed(b"0;0;0;1;0$h\r")
+LINE = framed(b"1;0;0^lChleb\r2\rA/4.50/9/")
+CLOSING = framed(b"1;0;0;0;0;0$e\r0/9/0/")
+RECEIPT = HEADER + LINE + CLOSING
 
-    def __init__(self, command, *options):
-        self.process = subprocess.Popen(
-            [*command, *options], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE
-        )
-        self._messages = queue.Queue()
+
+def connect(port):
+    client = socket.create_connection(("127.0.0.1", port), PATIENCE)
+    client.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+    return client
+
+
+def ask(client, frame):
+    """The whole answer to a frame."""
+    client.sendall(frame)
+    answer = b""
+    while not answer.endswith(ESC + b"\\"):
+        answer += client.recv(4096)
+    return answer
+
+
+def books(port):
+    """The number of receipts in the books and their total at rate A, in grosze, as the printer tells them."""
+    with connect(port) as client:
+        # Nine numbers and seven rates stand before them.
+        fields = ask(client, ESC + b"P23#s" + ESC + b"\\").split(b"/")
+    return int(fields[16]), int(fields[17].replace(b".", b""))
+
+
+class Lines:
+    """The lines of a stream, read as they come."""
+
+    def __init__(self, stream):
+        self._stream = stream
+        self._lines = queue.Queue()
         self._reader = threading.Thread(target=self._read, daemon=True)
         self._reader.start()
 
     def _read(self):
-        for line in self.process.stderr:
-            self._messages.put(line.decode(errors="replace").rstrip("\r\n"))
-        self._messages.put(None)
+        for line in self._stream:
+            self._lines.put(line.decode(errors="replace").rstrip("\r\n"))
+        self._lines.put(None)
 
-    def message(self):
-        """The next line that the printer says; None when it says no more."""
-        return self._messages.get(timeout=PATIENCE)
+    def next(self):
+        """The next line; None at the end."""
+        return self._lines.get(timeout=PATIENCE)
+
+    def rest(self):
+        """All lines up to the end."""
+        return list(iter(self.next, None))
+
+    def close(self):
+        self._reader.join(PATIENCE)
+        self._stream.close()
+
+
+class Printer:
+    """A running printer."""
+
+    def __init__(self, command, *options):
+        self.process = subprocess.Popen(
+            [*command, *map(str, options)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE
+        )
+        self.paper = Lines(self.process.stdout)
+        self.messages = Lines(self.process.stderr)
 
     def expect(self, begin):
-        """The rest of the next line that begins so."""
-        while (line := self.message()) is not None:
+        """The rest of the next message that begins so."""
+        while (line := self.messages.next()) is not None:
             if line.startswith(begin):
                 return line[len(begin):]
         raise AssertionError(f"the printer ended without saying {begin!r}")
@@ -52,11 +105,6 @@ class Printer:
         if self.process.poll() is None:
             self.process.terminate()
         status = self.process.wait(PATIENCE)
-        self._reader.join(PATIENCE)
-        self.process.stderr.close()
+        self.paper.close()
+        self.messages.close()
         return status
-
-    def kill(self):
-        """Ends it at once, wherever it is."""
-        self.process.kill()
-        self.stop()

@@ -1,0 +1,225 @@
+#!/usr/bin/python3
+"""quilon-printer as a person starts it: its options, its outputs, its end.
+
+    program_test.py COMMAND...     how the program is started
+"""
+
+import json
+import os
+import pathlib
+import re
+import struct
+import sys
+import tempfile
+import unittest
+
+from printer_process import CLOSING, ENQ, ESC, HEADER, LINE, RECEIPT, Printer, books, connect, framed
+
+COMMAND = []
+FAULTS = [
+    "book-nothing", "book-twice", "book-other", "lose-closing", "die-after-closing", "silent", "dead", "cut", "late", "paper-out",
+    "bad-checksum", "refuse", "garble",
+]
+PAPER = """\
+            PARAGON FISKALNY
+Chleb
+  2 x 4,50                        9,00 A
+----------------------------------------
+SPRZEDAŻ OPODATK. A                 9,00
+PTU A 23,00%                        1,68
+SUMA PTU                            1,68
+SUMA PLN                            9,00
+""".splitlines()
+
+
+def is_native():
+    return len(COMMAND) == 1
+
+
+class Program(unittest.TestCase):
+    def setUp(self):
+        # Below the build folder, which Wine reaches by the same relative names.
+        folder = tempfile.TemporaryDirectory(dir=os.getcwd())
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name).relative_to(os.getcwd())
+
+    def start(self, *options, tcp="127.0.0.1:0"):
+        printer = Printer(COMMAND, "--tcp", tcp, *options)
+        self.addCleanup(printer.stop)
+        return printer
+
+    def send(self, port, frames, answers=1):
+        """Sends frames and an ENQ; returns so many bytes of answers."""
+        with connect(port) as client:
+            client.sendall(frames + ENQ)
+            received = b""
+            while len(received) < answers and (part := client.recv(4096)):
+                received += part
+            return received
+
+    def run_script(self, script, frames):
+        """The exit status and the messages of an acceptance of what these frames print."""
+        path = self.folder / "script.json"
+        path.write_text(json.dumps(script) if isinstance(script, dict) else script, encoding="utf-8")
+        printer = self.start("--script", path)
+        if frames is not None:
+            self.send(printer.port(), frames)
+        messages = printer.messages.rest()
+        return printer.stop(), messages
+
+    def test_shows_its_paper(self):
+        printer = self.start()
+        self.assertEqual(self.send(printer.port(), RECEIPT), b"\x6d")
+        self.assertEqual([printer.paper.next() for _ in PAPER], PAPER)
+        self.assertRegex(printer.paper.next(), r"^1 {23}\d{4}-\d\d-\d\d \d\d:\d\d$")
+        self.assertEqual(printer.paper.next(), "")
+
+    def test_ends_well_at_a_signal(self):
+        if not is_native():
+            self.skipTest("a Windows program gets no signals from here")
+        printer = self.start()
+        printer.port()
+        self.assertEqual(printer.stop(), 0)
+
+    def test_appends_its_paper_to_a_file(self):
+        path = self.folder / "paper.txt"
+        for _ in range(2):
+            printer = self.start("--paper", path)
+            self.send(printer.port(), RECEIPT)
+            printer.stop()
+        lines = path.read_text(encoding="utf-8").splitlines()
+        self.assertEqual(len(lines), 2 * (len(PAPER) + 2))
+        self.assertEqual(lines[:len(PAPER)], PAPER)
+        self.assertEqual(lines[len(PAPER) + 2:][:len(PAPER)], PAPER)
+
+    def test_draws_every_printout(self):
+        folder = self.folder / "pictures/of receipts"
+        for _ in range(2):
+            printer = self.start("--png", folder)
+            self.send(printer.port(), RECEIPT + HEADER + framed(b"0$e") + framed(b"0#r"))
+            printer.stop()
+        self.assertEqual(
+            sorted(path.name for path in folder.iterdir()),
+            ["000001-receipt.png", "000002-cancelled.png", "000003-report.png",
+             "000004-receipt.png", "000005-cancelled.png", "000006-report.png"],
+        )
+        picture = (folder / "000001-receipt.png").read_bytes()
+        self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n")
+        # 57 mm of 8 dots; a margin of 40 dots above and below, nine lines of 22
+        self.assertEqual(struct.unpack(">2I", picture[16:24]), (456, 80 + 9 * 22))
+
+    def test_logs_the_traffic(self):
+        path = self.folder / "traffic.jsonl"
+        printer = self.start("--log", path)
+        port = printer.port()
+        self.send(port, HEADER + ESC + b"P1;0;0^lChleb\r2\rA/4.50/9/00" + ESC + b"\\")
+        self.send(port, framed(b"7$Q"))
+        entries = [json.loads(line) for line in path.read_text(encoding="utf-8").splitlines()]
+        for entry in entries:
+            self.assertRegex(entry.pop("time"), r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z$")
+        frame = {"kind": "frame", "client": 1, "answer": ""}
+        self.assertEqual(entries, [
+            {**frame, "number": 1, "parameters": ["0", "0", "0", "1", "0"], "mnemonic": "$h", "fields": "↵", "checksum": "right",
+             "error": 0},
+            {**frame, "number": 2, "parameters": ["1", "0", "0"], "mnemonic": "^l", "fields": "Chleb↵2↵A/4.50/9/00",
+             "checksum": "wrong", "error": 2},
+            # Document open, not the last command OK
+            {"number": 3, "kind": "control", "client": 1, "mnemonic": "ENQ", "answer": "6a"},
+            {**frame, "number": 4, "client": 2, "parameters": ["7"], "mnemonic": "", "fields": "$Q", "checksum": "right",
+             "error": 1022},
+            {"number": 5, "kind": "control", "client": 2, "mnemonic": "ENQ", "answer": "6a"},
+        ])
+
+    def test_remembers_its_state(self):
+        path = self.folder / "state.json"
+        for receipts in (1, 2):
+            printer = self.start("--state", path)
+            port = printer.port()
+            self.send(port, RECEIPT)
+            self.assertEqual(books(port), (receipts, 900 * receipts))
+            printer.stop()
+
+    def test_misbehaves_by_chance_the_same_for_the_same_seed(self):
+        def answers(seed):
+            printer = self.start("--fault", "garblex30%", "--seed", seed)
+            received = self.send(printer.port(), 199 * ENQ, answers=200)
+            printer.stop()
+            return received
+
+        first = answers(7)
+        self.assertEqual(set(first), {0x6d, 0x6c})
+        self.assertEqual(first, answers(7))
+        self.assertNotEqual(first, answers(8))
+
+    def test_answers_late(self):
+        printer = self.start("--latency", 1, "--baud", 115200, "--fault", "late=1")
+        self.assertEqual(self.send(printer.port(), RECEIPT), b"\x6d")
+
+    def test_accepts_what_a_script_expects(self):
+        script = {"quiet_seconds": 0, "refused": 0, "documents": [
+            {"kind": "receipt", "total": "9.00", "rates": {"A": "9"}, "due": "9.00", "paid": "9.00", "lines": ["Chleb", "SUMA PLN"]},
+            {"kind": "cancelled"},
+        ]}
+        self.assertEqual(self.run_script(script, RECEIPT + HEADER + framed(b"0$e")), (0, [
+            "document 1: receipt: as expected", "document 2: cancelled: as expected", "refused commands: as expected",
+        ]))
+
+    def test_tells_what_differs_from_a_script(self):
+        script = {"quiet_seconds": 0, "documents": [{"kind": "receipt", "total": "9.01", "rates": {"B": "9.00"}}]}
+        self.assertEqual(self.run_script(script, RECEIPT), (1, [
+            "document 1: receipt", "  total: expected 9.01, printed 9.00", "  rate A: expected 0.00, printed 9.00",
+            "  rate B: expected 9.00, printed 0.00",
+        ]))
+
+    def test_finds_documents_missing_and_too_many(self):
+        script = {"quiet_seconds": 0, "documents": []}
+        self.assertEqual(self.run_script({**script, "quiet_seconds": 1}, RECEIPT),
+                         (1, ["document 1: receipt", "  printed, but none was expected"]))
+        script = {"within_seconds": 0, "documents": [{"kind": "report"}]}
+        status, messages = self.run_script(script, None)
+        self.assertEqual((status, messages[1:]), (1, ["document 1: report", "  expected, but none was printed"]))
+
+    def test_refuses_what_is_no_script(self):
+        status, messages = self.run_script({"documents": [], "wihtin_seconds": 5}, None)
+        self.assertEqual(status, 1)
+        self.assertEqual(messages, ['quilon-printer: not an acceptance script: what is "wihtin_seconds"?'])
+        status, messages = self.run_script("{", None)
+        self.assertEqual(status, 1)
+        self.assertRegex(messages[0], "^quilon-printer: not an acceptance script: ")
+
+    def test_explains_every_fault_with_an_example(self):
+        printer = Printer(COMMAND, "--help")
+        text = "\n".join(printer.paper.rest())
+        self.assertEqual(printer.stop(), 0)
+        for fault in FAULTS:
+            self.assertRegex(text, rf"(?m)^  {fault}[=@].*\n      .*: {fault}\b")
+        for option in ("--tcp", "--pty", "--serial", "--paper", "--png", "--log", "--web", "--state", "--fault", "--seed",
+                       "--latency", "--baud", "--script"):
+            self.assertIn(option + " ", text)
+
+    def test_refuses_wrong_options(self):
+        for options in (
+            ["--nonsense"], ["--tcp", "127.0.0.1"], ["--tcp", "nowhere:1"], ["--fault", "nonsense"], ["--baud", "299"],
+            ["--baud", "x"], ["--latency", "-1"], ["--latency", "60001"], ["--script", str(self.folder / "missing")],
+            ["--state", str(self.folder / "missing/state/")], ["--paper", str(self.folder / "missing/paper")],
+            ["--log", str(self.folder)], ["--serial", "no-such-port"], ["--web", "127.0.0.1"],
+        ):
+            with self.subTest(options=options):
+                printer = Printer(COMMAND, *([] if "--tcp" in options else ["--tcp", "127.0.0.1:0"]), *options)
+                self.addCleanup(printer.stop)
+                self.assertNotIn(printer.process.wait(20), (0, None))
+                self.assertNotEqual("".join(printer.messages.rest()), "")
+
+    def test_takes_no_port_that_is_taken(self):
+        port = self.start().port()
+        second = self.start(tcp=f"127.0.0.1:{port}")
+        self.assertNotEqual(second.process.wait(60), 0)
+
+    def test_prints_its_page_address(self):
+        printer = self.start("--web", "127.0.0.1:0")
+        self.assertTrue(re.fullmatch(r"\d+/#[0-9a-f]{32}", printer.expect("web page: http://127.0.0.1:")))
+
+
+if __name__ == "__main__":
+    COMMAND = sys.argv[1:]
+    unittest.main(argv=sys.argv[:1])
