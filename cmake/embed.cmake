@@ -1,24 +1,25 @@
-# embed_files(TARGET NAME=FILE...)
+# embed_files(TARGET FILE...)
 #
-# Makes files part of a program. Of each the bytes are NAME and their number, 64 bits wide, NAME_size; both are C symbols.
+# Makes files part of a program; embedded_file of printer/embedded.h finds them by their names without folders.
 enable_language(ASM)
 function(embed_files target)
+  set(note ".section .note.GNU-stack,\"\",@progbits\n")
+  set(section ".section .data.rel.ro,\"aw\"\n")
   if(WIN32)
-    set(source ".section .rdata,\"dr\"\n")
-  else()
-    set(source ".section .note.GNU-stack,\"\",@progbits\n.section .rodata\n")
+    set(note "")
+    set(section ".section .rdata,\"dr\"\n")
   endif()
-  foreach(pair ${ARGN})
-    string(REGEX MATCH "^([^=]+)=(.+)$" _ ${pair})
-    set(name ${CMAKE_MATCH_1})
-    get_filename_component(file ${CMAKE_MATCH_2} ABSOLUTE)
+  foreach(path ${ARGN})
+    get_filename_component(file ${path} ABSOLUTE)
+    get_filename_component(name ${path} NAME)
+    list(LENGTH files count)
     list(APPEND files ${file})
-    string(APPEND source
-      ".balign 16\n.global ${name}\n${name}:\n.incbin \"${file}\"\n.L${name}_end:\n"
-      ".balign 8\n.global ${name}_size\n${name}_size: .quad .L${name}_end - ${name}\n")
+    string(APPEND bytes ".Lname${count}: .asciz \"${name}\"\n.Lfile${count}: .incbin \"${file}\"\n.Lend${count}:\n")
+    string(APPEND table ".quad .Lname${count}, .Lfile${count}, .Lend${count} - .Lfile${count}\n")
   endforeach()
   set(assembler_file ${CMAKE_CURRENT_BINARY_DIR}/${target}_files.S)
-  file(CONFIGURE OUTPUT ${assembler_file} CONTENT "${source}" @ONLY)
+  file(CONFIGURE OUTPUT ${assembler_file} @ONLY CONTENT
+    "@note@@section@.balign 8\n.global quilon_files\nquilon_files:\n@table@.quad 0, 0, 0\n@bytes@")
   set_source_files_properties(${assembler_file} PROPERTIES OBJECT_DEPENDS "${files}")
   target_sources(${target} PRIVATE ${assembler_file})
 endfunction()

@@ -12,67 +12,57 @@ constexpr const char* kDefaultTcp = "127.0.0.1:6001";
 constexpr const char* kDefaultWeb = "127.0.0.1:8080";
 
 void add_ways_in(CLI::App& app, VirtualPrinter::Options& options) {
+  app.option_defaults()->group("Ways in");
   app.add_option("--tcp", options.tcp,
                  "Listen on ADDRESS:PORT; port 0 takes any free one. Without "
                  "any way in: " +
-                     std::string(kDefaultTcp))
-      ->group("Ways in");
+                     std::string(kDefaultTcp));
   app.add_option("--pty", options.pty_link,
-                 "Make a pseudo-terminal and this symbolic link to it (Linux)")
-      ->group("Ways in");
+                 "Make a pseudo-terminal and this symbolic link to it (Linux)");
   app.add_option("--serial", options.serial,
-                 "Serve this serial port: COM5, /dev/ttyUSB0")
-      ->group("Ways in");
+                 "Serve this serial port: COM5, /dev/ttyUSB0");
 }
 
 void add_outputs(CLI::App& app, CommandLine& command_line) {
+  app.option_defaults()->group("What to see");
   app.add_option("--paper", command_line.paper_file,
                  "Append the paper to this file instead of showing it on the "
-                 "standard output")
-      ->group("What to see");
+                 "standard output");
   app.add_option("--png", command_line.picture_folder,
-                 "Put every printout as a picture into this folder")
-      ->group("What to see");
+                 "Put every printout as a picture into this folder");
   app.add_option("--log", command_line.log_file,
-                 "Append the traffic to this file, one JSON object a line")
-      ->group("What to see");
+                 "Append the traffic to this file, one JSON object a line");
   app.add_option("--web", command_line.web_address,
                  "Show the printer as a web page at ADDRESS:PORT; without a "
                  "value at " +
                      std::string(kDefaultWeb))
-      ->expected(0, 1)
-      ->group("What to see");
+      ->expected(0, 1);
 }
 
 void add_behaviour(CLI::App& app, CommandLine& command_line) {
+  app.option_defaults()->group("Behaviour");
   VirtualPrinter::Options& options = command_line.printer;
   app.add_option("--state", options.state_file,
-                 "Keep the printer's memory in this file")
-      ->group("Behaviour");
+                 "Keep the printer's memory in this file");
   app.add_option_function<int>(
          "--latency",
          [&options](int milliseconds) {
            options.latency = std::chrono::milliseconds(milliseconds);
          },
          "Answer so many milliseconds later, up to 60000")
-      ->check(CLI::Range(0, 60'000))
-      ->group("Behaviour");
+      ->check(CLI::Range(0, 60'000));
   app.add_option("--baud", options.baud,
                  "Pace bytes as a serial line would, 300 to 4000000 baud; a "
                  "serial port's own rate (9600)")
-      ->check(CLI::Range(300, 4'000'000))
-      ->group("Behaviour");
+      ->check(CLI::Range(300, 4'000'000));
   app.add_option("--fault", options.faults,
-                 "Misbehave on purpose; repeatable. See below")
-      ->group("Behaviour");
+                 "Misbehave on purpose; repeatable. See below");
   app.add_option(
-         "--seed", options.seed,
-         "Choose what happens by chance; the same seed chooses the same")
-      ->group("Behaviour");
+      "--seed", options.seed,
+      "Choose what happens by chance; the same seed chooses the same");
   app.add_option("--script", command_line.script_file,
                  "Expect the documents that this acceptance script lists, end "
-                 "when they came, and fail when they differ")
-      ->group("Behaviour");
+                 "when they came, and fail when they differ");
 }
 
 std::string fault_text() {

@@ -1,4 +1,5 @@
-// Files that are part of the program, so that it needs none beside it.
+// Files that are part of the program, so that it needs none beside it: the
+// receipt font and the web page. CMakeLists.txt names them.
 #ifndef PRINTER_EMBEDDED_H_
 #define PRINTER_EMBEDDED_H_
 
@@ -6,19 +7,12 @@
 
 namespace quilon::printer {
 
-// A TrueType font whose characters have all one width.
-std::string_view receipt_font();
+// The bytes of "page.html". Throws std::out_of_range when there is no such
+// file.
+std::string_view embedded_file(std::string_view name);
 
-// The web page.
-std::string_view page_html();
-std::string_view page_css();
-std::string_view icon_svg();
-std::string_view page_js();
-std::string_view language_js();
-std::string_view roll_js();
-std::string_view status_js();
-std::string_view traffic_js();
-std::string_view words_js();
+// The name of a TrueType font whose characters have all one width.
+inline constexpr std::string_view kReceiptFont = "DejaVuSansMono.ttf";
 
 }  // namespace quilon::printer
 

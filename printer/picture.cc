@@ -23,7 +23,8 @@ class Font {
   Font() {
     const auto* bytes =
         // NOLINTNEXTLINE(cppcoreguidelines-pro-type-reinterpret-cast)
-        reinterpret_cast<const unsigned char*>(receipt_font().data());
+        reinterpret_cast<const unsigned char*>(
+            embedded_file(kReceiptFont).data());
     if (stbtt_InitFont(&info_, bytes, 0) == 0) {
       throw std::runtime_error("the receipt font is none");
     }

@@ -25,22 +25,22 @@ constexpr unsigned kMethodNotAllowed = 405;
 struct PageFile {
   std::string_view target;
   const char* content_type;
-  std::string_view (*content)();
+  std::string_view name;
 };
 
 constexpr const char* kJavaScript = "text/javascript; charset=utf-8";
 
 constexpr std::array kPageFiles = {
-    PageFile{"/", "text/html; charset=utf-8", page_html},
-    PageFile{"/page.css", "text/css; charset=utf-8", page_css},
-    PageFile{"/page.js", kJavaScript, page_js},
-    PageFile{"/language.js", kJavaScript, language_js},
-    PageFile{"/roll.js", kJavaScript, roll_js},
-    PageFile{"/status.js", kJavaScript, status_js},
-    PageFile{"/traffic.js", kJavaScript, traffic_js},
-    PageFile{"/words.js", kJavaScript, words_js},
-    PageFile{"/icon.svg", "image/svg+xml", icon_svg},
-    PageFile{"/font.ttf", "font/ttf", receipt_font},
+    PageFile{"/", "text/html; charset=utf-8", "page.html"},
+    PageFile{"/page.css", "text/css; charset=utf-8", "page.css"},
+    PageFile{"/page.js", kJavaScript, "page.js"},
+    PageFile{"/language.js", kJavaScript, "language.js"},
+    PageFile{"/roll.js", kJavaScript, "roll.js"},
+    PageFile{"/status.js", kJavaScript, "status.js"},
+    PageFile{"/traffic.js", kJavaScript, "traffic.js"},
+    PageFile{"/words.js", kJavaScript, "words.js"},
+    PageFile{"/icon.svg", "image/svg+xml", "icon.svg"},
+    PageFile{"/font.ttf", "font/ttf", kReceiptFont},
 };
 
 struct Order {
@@ -133,7 +133,7 @@ bool Routes::host_allowed(std::string_view host) const {
 WebResponse Routes::get(std::string_view target) const {
   for (const PageFile& file : kPageFiles) {
     if (file.target == target) {
-      return {200, file.content_type, std::string(file.content())};
+      return {200, file.content_type, std::string(embedded_file(file.name))};
     }
   }
   constexpr std::string_view kFolder = "/printouts/";

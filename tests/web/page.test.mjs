@@ -304,8 +304,13 @@ test("language and colours are chosen and remembered", () => withPrinter(async (
   await page.locator("#language").selectOption("en");
 }));
 
-test("the page says that the program has ended", () => withPrinter(async () => {
+test("the page outlives the program and goes on with its next run", () => withPrinter(async () => {
+  await sell("Masło");
+  await page.locator(".sheet:not(#open-sheet)").waitFor(patience);
   await printer.stop();
   await waitForLamp("program", "not running");
+  printer = await Printer.start(new URL(printer.url).host);
+  await waitForLamp("program", "connected");
+  await page.locator(".sheet:not(#open-sheet)").waitFor({ state: "detached", ...patience });
   complaints = complaints.filter((complaint) => !complaint.includes("net::ERR_"));
 }));

@@ -39,10 +39,8 @@ class Program {
 }
 
 export class Printer extends Program {
-  static async start(...options) {
-    const printer = new Printer(
-      "QUILON_PRINTER", ["--tcp", "127.0.0.1:0", "--web", "127.0.0.1:0", ...options], "stderr",
-    );
+  static async start(page = "127.0.0.1:0") {
+    const printer = new Printer("QUILON_PRINTER", ["--tcp", "127.0.0.1:0", "--web", page], "stderr");
     for (const [name, pattern] of [["url", /^web page: (.*)$/], ["port", /^listening on 127\.0\.0\.1:(.*)$/]]) {
       printer[name] = pattern.exec(await printer.line())[1].trim();
     }
