@@ -82,7 +82,8 @@ class Acceptance : public Watcher {
   mutable std::mutex mutex_;
   Clock::time_point last_;  // something came from a client
   std::vector<Printout> printouts_;
-  std::vector<std::string> refusals_;
+  std::int64_t refused_ = 0;
+  std::vector<std::string> refusals_;  // the first of them
 };
 
 }  // namespace quilon::printer

@@ -10,6 +10,10 @@
 #include "printer/json.h"
 #include "printer/picture.h"
 
+#ifdef _WIN32
+#include <windows.h>
+#endif
+
 namespace quilon::printer {
 namespace {
 
@@ -38,6 +42,13 @@ void LineFile::write(const std::string& line) {
   if (file_ && !(file_ << line << std::endl)) {
     complain(path_);
   }
+}
+
+PaperOutput::PaperOutput() {
+#ifdef _WIN32
+  // A console expects some old code page otherwise.
+  SetConsoleOutputCP(CP_UTF8);
+#endif
 }
 
 void PaperOutput::on_line(const std::string& line) {

@@ -29,6 +29,7 @@ class LineFile {
 // The paper as text on the standard output.
 class PaperOutput : public Watcher {
  public:
+  PaperOutput();
   void on_line(const std::string& line) override;
 };
 

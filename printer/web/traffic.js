@@ -25,11 +25,18 @@ function bits(answer, names) {
   return names.filter((_, bit) => byte & (1 << bit)).join(", ");
 }
 
+// The time of day where the reader is.
+function clockText(time) {
+  const date = new Date(time);
+  const two = (number) => `${number}`.padStart(2, "0");
+  const clock = [date.getHours(), date.getMinutes(), date.getSeconds()].map(two).join(":");
+  return `${clock}.${`${date.getMilliseconds()}`.padStart(3, "0")}`;
+}
+
 // What each column shows.
 function texts(exchange) {
   const { kind, mnemonic, parameters, fields, answer } = exchange;
-  const time = exchange.time.slice(11, 23);
-  const columns = { time, client: word("client")(exchange.client), mnemonic: mnemonic ?? "", answer };
+  const columns = { time: clockText(exchange.time), client: word("client")(exchange.client), mnemonic: mnemonic ?? "", answer };
   if (kind === "frame") {
     return {
       ...columns,

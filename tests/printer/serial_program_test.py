@@ -8,9 +8,13 @@ Each end of the line is a pseudo-terminal of its own; with --wine they are COM p
 
 import os
 import pathlib
+import select
 import subprocess
 import sys
+import tempfile
 import threading
+import time
+import tty
 import unittest
 
 from printer_process import DEMO_RECEIPT, Printer
@@ -28,6 +32,8 @@ class Cable:
 
     def __init__(self):
         self._ends = [os.openpty() for _ in range(2)]
+        for _, slave in self._ends:
+            tty.setraw(slave)  # A new terminal echoes.
         self.ports = [os.ttyname(slave) for _, slave in self._ends]
         for source, target in ((0, 1), (1, 0)):
             masters = self._ends[source][0], self._ends[target][0]
@@ -40,6 +46,16 @@ class Cable:
                 os.write(target, data)
         except OSError:
             pass  # The cable is cut.
+
+    def answers(self, answer, patience):
+        """Whether the far end, in that time, answers DLE so."""
+        _, slave = self._ends[1]
+        deadline = time.monotonic() + patience
+        while time.monotonic() < deadline:
+            os.write(slave, b"\x10")
+            if select.select([slave], [], [], 0.1)[0]:
+                return os.read(slave, 1) == answer
+        return False
 
     def cut(self):
         for end in self._ends:
@@ -66,6 +82,24 @@ class SerialProgram(unittest.TestCase):
         expected = DEMO_RECEIPT.read_text(encoding="utf-8").splitlines()
         self.assertEqual([printer.paper.next() for _ in expected], expected)
         self.assertRegex(printer.paper.next(), r"^1 +\d{4}-\d\d-\d\d \d\d:\d\d$")
+
+    @unittest.skipIf(sys.argv[1:2] == ["--wine"], "a COM port does not vanish under Wine")
+    def test_opens_a_port_again_that_was_gone(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        port = pathlib.Path(folder.name) / "port"
+        first = Cable()
+        port.symlink_to(first.ports[0])
+        printer = Printer(PROGRAMS[:1], "--serial", port)
+        self.addCleanup(printer.stop)
+        printer.expect("listening on ")
+        self.assertTrue(first.answers(b"\x74", 20))
+        port.unlink()
+        first.cut()
+        second = Cable()
+        self.addCleanup(second.cut)
+        port.symlink_to(second.ports[0])
+        self.assertTrue(second.answers(b"\x74", 20))
 
 
 if __name__ == "__main__":
