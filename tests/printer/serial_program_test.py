@@ -35,17 +35,16 @@ class Cable:
         for _, slave in self._ends:
             tty.setraw(slave)  # A new terminal echoes.
         self.ports = [os.ttyname(slave) for _, slave in self._ends]
-        for source, target in ((0, 1), (1, 0)):
-            masters = self._ends[source][0], self._ends[target][0]
-            threading.Thread(target=self._carry, args=masters, daemon=True).start()
+        self._uncut, self._cut = os.pipe()
+        masters = [master for master, _ in self._ends]
+        self._carrier = threading.Thread(target=self._carry, args=masters, daemon=True)
+        self._carrier.start()
 
-    @staticmethod
-    def _carry(source, target):
-        try:
-            while data := os.read(source, 4096):
-                os.write(target, data)
-        except OSError:
-            pass  # The cable is cut.
+    def _carry(self, first, second):
+        other = {first: second, second: first}
+        while self._uncut not in (ready := select.select([first, second, self._uncut], [], [])[0]):
+            for source in ready:
+                os.write(other[source], os.read(source, 4096))
 
     def answers(self, answer, patience):
         """Whether the far end, in that time, answers DLE so."""
@@ -58,9 +57,10 @@ class Cable:
         return False
 
     def cut(self):
-        for end in self._ends:
-            for file in end:
-                os.close(file)
+        os.close(self._cut)
+        self._carrier.join()
+        for file in (self._uncut, *sum(self._ends, ())):
+            os.close(file)
 
 
 class SerialProgram(unittest.TestCase):
