@@ -1,10 +1,12 @@
 #include "printer/state.h"
 
+#include <chrono>
 #include <fstream>
 #include <iterator>
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <system_error>
+#include <thread>
 
 #include "printer/device.h"
 #include "printer/mazovia.h"
@@ -111,6 +113,23 @@ void restore(Device& device, const json& state) {
   }
 }
 
+// On Windows a file that somebody reads cannot be replaced, and virus scanners
+// read what is new; they are done soon.
+bool replace(const std::filesystem::path& path,
+             const std::filesystem::path& fresh) {
+  constexpr int kAttempts = 25;
+  constexpr std::chrono::milliseconds kPause(20);
+  std::error_code failure;
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    std::filesystem::rename(fresh, path, failure);
+    if (!failure) {
+      return true;
+    }
+    std::this_thread::sleep_for(kPause);
+  }
+  return false;
+}
+
 }  // namespace
 
 std::string state_text(const Device& device) {
@@ -178,11 +197,7 @@ bool StateFile::save(const Device& device) {
   std::ofstream file(fresh, std::ios::binary);
   file << text;
   file.close();
-  std::error_code failure;
-  if (file) {
-    std::filesystem::rename(fresh, path_, failure);
-  }
-  if (!file || failure) {
+  if (!file || !replace(path_, fresh)) {
     return false;
   }
   saved_ = std::move(text);

@@ -20,7 +20,7 @@ TEST(Address, IsRefusedWhenItIsNone) {
                            "127.0.0.1:65536", "127.0.0.1:-1", ":6001x"}) {
     EXPECT_THROW(endpoint_of(text), std::invalid_argument) << text;
   }
-  for (const char* text : {"nowhere:1", "1.2.3:1", "[::1:1", "256.0.0.1:1"}) {
+  for (const char* text : {"nowhere:1", "[::1:1", "256.0.0.1:1"}) {
     EXPECT_THROW(endpoint_of(text), std::runtime_error) << text;
   }
 }

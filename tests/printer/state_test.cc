@@ -100,9 +100,11 @@ TEST(State, IsKeptBeforeTheAnswerGoesOut) {
   StateFile file(folder.file());
   use(bench);
   EXPECT_TRUE(file.save(bench.device));
-  std::ifstream stream(folder.file(), std::ios::binary);
-  const std::string text{std::istreambuf_iterator<char>(stream), {}};
-  EXPECT_EQ(text, state_text(bench.device));
+  {
+    std::ifstream stream(folder.file(), std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(stream), {}};
+    EXPECT_EQ(text, state_text(bench.device));
+  }
   EXPECT_FALSE(std::filesystem::exists(folder.file().string() + ".new"));
 
   VirtualPrinter::Options options;
