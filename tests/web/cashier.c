@@ -3,7 +3,7 @@
  * line and answers each with a line of JSON: the exported function's result,
  * and the printer's status as the driver saw it last.
  *
- *     open PORT      header      line NAME      end      cancel      quit
+ *     open PORT     header     line NAME     end     display TEXT     quit
  */
 #include <stdio.h>
 #include <stdlib.h>
@@ -20,7 +20,7 @@ static DocumentLine line = {
     .second_amount = 900,
 };
 static DocumentEnd end;
-static DocumentShortEnd nothing;
+static DisplayText display = {.mode = 3};
 
 static int32_t command(int32_t code, void* data) {
   return quil_ioctrl(code, data, NULL, QUIL_CHECK_STATUS);
@@ -46,8 +46,9 @@ static int32_t take_step(const char* step) {
   if (strcmp(step, "end") == 0) {
     return command(QUIL_DOCUMENT_END, &end);
   }
-  if (strcmp(step, "cancel") == 0) {
-    return command(QUIL_DOCUMENT_SHORT_END, &nothing);
+  if (strncmp(step, "display ", 8) == 0) {
+    snprintf(display.text, sizeof display.text, "%s", step + 8);
+    return command(QUIL_DISPLAY, &display);
   }
   return -1000;
 }

@@ -3,6 +3,7 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { request } from "node:http";
+import { connect } from "node:net";
 import { after, before, test } from "node:test";
 
 import { Cashier, Printer, printDemoReceipt, startBrowser } from "./processes.mjs";
@@ -52,6 +53,17 @@ async function sell(name) {
   for (const step of ["header", `line ${name}`, "end"]) {
     assert.equal((await cashier.take(step)).result, 0, step);
   }
+}
+
+// Sends bytes to the printer as a client of its own.
+function sendBytes(bytes) {
+  return new Promise((resolve, reject) => {
+    const socket = connect({ host: "127.0.0.1", port: printer.port });
+    socket.on("close", resolve);
+    socket.on("error", reject);
+    socket.end(bytes);
+    socket.resume();
+  });
 }
 
 // Sends a request that a browser would not; resolves to its status.
@@ -271,6 +283,21 @@ test("the traffic is decoded, newest on top, and filtered", () => withPrinter(as
   assert.notEqual((await cashier.take("end")).result, 0);
   // 29: it belongs into a document and none is open.
   await page.locator("#exchanges tr.bad", { hasText: "refused: 29" }).waitFor(patience);
+}));
+
+test("a wrong checksum, a strange command and a client of its own are seen in the traffic", () => withPrinter(async () => {
+  await sendBytes("\x1bP0;0;0;1;0$h\r00\x1b\\");
+  const wrong = page.locator("#exchanges tr.bad", { hasText: "refused: 2" });
+  await wrong.filter({ hasText: "client 2" }).filter({ hasText: "$h" }).filter({ hasText: "wrong" }).waitFor(patience);
+  // FF ^ 37 ("7") = C8, ^ 24 ("$") = EC, ^ 51 ("Q") = BD
+  await sendBytes("\x1bP7$Qbd\x1b\\");
+  const strange = page.locator("#exchanges tr.bad", { hasText: "unknown command" });
+  await strange.filter({ hasText: "client 3" }).filter({ hasText: "refused: 1022" }).waitFor(patience);
+}));
+
+test("the customer display shows what the program writes", () => withPrinter(async () => {
+  assert.equal((await cashier.take("display Do zapłaty <b>9,00</b>")).result, 0);
+  await page.locator("#display", { hasText: "Do zapłaty <b>9,00</b>" }).waitFor(patience);
 }));
 
 test("nobody changes anything without the token", () => withPrinter(async () => {
