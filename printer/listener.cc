@@ -3,20 +3,13 @@
 #include <chrono>
 #include <utility>
 
+#include "printer/platform.h"
+
 namespace quilon::printer {
 namespace {
 
 using boost::asio::ip::tcp;
 using boost::system::error_code;
-
-#ifdef _WIN32
-// There, reusing an address means to share it with whoever listens already.
-using OwnAddress =
-    boost::asio::detail::socket_option::boolean<SOL_SOCKET,
-                                                SO_EXCLUSIVEADDRUSE>;
-#else
-using OwnAddress = tcp::acceptor::reuse_address;
-#endif
 
 }  // namespace
 
@@ -25,7 +18,7 @@ Listener::Listener(boost::asio::io_context& context,
     : acceptor_(context, endpoint.protocol()),
       pause_(context),
       handler_(std::move(handler)) {
-  acceptor_.set_option(OwnAddress(true));
+  claim_address(acceptor_);
   acceptor_.bind(endpoint);
   acceptor_.listen();
   accept();

@@ -9,10 +9,7 @@
 
 #include "printer/json.h"
 #include "printer/picture.h"
-
-#ifdef _WIN32
-#include <windows.h>
-#endif
+#include "printer/platform.h"
 
 namespace quilon::printer {
 namespace {
@@ -44,12 +41,7 @@ void LineFile::write(const std::string& line) {
   }
 }
 
-PaperOutput::PaperOutput() {
-#ifdef _WIN32
-  // A console expects some old code page otherwise.
-  SetConsoleOutputCP(CP_UTF8);
-#endif
-}
+PaperOutput::PaperOutput() { use_utf8_console(); }
 
 void PaperOutput::on_line(const std::string& line) {
   std::cout << line << std::endl;
