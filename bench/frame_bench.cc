@@ -12,8 +12,8 @@ constexpr DocumentLine kLine = {
     .quantity = 75500000,
     .rate_group = "C",
     .unit = "kg",
-    .first_amount = 3890,
-    .second_amount = 2937,
+    .price = 3890,
+    .value = 2937,
 };
 
 void BuildLineFrame(benchmark::State& state) {

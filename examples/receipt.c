@@ -29,28 +29,28 @@ static DocumentLine lines[] = {
         .quantity = 200000000,
         .unit = "szt",
         .rate_group = "C",
-        .first_amount = 649,
-        .second_amount = 1298,
+        .price = 649,
+        .value = 1298,
     },
     {
         .name = "Ser wędzony gołka",
         .quantity_text = "0.755",
         .unit = "kg",
         .rate_group = "C",
-        .first_amount = 3890,
-        .second_amount = 2937, /* 0.755 * 38.90 = 29.3695 */
+        .price = 3890,
+        .value = 2937, /* 0.755 * 38.90 = 29.3695 */
     },
     {
         .name = "Kubek błękitny \"Cześć!\"",
         .quantity = 100000000,
         .unit = "szt",
         .rate_group = "A",
-        .first_amount = 2450,
-        .second_amount = 2450,
+        .price = 2450,
+        .value = 2450,
     },
 };
 
-static Payment cash = {.amount = 7000, .integer = 1};
+static Payment cash = {.amount = 7000, .number = 1};
 
 static DocumentEnd end = {
     .extra_line_count = 1,
@@ -120,7 +120,7 @@ static int print_lines(void) {
     if (!run("line", QUIL_DOCUMENT_LINE, &lines[i])) {
       return 0;
     }
-    end.second_amount += lines[i].second_amount;
+    end.total += lines[i].value;
   }
   return 1;
 }
@@ -131,7 +131,7 @@ static int print_receipt(void) {
       !run("header", QUIL_DOCUMENT_HEADER, &header)) {
     return 0;
   }
-  end.first_amount = cash.amount;
+  end.paid = cash.amount;
   if (print_lines() && run("payment", QUIL_PAYMENT_6, &cash) &&
       run("closing", QUIL_DOCUMENT_END, &end)) {
     return 1;

@@ -115,7 +115,7 @@ enum QuilCode {
   QUIL_NOTHING = 32,
   /** Sends "1;^F" with the record's number: a logo frame without data.
    *  Direction: send. Record: Logo. */
-  QUIL_CARET_F_1 = 33,
+  QUIL_LOGO_FRAME_1 = 33,
   /** Sends the bitmap at the record's path to the printer, 64 bytes a frame
    *  ("0;^F"). Fails, with nothing sent, when the file is no such bitmap, or
    *  one of more than 32764 bytes of pixels or with its top row first. Whether
@@ -124,7 +124,7 @@ enum QuilCode {
   QUIL_SEND_LOGO = 34,
   /** Sends "10;^F" with the record's number: a logo frame without data.
    *  Direction: send. Record: Logo. */
-  QUIL_CARET_F_10 = 35,
+  QUIL_LOGO_FRAME_10 = 35,
   /** Reads the value and the checksum of a "^f" answer. Succeeds also when none
    *  came, and leaves the record as it was.
    *  Direction: read. Record: Logo. */

@@ -54,7 +54,7 @@ void PrintSlip(Driver* driver, const PrinterState& printer) {
 
   PrintLine(driver, "Wydruk testowy", "");
   PrintLine(driver, "Wersja sterownika: ", kDriverText);
-  PrintLine(driver, "Port komunikacyjny: ", printer.port.text);
+  PrintLine(driver, "Port komunikacyjny: ", printer.port.port);
   PrintLine(driver, "Nazwa urządzenia: "_cp1250, printer.version.name);
   PrintLine(driver, "Wersja: ", printer.version.version);
   PrintLine(driver, "Numer unikatowy:  ", printer.identity.unique_number);

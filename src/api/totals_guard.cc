@@ -26,10 +26,10 @@ int64_t WrappingProduct(int64_t a, int64_t b) {
 
 std::optional<int64_t> ExpectedTotalOfBuyerEnd(int64_t start,
                                                const BuyerEnd& end) {
-  // The rate counts in full only where it raises the total.
+  // The adjustment counts in full only where it raises the total.
   const int64_t value = end.comparison_mode == 2
-                            ? end.rate
-                            : int64_t{static_cast<int32_t>(end.rate)};
+                            ? end.adjustment
+                            : int64_t{static_cast<int32_t>(end.adjustment)};
   return ExpectedTotal(end.comparison_mode, start, end.total, value);
 }
 
@@ -40,15 +40,15 @@ std::optional<int64_t> ExpectedTotalOf(int32_t code, const void* record,
       return ExpectedTotalOfEnd(start,
                                 *static_cast<const DocumentEnd*>(record));
     case QUIL_BUYER_PLAIN_END:
-      return ExpectedTotal(
-          0, start, static_cast<const DocumentEnd*>(record)->second_amount, 0);
+      return ExpectedTotal(0, start,
+                           static_cast<const DocumentEnd*>(record)->total, 0);
     case QUIL_BUYER_END:
       return ExpectedTotalOfBuyerEnd(start,
                                      *static_cast<const BuyerEnd*>(record));
     case QUIL_DOCUMENT_END_X:
     case QUIL_BUYER_END_X: {
       const auto* x = static_cast<const DollarX*>(record);
-      return ExpectedTotal(x->integers[0], start, x->amounts[0], x->amounts[1]);
+      return ExpectedTotal(x->comparison_mode, start, x->total, x->adjustment);
     }
     case QUIL_DOCUMENT_END_Y: {
       const auto* y = static_cast<const DollarY*>(record);
@@ -136,16 +136,17 @@ std::optional<int64_t> ExpectedTotal(int32_t mode, int64_t start,
 
 std::optional<int64_t> ExpectedTotalOfEnd(int64_t start,
                                           const DocumentEnd& end) {
-  const int64_t value = end.third_amount;
-  if (end.rate == 0 && end.fifth_parameter == 0) {
-    return ExpectedTotal(0, start, end.second_amount, 0);
+  const int64_t value = end.adjustment;
+  if (end.discount_rate == 0 && end.adjustment_kind == 0) {
+    return ExpectedTotal(0, start, end.total, 0);
   }
-  if (end.fifth_parameter == 1 || end.rate != 0) {
-    const int32_t rate = value > 0 ? static_cast<int32_t>(value) : end.rate;
-    return ExpectedTotal(1, start, end.second_amount, rate);
+  if (end.adjustment_kind == 1 || end.discount_rate != 0) {
+    const int32_t rate =
+        value > 0 ? static_cast<int32_t>(value) : end.discount_rate;
+    return ExpectedTotal(1, start, end.total, rate);
   }
-  if (end.fifth_parameter == 2) {
-    return ExpectedTotal(2, start, end.second_amount, value);
+  if (end.adjustment_kind == 2) {
+    return ExpectedTotal(2, start, end.total, value);
   }
   return std::nullopt;
 }

@@ -86,7 +86,7 @@ std::span<const Element> FirstOf(const Element (&entries)[kCapacity],
 template <size_t kNumber, size_t kQuantity>
 bool FillSlot(const Payment& payment, char (&number)[kNumber],
               char (&quantity)[kQuantity], int64_t& amount) {
-  const std::string number_text = std::to_string(payment.integer);
+  const std::string number_text = std::to_string(payment.number);
   std::string quantity_text;
   FrameBuilder(TextEncoding::kCp1250, &quantity_text)
       .Quantity(payment.quantity);
@@ -109,17 +109,17 @@ bool PrepareY(const WholeDocument& document, DollarY* y) {
   const auto count = [y](int32_t payments) {
     return y->kind == 3 ? std::min(payments, 1) : payments;
   };
-  y->count_x = count(document.payment6_count);
-  y->count_y = count(document.payment10_count);
+  y->payment6_count = count(document.payment6_count);
+  y->payment10_count = count(document.payment10_count);
   bool fits = true;
   for (int32_t i = 0; i < document.payment6_count; ++i) {
-    fits = FillSlot(document.payments6[i], y->texts_x1[i], y->texts_x2[i],
-                    y->amounts_x[i]) &&
+    fits = FillSlot(document.payments6[i], y->payment6_numbers[i],
+                    y->payment6_quantities[i], y->payment6_amounts[i]) &&
            fits;
   }
   for (int32_t i = 0; i < document.payment10_count; ++i) {
-    fits = FillSlot(document.payments10[i], y->texts_y1[i], y->texts_y2[i],
-                    y->amounts_y[i]) &&
+    fits = FillSlot(document.payments10[i], y->payment10_numbers[i],
+                    y->payment10_quantities[i], y->payment10_amounts[i]) &&
            fits;
   }
   return fits;
@@ -127,7 +127,7 @@ bool PrepareY(const WholeDocument& document, DollarY* y) {
 
 // Puts the sum of `payments`, if there are any, into a "$x" record.
 void AddPayments(std::span<const Payment> payments, int64_t& sum,
-                 int32_t& any_flag) {
+                 int32_t& has_payments) {
   if (payments.empty()) {
     return;
   }
@@ -136,19 +136,19 @@ void AddPayments(std::span<const Payment> payments, int64_t& sum,
     total += static_cast<uint64_t>(payment.amount);
   }
   sum = static_cast<int64_t>(total);
-  any_flag = 1;
+  has_payments = 1;
 }
 
 // Makes the "$x" record that closes `document`.
 DollarX PrepareX(const WholeDocument& document) {
   DollarX x = document.x;
   if (document.adjustment_switch == 0) {
-    x.integers[0] = 0;
+    x.comparison_mode = 0;
   }
   AddPayments(FirstOf(document.payments6, document.payment6_count),
-              x.trailing_amounts[0], x.integers[5]);
+              x.payments6_sum, x.has_payments6);
   AddPayments(FirstOf(document.payments10, document.payment10_count),
-              x.trailing_amounts[1], x.integers[6]);
+              x.payments10_sum, x.has_payments10);
   return x;
 }
 
@@ -189,12 +189,12 @@ bool SendClosing(const WholeDocument& document, const DollarY& y,
   switch (document.mode) {
     case 0:
       steps->Send(&OnlineFDev::SendDocumentEnd, document.end);
-      steps->Expect(document.end.second_amount);
+      steps->Expect(document.end.total);
       return true;
     case 1: {
       const DollarX x = PrepareX(document);
       steps->Send(&OnlineFDev::SendDollarX, x);
-      steps->Expect(x.amounts[0]);
+      steps->Expect(x.total);
       return true;
     }
     case 2:

@@ -34,7 +34,7 @@ int32_t OnlineFDev::SendBuyerEnd(const BuyerEnd& record) {
           .TextCrList(record.extra_lines, record.extra_line_count)
           .TextCrList(record.closing_texts)
           .AmountFields(record.total)
-          .Amount32(static_cast<int32_t>(record.rate))
+          .Amount32(static_cast<int32_t>(record.adjustment))
           .Slash()
           .End());
 }

@@ -64,7 +64,7 @@ int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
   frame.Cr()
       .Raw(record.rate_group)
       .Slash()
-      .AmountFields(record.first_amount, record.second_amount);
+      .AmountFields(record.price, record.value);
   if (record.optional_amount != 0) {
     frame.AmountFields(record.optional_amount).TextCr(record.optional_text);
   }
@@ -76,13 +76,10 @@ int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
 
 int32_t OnlineFDev::SendDocumentLineP(const DocumentLineP& record) {
   FrameBuilder frame = Frame();
-  frame.Parameters(record.integer1).Raw("$l").Int32(record.integer2).Cr();
+  frame.Parameters(record.integer).Raw("$l").Int32(record.name_number).Cr();
   AddQuantity(frame, record.quantity_text, record.quantity);
   return SendDocument(
-      frame.Cr()
-          .RawFields("P")
-          .AmountFields(record.first_amount, record.second_amount)
-          .End());
+      frame.Cr().RawFields("P").AmountFields(record.price, record.value).End());
 }
 
 int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
@@ -90,14 +87,13 @@ int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
       Frame()
           .Int32(record.first_parameter)
           .Semicolon()
-          .Amount32(record.rate)
+          .Amount32(record.discount_rate)
           .Semicolon()
-          .Parameters(record.extra_line_count, 0, record.fifth_parameter, 0)
+          .Parameters(record.extra_line_count, 0, record.adjustment_kind, 0)
           .Raw("$e")
           .TextCr(record.code_text)
           .TextCrList(record.extra_lines, record.extra_line_count)
-          .AmountFields(record.first_amount, record.second_amount,
-                        record.third_amount)
+          .AmountFields(record.paid, record.total, record.adjustment)
           .End());
 }
 
@@ -112,7 +108,7 @@ int32_t OnlineFDev::SendDocumentShortEnd(const DocumentShortEnd& record) {
 int32_t OnlineFDev::SendPayment(std::string_view mnemonic,
                                 const Payment& record) {
   FrameBuilder frame = Frame();
-  frame.Raw(mnemonic).AmountFields(record.amount).Int32(record.integer).Cr();
+  frame.Raw(mnemonic).AmountFields(record.amount).Int32(record.number).Cr();
   AddQuantity(frame, record.quantity_text, record.quantity);
   return SendDocument(frame.Cr().End());
 }

@@ -44,7 +44,7 @@ int32_t OnlineFDev::SendPort() {
 }
 
 int32_t OnlineFDev::ReadPort(PortInfo* record) {
-  const int32_t result = ReadFields("$I", Text(record->text));
+  const int32_t result = ReadFields("$I", Text(record->port));
   if (result == 1) {
     record->block = 50;
   }

@@ -34,11 +34,11 @@ size_t ConvertBitmapFile(const Logo& record, std::span<uint8_t> image) {
 }  // namespace
 
 // A logo frame without data.
-int32_t OnlineFDev::SendCaretF1(const Logo& record) {
+int32_t OnlineFDev::SendLogoFrame1(const Logo& record) {
   return Send(Frame().Raw("1;^F0/0").Cr().NumberFields(record.number).End());
 }
 
-int32_t OnlineFDev::SendCaretF10(const Logo& record) {
+int32_t OnlineFDev::SendLogoFrame10(const Logo& record) {
   return Send(Frame().Raw("10;^F0/0").Cr().NumberFields(record.number).End());
 }
 

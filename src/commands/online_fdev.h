@@ -114,8 +114,8 @@ class OnlineFDev final : public BaseFDev {
 
   // --- The logo (logo_commands.cc) ------------------------------------------
 
-  int32_t SendCaretF1(const Logo& record);
-  int32_t SendCaretF10(const Logo& record);
+  int32_t SendLogoFrame1(const Logo& record);
+  int32_t SendLogoFrame10(const Logo& record);
   // Return 0 when they succeeded.
   int32_t SendLogo(const Logo& record);
   int32_t ReadLogo(Logo* record);

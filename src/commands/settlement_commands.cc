@@ -51,16 +51,21 @@ class Lists {
 
 int32_t OnlineFDev::SendDollarX(const DollarX& record) {
   FrameBuilder frame = Frame();
-  frame.Parameters(5, 0, 1);
+  frame.Parameters(5, 0, 1, record.comparison_mode);
   for (const int32_t integer : record.integers) {
     frame.Semicolon().Int32(integer);
   }
+  frame.Semicolon().Parameters(record.has_payments6, record.has_payments10,
+                               record.last_integer);
   return SendDocument(frame.Raw("$x")
                           .TextCr(record.leading_text)
                           .TextCrList(record.texts)
                           .TextCrList(record.short_texts)
+                          .AmountFields(record.total, record.adjustment)
                           .AmountFieldList(record.amounts)
-                          .AmountFieldList(record.trailing_amounts)
+                          .AmountFields(record.payments6_sum,
+                                        record.payments10_sum,
+                                        record.last_amount)
                           .End());
 }
 
@@ -76,9 +81,9 @@ int32_t OnlineFDev::SendDollarY(const DollarY& record) {
   frame
       .Parameters(record.text_count, record.kind, record.integers1[0],
                   record.integers1[1], record.comparison_mode,
-                  sent_count(record.count_x), sent_count(record.count_y),
-                  record.integer2, count_z, record.integers3[0],
-                  record.integers3[1])
+                  sent_count(record.payment6_count),
+                  sent_count(record.payment10_count), record.integer2, count_z,
+                  record.integers3[0], record.integers3[1])
       .Semicolon();
   for (int32_t i = 0; i < count_z && i < std::ssize(record.integers_z); ++i) {
     frame.Int32(record.integers_z[i]).Semicolon();
@@ -87,20 +92,20 @@ int32_t OnlineFDev::SendDollarY(const DollarY& record) {
   if (record.text3[0] != '\0') {
     frame.TextCr(record.text3);
   } else {
-    frame.TextCr(record.text4);
+    frame.TextCr(record.alternative_text3);
   }
   frame.TextCrList(record.texts, is_short ? 0 : record.text_count)
       .TextCrList(record.texts_z, count_z);
-  lists.Add(record.texts_x1, record.count_x);
-  lists.Add(record.texts_x2, record.count_x);
-  lists.Add(record.texts_y1, record.count_y);
-  lists.Add(record.texts_y2, record.count_y);
+  lists.Add(record.payment6_numbers, record.payment6_count);
+  lists.Add(record.payment6_quantities, record.payment6_count);
+  lists.Add(record.payment10_numbers, record.payment10_count);
+  lists.Add(record.payment10_quantities, record.payment10_count);
   frame.AmountFields(record.total, record.adjustment)
       .AmountFieldList(record.amounts1)
       .AmountFieldList(record.amounts_z, count_z)
       .AmountFields(record.amount2);
-  lists.Add(record.amounts_x, record.count_x);
-  lists.Add(record.amounts_y, record.count_y);
+  lists.Add(record.payment6_amounts, record.payment6_count);
+  lists.Add(record.payment10_amounts, record.payment10_count);
   return SendDocument(frame.End());
 }
 

@@ -15,7 +15,7 @@ DocumentLine Line() {
   Fill("Chleb", line.name);
   Fill("A", line.rate_group);
   line.quantity = 100000000;
-  line.first_amount = line.second_amount = kPrice;
+  line.price = line.value = kPrice;
   return line;
 }
 
@@ -28,8 +28,8 @@ Payment Cash() {
 
 DocumentEnd End() {
   DocumentEnd end = {};
-  end.first_amount = kSampleTotal;
-  end.second_amount = kSampleTotal;
+  end.paid = kSampleTotal;
+  end.total = kSampleTotal;
   return end;
 }
 
@@ -57,7 +57,7 @@ bool PrintWhole(int32_t mode) {
   document->payment6_count = 1;
   document->payments6[0] = Cash();
   document->end = End();
-  document->x.amounts[0] = kSampleTotal;
+  document->x.total = kSampleTotal;
   document->y.total = kSampleTotal;
   return Ioctl(QUIL_WHOLE_DOCUMENT, document.get()) == 0;
 }

@@ -73,7 +73,7 @@ TEST_F(BuyerDocumentCommandsTest, LineIsThatOfOtherDocuments) {
   Fill("Chleb", line.name);
   Fill("B", line.rate_group);
   line.quantity = 100000000;
-  line.first_amount = line.second_amount = 455;
+  line.price = line.value = 455;
   EXPECT_EQ(FrameOf(QUIL_BUYER_LINE, &line),
             Summed("0;0;0^lChleb\r\r1\rB/4.55/4.55/"));
 }
@@ -95,7 +95,7 @@ TEST_F(BuyerDocumentCommandsTest, EndSendsItsFieldsInOrder) {
   Fill("\xA3", end.closing_texts[1]);
   end.total = 1999;
   // The low 32 bits are 2350.
-  end.rate = (int64_t{7} << 32) + 2350;
+  end.adjustment = (int64_t{7} << 32) + 2350;
   EXPECT_EQ(ClosingFrameOf(QUIL_BUYER_END, &end),
             Summed("1;2;2;0;6;1;4;5;7$ekod\rl1\rl2\rc1\r\x9C\r\r19.99/23.50/"));
 }
@@ -104,7 +104,7 @@ TEST_F(BuyerDocumentCommandsTest, EndTextsMayFillTheirArrays) {
   BuyerEnd end = {};
   end.extra_line_count = 4;
   end.total = INT64_MIN;
-  end.rate = int64_t{1} << 31;
+  end.adjustment = int64_t{1} << 31;
   std::string texts = FillAll('k', end.code_text) + '\r';
   for (auto& line : end.extra_lines) {
     texts += FillAll('l', line) + '\r';

@@ -64,8 +64,8 @@ DocumentLine Bread() {
   Fill("razowy", line.second_name);
   line.quantity = 200000000;
   Fill("A", line.rate_group);
-  line.first_amount = 455;
-  line.second_amount = 910;
+  line.price = 455;
+  line.value = 910;
   Fill("rabat", line.optional_text);
   Fill("do widzenia", line.closing_text);
   return line;
@@ -144,8 +144,8 @@ TEST_F(DocumentCommandsTest, LineTakesExtremeNumbers) {
   line.integer1 = INT32_MIN;
   line.integer2 = INT32_MAX;
   line.quantity = INT64_MIN;
-  line.first_amount = INT64_MIN;
-  line.second_amount = INT64_MAX;
+  line.price = INT64_MIN;
+  line.value = INT64_MAX;
   // -9223372036854775808 / 10^8 leaves -54775808. Amounts take the remainder of
   // the low 32 bits: those of INT64_MIN are 0, those of INT64_MAX are -1.
   EXPECT_EQ(FrameOf(QUIL_DOCUMENT_LINE, &line),
@@ -177,16 +177,16 @@ TEST_F(DocumentCommandsTest, LineTextsMayFillTheirArrays) {
 TEST_F(DocumentCommandsTest, EndSendsRateCodeLinesAndAmounts) {
   DocumentEnd end = {};
   end.first_parameter = 1;
-  end.rate = 2350;
+  end.discount_rate = 2350;
   end.extra_line_count = 2;
-  end.fifth_parameter = 2;
+  end.adjustment_kind = 2;
   Fill("K01", end.code_text);
   Fill("jeden", end.extra_lines[0]);
   Fill("dwa", end.extra_lines[1]);
   Fill("trzy", end.extra_lines[2]);
-  end.first_amount = 2000;
-  end.second_amount = 1999;
-  end.third_amount = -50;
+  end.paid = 2000;
+  end.total = 1999;
+  end.adjustment = -50;
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END, &end),
             Summed("1;23.50;2;0;2;0$eK01\rjeden\rdwa\r20/19.99/0.-50/"));
 }
@@ -205,7 +205,7 @@ TEST_F(DocumentCommandsTest, EndSendsThreeLinesAtTheMost) {
   Fill(std::string(41, '1'), end.extra_lines[0]);
   Fill(std::string(41, '2'), end.extra_lines[1]);
   Fill(std::string(41, '3'), end.extra_lines[2]);
-  end.rate = INT32_MIN;
+  end.discount_rate = INT32_MIN;
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END, &end),
             Summed("0;-21474836.-48;4;0;0;0$e" + std::string(33, 'k') + '\r' +
                    std::string(41, '1') + '\r' + std::string(41, '2') + '\r' +
@@ -230,7 +230,7 @@ TEST_F(DocumentCommandsTest, ShortEndLeavesEmptyTextsOut) {
 TEST_F(DocumentCommandsTest, PaymentsDifferInTheirMnemonic) {
   Payment payment = {};
   payment.amount = 1234;
-  payment.integer = 5;
+  payment.number = 5;
   payment.quantity = 100000001;
   EXPECT_EQ(FrameOf(QUIL_PAYMENT_6, &payment), Summed("6$d12.34/5\r1.1\r"));
   EXPECT_EQ(FrameOf(QUIL_PAYMENT_7, &payment), Summed("7$d12.34/5\r1.1\r"));
@@ -241,7 +241,7 @@ TEST_F(DocumentCommandsTest, PaymentsDifferInTheirMnemonic) {
 TEST_F(DocumentCommandsTest, PaymentSendsQuantityTextOrValue) {
   Payment payment = {};
   payment.amount = -1;
-  payment.integer = INT32_MIN;
+  payment.number = INT32_MIN;
   EXPECT_EQ(FrameOf(QUIL_PAYMENT_6, &payment),
             Summed("6$d0.-1/-2147483648\r0\r"));
   Fill("1234567890", payment.quantity_text);
@@ -263,11 +263,11 @@ TEST_F(DocumentCommandsTest, Header219BeginsWithOne) {
 
 TEST_F(DocumentCommandsTest, LinePHasANumberForAName) {
   DocumentLineP line = {};
-  line.integer1 = 3;
-  line.integer2 = -14;
+  line.integer = 3;
+  line.name_number = -14;
   line.quantity = 250000000;
-  line.first_amount = 400;
-  line.second_amount = 1005;
+  line.price = 400;
+  line.value = 1005;
   EXPECT_EQ(FrameOf(QUIL_DOCUMENT_LINE_P, &line),
             Summed("3$l-14\r2.50000000\rP/4/10.05/"));
   Fill("2,5", line.quantity_text);

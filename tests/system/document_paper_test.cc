@@ -22,8 +22,8 @@ DocumentLine Line(std::string_view name, std::string_view rate, int32_t pieces,
   Fill(rate, line.rate_group);
   Fill("szt", line.unit);
   line.quantity = int64_t{pieces} * 100000000;
-  line.first_amount = price;
-  line.second_amount = pieces * price;
+  line.price = price;
+  line.value = pieces * price;
   return line;
 }
 
@@ -97,8 +97,8 @@ TEST_F(DocumentPaperTest, Receipt) {
   cash.quantity = 100000000;
   Accepted(QUIL_PAYMENT_6, &cash);
   DocumentEnd end = {};
-  end.first_amount = 5000;
-  end.second_amount = 3600;  // 18.00 + 20.00 - 10 %
+  end.paid = 5000;
+  end.total = 3600;  // 18.00 + 20.00 - 10 %
   end.extra_line_count = 1;
   Fill("K01", end.code_text);
   Fill("Zapraszamy ponownie", end.extra_lines[0]);
@@ -108,25 +108,25 @@ TEST_F(DocumentPaperTest, Receipt) {
 
 TEST_F(DocumentPaperTest, ReceiptsWithADiscountOrSurcharge) {
   DocumentEnd end = {};
-  end.second_amount = 1800;
+  end.total = 1800;
   // 10 % less: 16.20.
   Open();
   Sell();
-  end.fifth_parameter = 1;
-  end.third_amount = 1000;
+  end.adjustment_kind = 1;
+  end.adjustment = 1000;
   Accepted(QUIL_DOCUMENT_END, &end);
   // The same as a rate.
   Open();
   Sell();
-  end.rate = 1000;
-  end.third_amount = 0;
+  end.discount_rate = 1000;
+  end.adjustment = 0;
   Accepted(QUIL_DOCUMENT_END, &end);
   // 10 % more: 19.80.
   Open();
   Sell();
-  end.rate = 0;
-  end.fifth_parameter = 2;
-  end.third_amount = 1000;
+  end.discount_rate = 0;
+  end.adjustment_kind = 2;
+  end.adjustment = 1000;
   Accepted(QUIL_DOCUMENT_END, &end);
   ExpectPaper("receipts_adjusted", 1620 + 1620 + 1980);
 }
@@ -141,11 +141,11 @@ TEST_F(DocumentPaperTest, SettlementsByX) {
     Open();
     Sell();
     DollarX x = {};
-    x.integers[0] = mode;
-    x.amounts[0] = 1800;
-    x.amounts[1] = kAdjustments[mode];
-    x.integers[5] = 1;
-    x.trailing_amounts[0] = kAdjustedTotals[mode];
+    x.comparison_mode = mode;
+    x.total = 1800;
+    x.adjustment = kAdjustments[mode];
+    x.has_payments6 = 1;
+    x.payments6_sum = kAdjustedTotals[mode];
     Accepted(QUIL_DOCUMENT_END_X, &x);
     booked += kAdjustedTotals[mode];
   }
@@ -161,10 +161,10 @@ TEST_F(DocumentPaperTest, SettlementsByY) {
     y.comparison_mode = mode;
     y.total = 1800;
     y.adjustment = kAdjustments[mode];
-    y.count_x = 1;
-    Fill("1", y.texts_x1[0]);
-    Fill("1", y.texts_x2[0]);
-    y.amounts_x[0] = kAdjustedTotals[mode];
+    y.payment6_count = 1;
+    Fill("1", y.payment6_numbers[0]);
+    Fill("1", y.payment6_quantities[0]);
+    y.payment6_amounts[0] = kAdjustedTotals[mode];
     Accepted(QUIL_DOCUMENT_END_Y, &y);
     booked += kAdjustedTotals[mode];
   }
@@ -179,7 +179,7 @@ TEST_F(DocumentPaperTest, BuyersDocuments) {
     BuyerEnd end = {};
     end.comparison_mode = mode;
     end.total = 1800;
-    end.rate = kAdjustments[mode];
+    end.adjustment = kAdjustments[mode];
     Fill("K02", end.code_text);
     Accepted(QUIL_BUYER_END, &end);
     booked += kAdjustedTotals[mode];
@@ -187,14 +187,14 @@ TEST_F(DocumentPaperTest, BuyersDocuments) {
   OpenForBuyer();
   Sell();
   DocumentEnd plain_end = {};
-  plain_end.second_amount = 1800;
+  plain_end.total = 1800;
   Accepted(QUIL_BUYER_PLAIN_END, &plain_end);
   OpenForBuyer();
   Sell();
   DollarX x = {};
-  x.integers[0] = 3;
-  x.amounts[0] = 1800;
-  x.amounts[1] = 150;
+  x.comparison_mode = 3;
+  x.total = 1800;
+  x.adjustment = 150;
   Accepted(QUIL_BUYER_END_X, &x);
   ExpectPaper("buyers_documents", booked + 1800 + 1650);
 }
@@ -229,7 +229,7 @@ TEST_F(DocumentPaperTest, WholeBuyersDocuments) {
   document->end.total = 1780;
   Accepted(QUIL_WHOLE_BUYER_DOCUMENT, document.get());
   document->mode = 1;
-  document->plain_end.second_amount = 1780;
+  document->plain_end.total = 1780;
   Accepted(QUIL_WHOLE_BUYER_DOCUMENT, document.get());
   ExpectPaper("whole_buyers_documents", 3560);
 }

@@ -114,10 +114,10 @@ TEST_F(InfoCommandsTest, Port) {
   Reply("50$ITCP 10.0.0.7:6001/");
   ASSERT_EQ(Ioctl(QUIL_READ_PORT, &record), 0);
   EXPECT_EQ(record.block, 50);
-  EXPECT_STREQ(record.text, "TCP 10.0.0.7:6001");
+  EXPECT_STREQ(record.port, "TCP 10.0.0.7:6001");
   Reply("50$I" + std::string(100, 'p') + "/");
   ASSERT_EQ(Ioctl(QUIL_READ_PORT, &record), 0);
-  EXPECT_EQ(record.text, std::string(99, 'p'));
+  EXPECT_EQ(record.port, std::string(99, 'p'));
 }
 
 TEST_F(InfoCommandsTest, Memory) {

@@ -32,11 +32,13 @@ class LogoCommandsTest : public DriverTest {
 TEST_F(LogoCommandsTest, FramesWithoutData) {
   // Pairs cancel; of 1;^F0/0 CR 0/ there is left FF ^ 31 '1' = CE, ^ 3B ';' =
   // F5, ^ 5E '^' = AB, ^ 46 'F' = ED, ^ 30 '0' = DD, ^ 0D CR = D0.
-  EXPECT_EQ(FrameOf(QUIL_CARET_F_1, &logo_), "1;^F0/0\r0/d0");
-  EXPECT_EQ(FrameOf(QUIL_CARET_F_10, &logo_), Summed("10;^F0/0\r0/"));
+  EXPECT_EQ(FrameOf(QUIL_LOGO_FRAME_1, &logo_), "1;^F0/0\r0/d0");
+  EXPECT_EQ(FrameOf(QUIL_LOGO_FRAME_10, &logo_), Summed("10;^F0/0\r0/"));
   logo_.number = INT32_MIN;
-  EXPECT_EQ(FrameOf(QUIL_CARET_F_1, &logo_), Summed("1;^F0/0\r-2147483648/"));
-  EXPECT_EQ(FrameOf(QUIL_CARET_F_10, &logo_), Summed("10;^F0/0\r-2147483648/"));
+  EXPECT_EQ(FrameOf(QUIL_LOGO_FRAME_1, &logo_),
+            Summed("1;^F0/0\r-2147483648/"));
+  EXPECT_EQ(FrameOf(QUIL_LOGO_FRAME_10, &logo_),
+            Summed("10;^F0/0\r-2147483648/"));
 }
 
 TEST_F(LogoCommandsTest, SmallLogoIsOneFrame) {

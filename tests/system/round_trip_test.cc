@@ -71,12 +71,12 @@ class RoundTripTest : public ::testing::Test {
     DocumentHeader header = {};
     Send(QUIL_DOCUMENT_HEADER, &header);
     DocumentLine line = {
-        .quantity = 100000000, .first_amount = amount, .second_amount = amount};
+        .quantity = 100000000, .price = amount, .value = amount};
     Fill("Kubek", line.name);
     Fill("szt", line.unit);
     Fill("A", line.rate_group);
     Send(QUIL_DOCUMENT_LINE, &line);
-    DocumentEnd end = {.first_amount = amount, .second_amount = amount};
+    DocumentEnd end = {.paid = amount, .total = amount};
     Send(QUIL_DOCUMENT_END, &end);
   }
 
@@ -111,7 +111,7 @@ TEST_F(RoundTripTest, DeviceInfoPortAndMemory) {
   EXPECT_STREQ(version.version, "1.00");
   PortInfo port = {};
   Ask(QUIL_SEND_PORT, nullptr, QUIL_READ_PORT, &port);
-  EXPECT_STREQ(port.text, "TCP");
+  EXPECT_STREQ(port.port, "TCP");
   MemoryInfo memory = {};
   Ask(QUIL_SEND_MEMORY, nullptr, QUIL_READ_MEMORY, &memory);
   EXPECT_STREQ(memory.text2, "QVP0000000001");
@@ -322,7 +322,7 @@ TEST_F(RoundTripTest, ReportsAreTold) {
   HashX report = {};
   Ask(QUIL_DOLLAR_O_12, nullptr, QUIL_READ_HASH_X, &report);
   EXPECT_EQ(report.number, 1);
-  EXPECT_STREQ(report.text, "2024-01-31 12:05");
+  EXPECT_STREQ(report.port, "2024-01-31 12:05");
 
   PmiCommand question = {.parameter = 0, .number = 7, .numbers = {1, 2, 3}};
   PmdAnswer protected_memory = {};
@@ -409,14 +409,14 @@ TEST_F(RoundTripTest, LogoAndItsChecksum) {
       {reinterpret_cast<const char*>(bitmap.data()), bitmap.size()});
   Logo logo = {.number = 3};
   Fill(file.path(), logo.path);
-  Send(QUIL_CARET_F_1, &logo);
+  Send(QUIL_LOGO_FRAME_1, &logo);
   Send(QUIL_SEND_LOGO, &logo);
   // The checksum is worked out in logo_commands_test.cc.
   EXPECT_EQ(Ioctl(QUIL_LOGO_CHECKSUM, &logo), -1);
   EXPECT_STREQ(logo.checksum, "1e8a");
   NoteTested(QUIL_LOGO_CHECKSUM);
   Fill("", logo.checksum);
-  Ask(QUIL_CARET_F_10, &logo, QUIL_READ_LOGO, &logo);
+  Ask(QUIL_LOGO_FRAME_10, &logo, QUIL_READ_LOGO, &logo);
   EXPECT_EQ(logo.value, 5);  // bytes of the image
   EXPECT_STREQ(logo.checksum, "1e8a");
 }
@@ -432,7 +432,7 @@ TEST_F(RoundTripTest, LogoOfManyBlocks) {
   Logo logo = {.number = 4};
   Fill(file.path(), logo.path);
   Send(QUIL_SEND_LOGO, &logo);
-  Ask(QUIL_CARET_F_10, &logo, QUIL_READ_LOGO, &logo);
+  Ask(QUIL_LOGO_FRAME_10, &logo, QUIL_READ_LOGO, &logo);
   EXPECT_EQ(logo.value, 4 + 60 * 13);
 }
 

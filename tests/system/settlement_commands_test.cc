@@ -15,11 +15,19 @@ TEST_F(SettlementCommandsTest, EmptyXHasNineTextsAndNineAmounts) {
 }
 
 DollarX FullX() {
-  DollarX x = {{1, -2, 3, 4, 5, 6, 7, 8},
-               {100, 205, 300, 400, 500, 600},
+  DollarX x = {1,
+               {-2, 3, 4, 5},
+               6,
+               7,
+               8,
+               100,
+               205,
+               {300, 400, 500, 600},
                {"a", "b", "c", "d", "\xB9"},
                {"f", "g", "h"},
-               {700, 800, -950},
+               700,
+               800,
+               -950,
                "start"};
   return x;
 }
@@ -56,8 +64,8 @@ DollarY SmallY() {
   y.integers1[0] = 8;
   y.integers1[1] = 12;
   y.comparison_mode = 16;
-  y.count_x = 1;
-  y.count_y = 2;
+  y.payment6_count = 1;
+  y.payment10_count = 2;
   y.integer2 = 28;
   y.count_z = 1;
   y.integers3[0] = 36;
@@ -70,23 +78,23 @@ DollarY SmallY() {
   Fill("T704", y.texts[1]);
   Fill("T745", y.texts[2]);
   Fill("T786", y.texts_z[0]);
-  Fill("x1", y.texts_x1[0]);
-  Fill("T1314", y.texts_x2[0]);
-  Fill("y1", y.texts_y1[0]);
-  Fill("y2", y.texts_y1[1]);
-  Fill("T1954", y.texts_y2[0]);
-  Fill("T1970", y.texts_y2[1]);
+  Fill("x1", y.payment6_numbers[0]);
+  Fill("T1314", y.payment6_quantities[0]);
+  Fill("y1", y.payment10_numbers[0]);
+  Fill("y2", y.payment10_numbers[1]);
+  Fill("T1954", y.payment10_quantities[0]);
+  Fill("T1970", y.payment10_quantities[1]);
   y.total = 247200;
   y.adjustment = 248000;
   y.amounts1[0] = 248800;
   y.amounts1[1] = 249600;
   y.amounts_z[0] = 250400;
   y.amount2 = 263200;
-  y.amounts_x[0] = 264000;
-  y.amounts_x[1] = 264801;
-  y.amounts_y[0] = 289600;
-  y.amounts_y[1] = -290400;
-  Fill("T3152", y.text4);
+  y.payment6_amounts[0] = 264000;
+  y.payment6_amounts[1] = 264801;
+  y.payment10_amounts[0] = 289600;
+  y.payment10_amounts[1] = -290400;
+  Fill("T3152", y.alternative_text3);
   return y;
 }
 
@@ -100,7 +108,7 @@ TEST_F(SettlementCommandsTest, YSendsItsFieldsInOrder) {
 
 TEST_F(SettlementCommandsTest, YSendsItsLastTextForAnEmptyThird) {
   DollarY y = {};
-  Fill("T3152", y.text4);
+  Fill("T3152", y.alternative_text3);
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END_Y, &y),
             Summed("0;0;0;0;0;0;0;0;0;0;0;$y\r\rT3152\r0/0/0/0/0/"));
 }
@@ -108,17 +116,17 @@ TEST_F(SettlementCommandsTest, YSendsItsLastTextForAnEmptyThird) {
 TEST_F(SettlementCommandsTest, YOfKind3ShrinksItsLists) {
   DollarY y = SmallY();
   y.kind = 3;
-  y.count_x = 2;
+  y.payment6_count = 2;
   // The sum of x is 2640.00 + 2648.01; that of y is below 0 and not sent.
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END_Y, &y),
             Summed("1;3;8;12;16;1;1;28;0;36;40;$yT108\rT117\rT150\r"
                    "\r\r\r\r2472/2480/2488/2496/2632/5288.01/"));
-  y.count_x = 0;
-  y.count_y = 1;
+  y.payment6_count = 0;
+  y.payment10_count = 1;
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END_Y, &y),
             Summed("1;3;8;12;16;0;1;28;0;36;40;$yT108\rT117\rT150\r"
                    "\r\r2472/2480/2488/2496/2632/2896/"));
-  y.count_y = INT32_MIN;
+  y.payment10_count = INT32_MIN;
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END_Y, &y),
             Summed("1;3;8;12;16;0;-2147483648;28;0;36;40;$yT108\rT117\rT150\r"
                    "2472/2480/2488/2496/2632/"));
@@ -127,9 +135,9 @@ TEST_F(SettlementCommandsTest, YOfKind3ShrinksItsLists) {
 TEST_F(SettlementCommandsTest, YOfKind3SendsNoSumOfZero) {
   DollarY y = SmallY();
   y.kind = 3;
-  y.count_y = 1;
-  y.amounts_x[0] = 0;
-  y.amounts_y[0] = 0;
+  y.payment10_count = 1;
+  y.payment6_amounts[0] = 0;
+  y.payment10_amounts[0] = 0;
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END_Y, &y),
             Summed("1;3;8;12;16;1;1;28;0;36;40;$yT108\rT117\rT150\r"
                    "\r\r\r\r2472/2480/2488/2496/2632/"));
@@ -138,8 +146,8 @@ TEST_F(SettlementCommandsTest, YOfKind3SendsNoSumOfZero) {
 TEST_F(SettlementCommandsTest, YSendsNoMoreThanItsListsHold) {
   DollarY y = {};
   y.text_count = 4;
-  y.count_x = 33;
-  y.count_y = INT32_MAX;
+  y.payment6_count = 33;
+  y.payment10_count = INT32_MAX;
   y.count_z = 17;
   std::string texts = FillAll('1', y.text1) + '\r' + FillAll('2', y.text2) +
                       '\r' + FillAll('3', y.text3) + '\r';
@@ -150,10 +158,10 @@ TEST_F(SettlementCommandsTest, YSendsNoMoreThanItsListsHold) {
   };
   add(y.texts, 'a');
   add(y.texts_z, 'z');
-  add(y.texts_x1, 'x');
-  add(y.texts_x2, 'X');
-  add(y.texts_y1, 'y');
-  add(y.texts_y2, 'Y');
+  add(y.payment6_numbers, 'x');
+  add(y.payment6_quantities, 'X');
+  add(y.payment10_numbers, 'y');
+  add(y.payment10_quantities, 'Y');
   std::string integers;
   for (int i = 0; i < 16; ++i) {
     y.integers_z[i] = i;
@@ -168,8 +176,8 @@ TEST_F(SettlementCommandsTest, YSendsNoMoreThanItsListsHold) {
   };
   add_amounts(y.amounts_z, 1);
   amounts += "0/";
-  add_amounts(y.amounts_x, 2);
-  add_amounts(y.amounts_y, 3);
+  add_amounts(y.payment6_amounts, 2);
+  add_amounts(y.payment10_amounts, 3);
   EXPECT_EQ(ClosingFrameOf(QUIL_DOCUMENT_END_Y, &y),
             Summed("4;0;0;0;0;33;2147483647;0;17;0;0;" + integers + "$y" +
                    texts + amounts));

@@ -48,7 +48,7 @@ class TotalsGuardTest : public DriverTest {
   }
   int32_t CloseBy(int64_t document_total, int64_t end) {
     DocumentEnd record = {};
-    record.second_amount = document_total;
+    record.total = document_total;
     return Close(QUIL_DOCUMENT_END, &record, end);
   }
 
@@ -179,7 +179,7 @@ TEST_F(TotalsGuardTest, FailedStatusCheckReadsNoTotal) {
 TEST_F(TotalsGuardTest, FlagsAreCheckedAfterTheComparison) {
   Open200(0);
   DocumentEnd end = {};
-  end.second_amount = 100;
+  end.total = 100;
   Ready();
   Totals(100);
   peer().Send("\x74\x64\x64");
@@ -193,7 +193,7 @@ TEST_F(TotalsGuardTest, OpeningWithoutTheFlagDisarms) {
   DocumentHeader header = {};
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_HEADER, &header), 0);
   DocumentEnd end = {};
-  end.second_amount = 100;
+  end.total = 100;
   Ready();
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_END, &end), 0);  // no totals were asked for
 }
@@ -203,7 +203,7 @@ TEST_F(TotalsGuardTest, ShortEndForgetsTheDocument) {
   DocumentShortEnd short_end = {};
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_SHORT_END, &short_end), 0);
   DocumentEnd end = {};
-  end.second_amount = 100;
+  end.total = 100;
   Ready();
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_END, &end), 0);
 }
@@ -223,11 +223,11 @@ TEST_F(TotalsGuardTest, FlagOnAnyCodeStartsAnew) {
   // No series is open and the start total is 0: the stored end total, 0, must
   // be the document's.
   DocumentEnd end = {};
-  end.second_amount = 100;
+  end.total = 100;
   Ready();
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_END, &end), -1);
   EXPECT_STREQ(LastError().message, kMismatch);
-  end.second_amount = 0;
+  end.total = 0;
   Ready();
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_END, &end), 0);
   // An unknown code does it as well.
@@ -239,11 +239,11 @@ TEST_F(TotalsGuardTest, FlagOnAnyCodeStartsAnew) {
 
 TEST_F(TotalsGuardTest, FlagOnAClosingAloneComparesWithZero) {
   DocumentEnd end = {};
-  end.second_amount = 100;
+  end.total = 100;
   Ready();
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_END, &end, kCompare), -1);
   DollarX x = {};
-  x.amounts[0] = 1;
+  x.total = 1;
   Ready();
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_END_X, &x, kCompare), -1);
   DollarY y = {};
@@ -254,11 +254,11 @@ TEST_F(TotalsGuardTest, FlagOnAClosingAloneComparesWithZero) {
 
 TEST_F(TotalsGuardTest, FlagOnABuyersClosingAloneReadsTheTotals) {
   DocumentEnd plain = {};
-  plain.second_amount = 100;
+  plain.total = 100;
   BuyerEnd end = {};
   end.total = 100;
   DollarX x = {};
-  x.amounts[0] = 100;
+  x.total = 100;
   const std::array<std::pair<int32_t, void*>, 3> closings = {
       {{QUIL_BUYER_PLAIN_END, &plain},
        {QUIL_BUYER_END, &end},
@@ -276,22 +276,22 @@ TEST_F(TotalsGuardTest, FlagOnABuyersClosingAloneReadsTheTotals) {
 
 TEST_F(TotalsGuardTest, ModesOfTheEnd) {
   DocumentEnd end = {};
-  end.second_amount = 1000;
-  end.fifth_parameter = 1;
-  end.third_amount = 2350;
+  end.total = 1000;
+  end.adjustment_kind = 1;
+  end.adjustment = 2350;
   Open200(100);
   EXPECT_EQ(Close(QUIL_DOCUMENT_END, &end, 865), 0);
-  end.fifth_parameter = 2;
+  end.adjustment_kind = 2;
   Open200(100);
   EXPECT_EQ(Close(QUIL_DOCUMENT_END, &end, 1335), 0);
-  end.fifth_parameter = 0;
-  end.rate = 1000;
-  end.third_amount = 0;
+  end.adjustment_kind = 0;
+  end.discount_rate = 1000;
+  end.adjustment = 0;
   Open200(100);
   EXPECT_EQ(Close(QUIL_DOCUMENT_END, &end, 1000), 0);
   // A mode that does not say leaves the expected total, 0 after the opening.
-  end.fifth_parameter = 9;
-  end.rate = 0;
+  end.adjustment_kind = 9;
+  end.discount_rate = 0;
   Open200(100);
   EXPECT_EQ(Close(QUIL_DOCUMENT_END, &end, 0), 0);
 }
@@ -302,9 +302,9 @@ constexpr std::array<int64_t, 5> kAfterMode = {1100, 1075, 1125, 850, 1350};
 TEST_F(TotalsGuardTest, ModesOfX) {
   for (size_t mode = 0; mode < kAfterMode.size(); ++mode) {
     DollarX x = {};
-    x.integers[0] = static_cast<int32_t>(mode);
-    x.amounts[0] = 1000;
-    x.amounts[1] = 250;
+    x.comparison_mode = static_cast<int32_t>(mode);
+    x.total = 1000;
+    x.adjustment = 250;
     Open200(100);
     EXPECT_EQ(Close(QUIL_DOCUMENT_END_X, &x, kAfterMode[mode]), 0) << mode;
     Open300(100);
@@ -332,7 +332,7 @@ TEST_F(TotalsGuardTest, ModesOfTheBuyersEnd) {
     end.total = 1000;
     // Only mode 2 takes more than the low 32 bits: 1000 * 2^32 of 10000 are
     // 429496729.6 more.
-    end.rate = (int64_t{1} << 32) + 250;
+    end.adjustment = (int64_t{1} << 32) + 250;
     const int64_t more = mode == 2 ? 429496730 : 0;
     Open300(100);
     EXPECT_EQ(Close(QUIL_BUYER_END, &end, kAfterMode[mode] + more), 0) << mode;

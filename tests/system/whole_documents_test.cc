@@ -105,7 +105,7 @@ TEST_F(WholeDocumentTest, EverythingIsSentInOrder) {
   document.payments6[1].amount = 200;
   document.payment10_count = 1;
   document.payments10[0].amount = 300;
-  document.end.second_amount = 600;
+  document.end.total = 600;
   EXPECT_EQ(Print(100, 700), 0);
   EXPECT_EQ(Document(),
             Frame("0;0;0;1;0$hstart\r") + Frame("@ee\r") +
@@ -117,7 +117,7 @@ TEST_F(WholeDocumentTest, EverythingIsSentInOrder) {
 }
 
 TEST_F(WholeDocumentTest, MismatchFails) {
-  document_->end.second_amount = 600;
+  document_->end.total = 600;
   EXPECT_EQ(Print(100, 100), -1);
   EXPECT_EQ(LastError().error_code, 1);
   EXPECT_STREQ(LastError().message, kMismatch);
@@ -133,22 +133,22 @@ TEST_F(WholeDocumentTest, FlagsAreCheckedAtTheEnd) {
 
 TEST_F(WholeDocumentTest, ModesIgnoreTheAdjustment) {
   // Other than for the single codes, the total alone says what must come.
-  document_->end.second_amount = 600;
-  document_->end.fifth_parameter = 1;
-  document_->end.third_amount = 5000;
+  document_->end.total = 600;
+  document_->end.adjustment_kind = 1;
+  document_->end.adjustment = 5000;
   EXPECT_EQ(Print(100, 700), 0);
 }
 
 TEST_F(WholeDocumentTest, Mode1PutsThePaymentsIntoX) {
   WholeDocument& document = *document_;
   document.mode = 1;
-  document.x.integers[0] = 4;
-  document.x.integers[5] = 55;
-  document.x.integers[6] = 66;
-  document.x.amounts[0] = 1000;
-  document.x.trailing_amounts[0] = 100;
-  document.x.trailing_amounts[1] = 200;
-  document.x.trailing_amounts[2] = 300;
+  document.x.comparison_mode = 4;
+  document.x.has_payments6 = 55;
+  document.x.has_payments10 = 66;
+  document.x.total = 1000;
+  document.x.payments6_sum = 100;
+  document.x.payments10_sum = 200;
+  document.x.last_amount = 300;
   // Without payments the record's own values stay, without the switch the mode
   // does not.
   EXPECT_EQ(Print(0, 1000), 0);
@@ -176,8 +176,8 @@ TEST_F(WholeDocumentTest, Mode2PutsThePaymentsIntoY) {
   document.mode = 2;
   document.y.comparison_mode = 3;
   document.y.total = 1000;
-  document.y.count_x = 7;
-  document.y.count_y = 7;
+  document.y.payment6_count = 7;
+  document.y.payment10_count = 7;
   document.payment6_count = 2;
   document.payments6[0] = {700, 1, {}, 100000000, {}, {}};
   document.payments6[1] = {50, -99, {}, 105000000, {}, {}};
@@ -264,7 +264,7 @@ TEST_F(WholeDocumentTest, PaymentsThatDoNotFitYSendNothing) {
     *document_ = {};
     document_->mode = 2;
     document_->payment6_count = 1;
-    document_->payments6[0].integer = number;
+    document_->payments6[0].number = number;
     EXPECT_EQ(Ioctl(QUIL_WHOLE_DOCUMENT, document_.get()), -1);
     EXPECT_EQ(Sent(), "");
   }
@@ -279,7 +279,7 @@ TEST_F(WholeDocumentTest, PaymentsThatDoNotFitYSendNothing) {
 
 TEST_F(WholeDocumentTest, PaymentNumbersAreFreeWhereNoYIsSent) {
   document_->payment6_count = 1;
-  document_->payments6[0].integer = 1000;
+  document_->payments6[0].number = 1000;
   EXPECT_EQ(Print(0, 0), 0);
 }
 
@@ -342,7 +342,7 @@ TEST_F(WholeDocumentTest, BuyersDocumentByMode0) {
   document.line_count = 1;
   document.end.total = 300;
   document.end.comparison_mode = 3;
-  document.end.rate = 100;
+  document.end.adjustment = 100;
   EXPECT_EQ(PrintForBuyer(50, 350), 0);
   EXPECT_EQ(Document(kAsk300),
             Frame("1;0;1;0;0;0;0;0;0;0;0$h5\r\r\r\r\r\r\r\r") +
@@ -357,7 +357,7 @@ TEST_F(WholeDocumentTest, BuyersDocumentByMode1) {
   WholeBuyerDocument& document = *buyer_document_;
   document.mode = 1;
   document.end.total = 300;  // counts, though it is not sent
-  document.plain_end.second_amount = 777;
+  document.plain_end.total = 777;
   peer().Send(TotalsReply(50) + std::string(kReady) + TotalsReply(350));
   EXPECT_EQ(Ioctl(QUIL_WHOLE_BUYER_DOCUMENT, &document), 0);
   EXPECT_EQ(Document(kAsk300),

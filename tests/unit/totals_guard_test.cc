@@ -73,13 +73,14 @@ TEST(ExpectedTotalTest, FollowsTheMode) {
   }
 }
 
-std::optional<int64_t> OfEnd(int32_t rate, int32_t fifth, int64_t value) {
+std::optional<int64_t> OfEnd(int32_t discount_rate, int32_t kind,
+                             int64_t adjustment) {
   DocumentEnd end = {};
-  end.rate = rate;
-  end.fifth_parameter = fifth;
-  end.first_amount = 777;  // what was paid in does not count
-  end.second_amount = 1000;
-  end.third_amount = value;
+  end.discount_rate = discount_rate;
+  end.adjustment_kind = kind;
+  end.paid = 777;  // what was paid in does not count
+  end.total = 1000;
+  end.adjustment = adjustment;
   return ExpectedTotalOfEnd(100, end);
 }
 

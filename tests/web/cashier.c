@@ -16,8 +16,8 @@ static DocumentLine line = {
     .quantity = 200000000,
     .unit = "szt",
     .rate_group = "A",
-    .first_amount = 450,
-    .second_amount = 900,
+    .price = 450,
+    .value = 900,
 };
 static DocumentEnd end;
 static DisplayText display = {.mode = 3};
@@ -34,13 +34,13 @@ static int32_t take_step(const char* step) {
     return opened;
   }
   if (strcmp(step, "header") == 0) {
-    end.second_amount = 0;
+    end.total = 0;
     return command(QUIL_DOCUMENT_HEADER, &header);
   }
   if (strncmp(step, "line ", 5) == 0) {
     snprintf(line.name, sizeof line.name, "%s", step + 5);
     const int32_t result = command(QUIL_DOCUMENT_LINE, &line);
-    end.second_amount += result == 0 ? line.second_amount : 0;
+    end.total += result == 0 ? line.value : 0;
     return result;
   }
   if (strcmp(step, "end") == 0) {

@@ -53,7 +53,7 @@ typedef struct BuyerEnd {
   char extra_lines[3][41];   /**< The extra lines. */
   char closing_texts[3][64]; /**< Sent also when empty. */
   int64_t total;             /**< The document's total, in hundredths. */
-  int64_t rate;              /**< Adjustment of the totals comparison; the low
+  int64_t adjustment;        /**< Adjustment of the totals comparison; the low
                                   32 bits are sent as a rate in hundredths of a
                                   percent. */
 } BuyerEnd;
@@ -63,7 +63,7 @@ QUILON_OFFSET(BuyerEnd, code_text, 28);
 QUILON_OFFSET(BuyerEnd, extra_lines, 61);
 QUILON_OFFSET(BuyerEnd, closing_texts, 184);
 QUILON_OFFSET(BuyerEnd, total, 376);
-QUILON_OFFSET(BuyerEnd, rate, 384);
+QUILON_OFFSET(BuyerEnd, adjustment, 384);
 
 /** The command "@c": QUIL_AT_C. */
 typedef struct AtC {

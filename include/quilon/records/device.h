@@ -29,10 +29,10 @@ QUILON_OFFSET(Identity, unique_number, 96);
 /** The printer's communication port: QUIL_READ_PORT. */
 typedef struct PortInfo {
   int32_t block;  /**< Number of the information block, always 50. */
-  char text[100]; /**< The port, as the printer names it. */
+  char port[100]; /**< The port, as the printer names it. */
 } PortInfo;
 QUILON_SIZE(PortInfo, 104);
-QUILON_OFFSET(PortInfo, text, 4);
+QUILON_OFFSET(PortInfo, port, 4);
 
 /** The printer's fiscal memory: QUIL_READ_MEMORY. */
 typedef struct MemoryInfo {

@@ -39,8 +39,8 @@ typedef struct DocumentLine {
                                 longer one is not sent. */
   char rate_group[2];      /**< Letter of the VAT rate, "A" to "G". */
   char unit[27];           /**< Unit of measure, "szt"; empty: none. */
-  int64_t first_amount;    /**< Price, in hundredths. */
-  int64_t second_amount;   /**< Value, in hundredths. */
+  int64_t price;           /**< Price of one unit, in hundredths. */
+  int64_t value;           /**< Value of the line, in hundredths. */
   int64_t optional_amount; /**< In hundredths; 0: not sent. */
   char optional_text[41];  /**< Text of the optional amount. */
   char closing_text[207];  /**< Closing text; sent when `kind` is 1. */
@@ -52,8 +52,8 @@ QUILON_OFFSET(DocumentLine, quantity, 112);
 QUILON_OFFSET(DocumentLine, quantity_text, 120);
 QUILON_OFFSET(DocumentLine, rate_group, 131);
 QUILON_OFFSET(DocumentLine, unit, 133);
-QUILON_OFFSET(DocumentLine, first_amount, 160);
-QUILON_OFFSET(DocumentLine, second_amount, 168);
+QUILON_OFFSET(DocumentLine, price, 160);
+QUILON_OFFSET(DocumentLine, value, 168);
 QUILON_OFFSET(DocumentLine, optional_amount, 176);
 QUILON_OFFSET(DocumentLine, optional_text, 184);
 QUILON_OFFSET(DocumentLine, closing_text, 225);
@@ -61,7 +61,7 @@ QUILON_OFFSET(DocumentLine, closing_text, 225);
 /** A payment: QUIL_PAYMENT_6 and its sisters. */
 typedef struct Payment {
   int64_t amount;         /**< Amount, in hundredths. */
-  int32_t integer;        /**< Sent after the amount. */
+  int32_t number;         /**< Number of the payment. */
   char reserved1[4];      /**< Padding. */
   int64_t quantity;       /**< Quantity in 10^-8; sent when `quantity_text` is
                                empty. */
@@ -70,29 +70,30 @@ typedef struct Payment {
   char reserved2[5];      /**< Padding. */
 } Payment;
 QUILON_SIZE(Payment, 40);
-QUILON_OFFSET(Payment, integer, 8);
+QUILON_OFFSET(Payment, number, 8);
 QUILON_OFFSET(Payment, quantity, 16);
 QUILON_OFFSET(Payment, quantity_text, 24);
 
 /** Closes a document: QUIL_DOCUMENT_END. */
 typedef struct DocumentEnd {
   int32_t first_parameter; /**< Sent first. */
-  int32_t rate;            /**< Rate in hundredths of a percent, sent second. */
+  int32_t discount_rate;   /**< Rate in hundredths of a percent, sent second. */
   int32_t extra_line_count; /**< Extra lines, 0 to 3. */
-  int32_t fifth_parameter;  /**< Sent in fifth place. */
+  int32_t adjustment_kind;  /**< Sent in fifth place. */
   char code_text[33];       /**< Code text, sent also when empty. */
   char extra_lines[3][41];  /**< The extra lines. */
   char reserved1[4];        /**< Padding. */
-  int64_t first_amount;     /**< Amount paid in, in hundredths. */
-  int64_t second_amount;    /**< Total of the document, in hundredths. */
-  int64_t third_amount;     /**< Value of the adjustment, in hundredths. */
+  int64_t paid;             /**< Amount paid in, in hundredths. */
+  int64_t total;            /**< Total of the document, in hundredths. */
+  int64_t adjustment;       /**< Rate of the adjustment, in hundredths of a
+                                 percent. */
 } DocumentEnd;
 QUILON_SIZE(DocumentEnd, 200);
 QUILON_OFFSET(DocumentEnd, code_text, 16);
 QUILON_OFFSET(DocumentEnd, extra_lines, 49);
-QUILON_OFFSET(DocumentEnd, first_amount, 176);
-QUILON_OFFSET(DocumentEnd, second_amount, 184);
-QUILON_OFFSET(DocumentEnd, third_amount, 192);
+QUILON_OFFSET(DocumentEnd, paid, 176);
+QUILON_OFFSET(DocumentEnd, total, 184);
+QUILON_OFFSET(DocumentEnd, adjustment, 192);
 
 /** Ends a document in the short form: QUIL_DOCUMENT_SHORT_END. */
 typedef struct DocumentShortEnd {
@@ -105,20 +106,20 @@ QUILON_OFFSET(DocumentShortEnd, second_text, 9);
 /** A line that carries a number in place of a name, always in rate group "P":
  *  QUIL_DOCUMENT_LINE_P. */
 typedef struct DocumentLineP {
-  int32_t integer1;       /**< Parameter. */
-  int32_t integer2;       /**< Sent in place of a name. */
+  int32_t integer;        /**< Sent as the only parameter. */
+  int32_t name_number;    /**< Number in place of a name. */
   int64_t quantity;       /**< Quantity in 10^-8; sent when `quantity_text` is
                                empty. */
   char quantity_text[11]; /**< Quantity as text, at most 10 characters; a longer
                                one is not sent. */
   char reserved1[5];      /**< Padding. */
-  int64_t first_amount;   /**< Price, in hundredths. */
-  int64_t second_amount;  /**< Value, in hundredths. */
+  int64_t price;          /**< Price of one unit, in hundredths. */
+  int64_t value;          /**< Value of the line, in hundredths. */
 } DocumentLineP;
 QUILON_SIZE(DocumentLineP, 48);
 QUILON_OFFSET(DocumentLineP, quantity, 8);
 QUILON_OFFSET(DocumentLineP, quantity_text, 16);
-QUILON_OFFSET(DocumentLineP, first_amount, 32);
+QUILON_OFFSET(DocumentLineP, price, 32);
 
 /** The command "$n": QUIL_DOLLAR_N. */
 typedef struct DollarN {

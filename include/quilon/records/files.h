@@ -9,7 +9,7 @@
 #include "quilon/records/layout.h"
 
 /** The logo: QUIL_SEND_LOGO, QUIL_LOGO_CHECKSUM, QUIL_READ_LOGO and
- *  QUIL_CARET_F_1 and _10. */
+ *  QUIL_LOGO_FRAME_1 and _10. */
 typedef struct Logo {
   int32_t number;    /**< Sent at the end of every frame. */
   char path[256];    /**< Path of the bitmap: a BMP file with 1 bit a pixel, not

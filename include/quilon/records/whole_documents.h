@@ -37,16 +37,15 @@ typedef struct WholeDocument {
   DollarN n[2];                /**< See `n_flags`. */
   DollarCapitalL capital_l[7]; /**< See `l_flags`. */
   Payment payments6[32];       /**< Payments "6$d". */
-  Payment payments10[32];      /**< Payments "10$d". In mode 2 the integer of a
+  Payment payments10[32];      /**< Payments "10$d". In mode 2 the number of a
                                     payment has at most three characters (-99 to
                                     999) and its quantity at most 15. */
   DocumentEnd end;             /**< The closing of mode 0. */
-  DollarX x;                /**< The closing of mode 1. The payments' sums take
-                                 the place of the first two trailing amounts,
-                                 and 1 that of the sixth and seventh integer,
-                                 where there are payments. */
-  DollarY y;                /**< The closing of mode 2. The payments take the
-                                 place of the counts and lists of x and y. */
+  DollarX x; /**< The closing of mode 1. Where there are payments,
+                  their sums take the place of its own, and 1
+                  that of its marks. */
+  DollarY y; /**< The closing of mode 2. The payments take the
+                  place of its own. */
   NonFiscalLine slips[100]; /**< Printed in mode 2 when the kind of `y` is
                                  3. */
   SingleNumber slip_end;    /**< Sent behind the slips with "$z". */
