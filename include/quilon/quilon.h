@@ -9,7 +9,7 @@
  *     if (quil_open_tcpip("10.0.0.7", 6001) == 1) {
  *       DocumentHeader header = {0};
  *       if (quil_ioctrl(QUIL_DOCUMENT_HEADER, &header, NULL,
- *                       QUIL_CHECK_STATUS) != 0) {
+ *                       QUIL_CHECK_STATUS | QUIL_QUERY_ERROR) != 0) {
  *         LastErrorRecord error;
  *         quil_get_last_error(&error);   // what the printer says
  *       }
@@ -27,8 +27,14 @@
  * Strings that come back are CP1250; strings that go in are CP1250 too, and in
  * records optionally UTF-8 (QUIL_TEXT_UTF8).
  *
- * Time. A call waits for the printer at most as long as the reply time-out of
- * its connection for each answer it needs (5 s unless given).
+ * Time. Waiting for an answer ends after as much silence as the connection's
+ * reply time-out says (5 s unless given). That bounds the silence, not the
+ * call: a printer that sends a byte now and then, or packets with "#Z" without
+ * end, is listened to without end. QUIL_CHECK_STATUS waits up to six times,
+ * once for DLE and five times for ENQ; QUIL_QUERY_ERROR twice; QUIL_SEND_FILE
+ * once a block; a whole document until a printer that is connected tells its
+ * totals. Sending takes at most the write time-out of a serial port, or 10 s
+ * over TCP.
  */
 #ifndef QUILON_QUILON_H_
 #define QUILON_QUILON_H_
@@ -52,16 +58,24 @@ extern "C" {
 
 /** Flags of quil_ioctrl; other bits are ignored. */
 enum QuilFlag {
-  /** After the command: checks with DLE and ENQ that the printer is online,
-   *  has paper, is in no error and accepted the command. The last error is
-   *  filled anew. */
+  /** After the command: asks with DLE and ENQ whether the printer is online,
+   *  has paper, is in no error and accepted the command; the call fails unless
+   *  all of it holds. The last error is filled anew. The reason of a refusal is
+   *  asked for only while ENQ bit 1 says that a document is open; otherwise the
+   *  error number is 0. */
   QUIL_CHECK_STATUS = 1,
-  /** After the command: when ENQ says that it was not accepted, asks for the
+  /** After the command: unless ENQ says that it was accepted, asks for the
    *  printer's error number, puts it and its message into the last error, and
-   *  returns it when there is a message. */
+   *  returns it when there is a message. Alone it takes silence for success;
+   *  the call then returns 0, or once more the number of an earlier error that
+   *  is still the last one. Together with QUIL_CHECK_STATUS it tells the reason
+   *  of every refusal, which neither does alone. */
   QUIL_QUERY_ERROR = 2,
-  /** Around a document: proves by the printer's totals that the document was
-   *  booked. */
+  /** On the command that opens a document (codes 200, 219, 300, 308) and on no
+   *  other: proves by the printer's totals that the document was booked. They
+   *  are read before it, and its closing fails unless they have grown by what
+   *  its record says. On any other code the flag forgets the document in
+   *  progress. docs/totals-comparison.md tells what this proves. */
   QUIL_COMPARE_TOTALS = 4
 };
 
@@ -100,10 +114,13 @@ QUILON_API int32_t quil_get_last_error(LastErrorRecord* record);
  * @param flags    QUIL_CHECK_STATUS, QUIL_QUERY_ERROR, QUIL_COMPARE_TOTALS, or
  *                 several of them.
  * @return 0 when the command succeeded and the checks that `flags` ask for
- *         passed. -1 when it failed, the code is unknown, `data` is null and
- *         needed, no connection is open, or an answer of the printer could not
- *         be understood. With QUIL_QUERY_ERROR the printer's error number when
- *         it reported one that has a message.
+ *         passed. Of a command that sends and without flags that only says that
+ *         its frame was handed over: what the printer made of it is unknown,
+ *         and a TCP connection whose other end is gone takes frames for a
+ *         while, too. -1 when it failed, the code is unknown, `data` is null
+ *         and needed, no connection is open, or an answer of the printer could
+ *         not be understood. With QUIL_QUERY_ERROR the printer's error number
+ *         when it reported one that has a message.
  */
 QUILON_API int32_t quil_ioctrl(int32_t code, void* data, void* reserved,
                                uint32_t flags);
@@ -165,6 +182,10 @@ QUILON_API int32_t quil_open_tcpip_ex(const TcpParams* params);
 /**
  * Switches the communication log on, for this connection and later ones. Each
  * connection writes a file of its own, named by the time of opening.
+ *
+ * Every entry is written and flushed before the call that caused it goes on, on
+ * the caller's thread (a threaded port also writes from its own): a slow disk
+ * makes slow calls.
  *
  * Switched on again after quil_disable_log, an open connection goes on in its
  * file, whatever the directory. When the file cannot be created, a line on

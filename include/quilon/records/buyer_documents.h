@@ -9,23 +9,38 @@
 
 /** Opens a document: QUIL_BUYER_HEADER, QUIL_BUYER_HEADER_308. */
 typedef struct BuyerHeader {
-  int32_t line_count;      /**< Parameter: header lines, 0 to 8. */
-  int32_t integer2;        /**< Parameter. */
-  int32_t integer3;        /**< Parameter. */
-  int32_t document_number; /**< Number of the document; 0: `number_text` is sent
-                                in its place. */
-  int32_t integer5;        /**< Parameter. */
-  int32_t integer6;        /**< Parameter. */
-  int32_t integer7;        /**< Parameter. */
-  char lines[8][61];       /**< The header lines. */
-  char buyer_text1[15];    /**< Sent also when empty, as the four below. */
-  char buyer_text2[18];    /**< Second text of the buyer. */
-  char buyer_text3[21];    /**< Third text of the buyer. */
-  char buyer_text4[28];    /**< Fourth text of the buyer. */
-  char buyer_text5[28];    /**< Fifth text of the buyer. */
-  char closing_text1[31];  /**< Sent also when empty. */
-  char closing_text2[28];  /**< Sent also when empty. */
-  char number_text[59];    /**< Text in place of the document number. */
+  /** How many of `lines` are sent, 0 to 8. */
+  int32_t line_count;
+  /** Fourth parameter. */
+  int32_t integer2;
+  /** Seventh parameter. */
+  int32_t integer3;
+  /** Number of the document; 0: `number_text` is sent in its place. */
+  int32_t document_number;
+  /** Fifth parameter. */
+  int32_t integer5;
+  /** Tenth parameter. */
+  int32_t integer6;
+  /** Eleventh parameter. */
+  int32_t integer7;
+  /** The header lines. */
+  char lines[8][61];
+  /** First text of the buyer, sent also when empty, as the four below. */
+  char buyer_text1[15];
+  /** Second text of the buyer. */
+  char buyer_text2[18];
+  /** Third text of the buyer. */
+  char buyer_text3[21];
+  /** Fourth text of the buyer. */
+  char buyer_text4[28];
+  /** Fifth text of the buyer. */
+  char buyer_text5[28];
+  /** First text behind the buyer's, sent also when empty. */
+  char closing_text1[31];
+  /** Last text, sent also when empty. */
+  char closing_text2[28];
+  /** Number of the document as text; sent when `document_number` is 0. */
+  char number_text[59];
 } BuyerHeader;
 QUILON_SIZE(BuyerHeader, 744);
 QUILON_OFFSET(BuyerHeader, document_number, 12);
@@ -41,21 +56,34 @@ QUILON_OFFSET(BuyerHeader, number_text, 685);
 
 /** Closes a document: QUIL_BUYER_END. */
 typedef struct BuyerEnd {
-  int32_t integer1;          /**< Parameter. */
-  int32_t integer2;          /**< Parameter. */
-  int32_t extra_line_count;  /**< Parameter: extra lines, 0 to 3. */
-  int32_t integer4;          /**< Parameter. */
-  int32_t integer5;          /**< Parameter. */
-  int32_t comparison_mode;   /**< Parameter: mode of the totals comparison, as
-                                  in DollarX. */
-  int32_t integer7;          /**< Parameter. */
-  char code_text[33];        /**< Code text, sent also when empty. */
-  char extra_lines[3][41];   /**< The extra lines. */
-  char closing_texts[3][64]; /**< Sent also when empty. */
-  int64_t total;             /**< The document's total, in hundredths. */
-  int64_t adjustment;        /**< Adjustment of the totals comparison; the low
-                                  32 bits are sent as a rate in hundredths of a
-                                  percent. */
+  /** First parameter. */
+  int32_t integer1;
+  /** Second parameter. */
+  int32_t integer2;
+  /** How many of `extra_lines` are sent, 0 to 3. */
+  int32_t extra_line_count;
+  /** Seventh parameter. */
+  int32_t integer4;
+  /** Eighth parameter. */
+  int32_t integer5;
+  /** What `adjustment` does to the total in the totals comparison, as in
+   *  DollarX; also sent as the fifth parameter. */
+  int32_t comparison_mode;
+  /** Ninth parameter. */
+  int32_t integer7;
+  /** Code text, sent also when empty. */
+  char code_text[33];
+  /** The extra lines. */
+  char extra_lines[3][41];
+  /** Three texts behind the extra lines, sent also when empty. */
+  char closing_texts[3][64];
+  /** Total of the document, in hundredths: what the totals comparison expects
+   *  to be booked, before the adjustment. */
+  int64_t total;
+  /** The adjustment that `comparison_mode` names: a rate in hundredths of a
+   *  percent, or an amount in hundredths. Only its low 32 bits are sent, and
+   *  count in the comparison except in mode 2. */
+  int64_t adjustment;
 } BuyerEnd;
 QUILON_SIZE(BuyerEnd, 392);
 QUILON_OFFSET(BuyerEnd, comparison_mode, 20);
@@ -67,11 +95,16 @@ QUILON_OFFSET(BuyerEnd, adjustment, 384);
 
 /** The command "@c": QUIL_AT_C. */
 typedef struct AtC {
-  int32_t integers1[4];       /**< Parameters. */
-  char texts[3][12];          /**< Parameters behind them, also when empty. */
-  int32_t integers2[5];       /**< Parameters behind these. */
-  char optional_texts[7][64]; /**< Each sent when not empty. */
-  char closing_text[64];      /**< Sent also when empty. */
+  /** Parameters one to four. */
+  int32_t integers1[4];
+  /** Parameters five to seven, sent also when empty. */
+  char texts[3][12];
+  /** Parameters eight to twelve. */
+  int32_t integers2[5];
+  /** Seven texts, each sent when not empty. */
+  char optional_texts[7][64];
+  /** Last text, sent also when empty. */
+  char closing_text[64];
 } AtC;
 QUILON_SIZE(AtC, 584);
 QUILON_OFFSET(AtC, texts, 16);

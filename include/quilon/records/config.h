@@ -12,18 +12,24 @@
 
 /** QUIL_DOLLAR_C. */
 typedef struct DollarC {
-  int32_t numbers[6]; /**< The parameters. */
-  char texts[2][256]; /**< Two texts, converted. */
+  /** The six parameters.
+   *  Virtual printer: year, month, day, hour, minute, second. */
+  int32_t numbers[6];
+  /** Two texts, converted.
+   *  Virtual printer: cash register, cashier. */
+  char texts[2][256];
 } DollarC;
 QUILON_SIZE(DollarC, 536);
 QUILON_OFFSET(DollarC, texts, 24);
 
 /** QUIL_DOLLAR_P, and the fields of QUIL_DOLLAR_CAPITAL_P. */
 typedef struct DollarP {
-  int32_t number;     /**< The parameter of "$p"; "$P" does not send it. */
-  char texts[2][256]; /**< Two texts, converted; "$P" does not send them. */
-  int32_t values[7];  /**< The fields behind the mnemonic; "$P" sends the first
-                           six. */
+  /** The only parameter of "$p"; "$P" does not send it. */
+  int32_t number;
+  /** Two texts, converted; "$P" does not send them. */
+  char texts[2][256];
+  /** The seven fields behind the texts; "$P" sends the first six. */
+  int32_t values[7];
 } DollarP;
 QUILON_SIZE(DollarP, 544);
 QUILON_OFFSET(DollarP, texts, 4);
@@ -31,9 +37,11 @@ QUILON_OFFSET(DollarP, values, 516);
 
 /** QUIL_DOLLAR_CAPITAL_P. */
 typedef struct DollarCapitalP {
-  DollarP fields;        /**< The fields behind the mnemonic. */
-  int32_t parameters[7]; /**< The parameters before it. Nothing separates the
-                              last two: the printer reads them as one. */
+  /** Its `values` are sent behind the mnemonic. */
+  DollarP fields;
+  /** Parameters two to eight. Nothing separates the last two: the printer reads
+   *  them as one. */
+  int32_t parameters[7];
 } DollarCapitalP;
 QUILON_SIZE(DollarCapitalP, 572);
 QUILON_OFFSET(DollarCapitalP, parameters, 544);
@@ -41,10 +49,14 @@ QUILON_OFFSET(DollarCapitalP, parameters, 544);
 /** QUIL_SET_USB and QUIL_READ_USB. The long texts stand in the command and in
  *  the answer in the order first, third, second, fourth. */
 typedef struct UsbSettings {
-  int32_t number;         /**< Parameter of the command; not read. */
-  char long_texts[4][5];  /**< Four texts. */
-  int32_t numbers[2];     /**< The numbers behind them. */
-  char short_texts[4][4]; /**< Four more texts. */
+  /** The only parameter of the command; not read. */
+  int32_t number;
+  /** Four texts, sent and read in the order first, third, second, fourth. */
+  char long_texts[4][5];
+  /** Two numbers behind them. */
+  int32_t numbers[2];
+  /** Four texts behind these. */
+  char short_texts[4][4];
 } UsbSettings;
 QUILON_SIZE(UsbSettings, 48);
 QUILON_OFFSET(UsbSettings, long_texts, 4);
@@ -53,21 +65,26 @@ QUILON_OFFSET(UsbSettings, short_texts, 32);
 
 /** QUIL_SET_CERT. */
 typedef struct CertSettings {
-  int32_t numbers[3]; /**< The first three fields. */
-  char text[4096];    /**< The last field. */
+  /** The first three fields. */
+  int32_t numbers[3];
+  /** The last field. */
+  char text[4096];
 } CertSettings;
 QUILON_SIZE(CertSettings, 4108);
 QUILON_OFFSET(CertSettings, text, 12);
 
 /** QUIL_SET_EMF and QUIL_READ_EMF. */
 typedef struct EmfSettings {
-  int32_t sends_value1; /**< Parameter of the command; `value1` is sent when
-                             this is not 0. Not read. */
-  int32_t sends_value2; /**< Parameter of the command; `value2` is sent when
-                             this is not 0. Not read. */
-  char text[204];       /**< The text; at most 200 characters are read. */
-  int32_t value1;       /**< First value. */
-  int32_t value2;       /**< Second value. */
+  /** Not 0: `value1` is sent. Also the first parameter; not read. */
+  int32_t sends_value1;
+  /** Not 0: `value2` is sent. Also the second parameter; not read. */
+  int32_t sends_value2;
+  /** The first field; at most 200 characters are read. */
+  char text[204];
+  /** Number behind the text. */
+  int32_t value1;
+  /** Number behind this. */
+  int32_t value2;
 } EmfSettings;
 QUILON_SIZE(EmfSettings, 220);
 QUILON_OFFSET(EmfSettings, text, 8);

@@ -10,16 +10,26 @@
 
 /** QUIL_READ_INFO_43. */
 typedef struct InfoBlock43 {
-  int32_t numbers[9]; /**< The answer's numbers; the fifth and sixth are
-                           dropped. */
+  /** The nine numbers of the answer; the fifth and sixth are dropped.
+   *  Virtual printer: receipts, invoices, cancelled documents and daily reports
+   *  so far, two unused, fiscal mode, document open, number of the last
+   *  error. */
+  int32_t numbers[9];
 } InfoBlock43;
 QUILON_SIZE(InfoBlock43, 36);
 
 /** QUIL_READ_INFO_53. */
 typedef struct InfoBlock53 {
-  char first_text[60]; /**< The answer's first text. */
-  char texts[4][100];  /**< The texts behind it. */
-  int32_t numbers[4];  /**< The numbers behind them. */
+  /** First text of the answer.
+   *  Virtual printer: name of the device. */
+  char first_text[60];
+  /** The four texts behind it.
+   *  Virtual printer: name of the shop, street, town, tax number. */
+  char texts[4][100];
+  /** The four numbers at the end.
+   *  Virtual printer: receipts, invoices and daily reports so far, drawer
+   *  openings. */
+  int32_t numbers[4];
 } InfoBlock53;
 QUILON_SIZE(InfoBlock53, 476);
 QUILON_OFFSET(InfoBlock53, texts, 60);
@@ -27,11 +37,19 @@ QUILON_OFFSET(InfoBlock53, numbers, 460);
 
 /** QUIL_READ_INFO_54. */
 typedef struct InfoBlock54 {
-  int32_t numbers1[3];  /**< The answer's first numbers. */
-  char texts1[2][30];   /**< The texts behind them. */
-  int32_t numbers2[10]; /**< The numbers behind these; the fifth and seventh are
-                             dropped. */
-  char texts2[3][20];   /**< The texts at the end. */
+  /** The first three numbers of the answer.
+   *  Virtual printer: always 1, online, paper out. */
+  int32_t numbers1[3];
+  /** The two texts behind them.
+   *  Virtual printer: unique number, tax number. */
+  char texts1[2][30];
+  /** The ten numbers behind these; the fifth and seventh are dropped.
+   *  Virtual printer: VAT rates A to G, receipts, invoices and daily reports so
+   *  far. */
+  int32_t numbers2[10];
+  /** The three texts at the end.
+   *  Virtual printer: date and time, firmware version, serial number. */
+  char texts2[3][20];
 } InfoBlock54;
 QUILON_SIZE(InfoBlock54, 172);
 QUILON_OFFSET(InfoBlock54, texts1, 12);
@@ -40,26 +58,44 @@ QUILON_OFFSET(InfoBlock54, texts2, 112);
 
 /** QUIL_READ_INFO_55. */
 typedef struct InfoBlock55 {
-  char texts[4][20]; /**< The answer's texts. */
+  /** The four texts of the answer.
+   *  Virtual printer: name of the device, firmware version, unique number,
+   *  serial number. */
+  char texts[4][20];
 } InfoBlock55;
 QUILON_SIZE(InfoBlock55, 80);
 
 /** QUIL_READ_INFO_56. */
 typedef struct InfoBlock56 {
-  char text[20];      /**< The answer's text. */
-  int32_t numbers[5]; /**< The numbers behind it. */
+  /** First text of the answer.
+   *  Virtual printer: unique number. */
+  char text[20];
+  /** The five numbers behind it.
+   *  Virtual printer: size and free records of the fiscal memory, size and free
+   *  KiB of the protected memory, unused. */
+  int32_t numbers[5];
 } InfoBlock56;
 QUILON_SIZE(InfoBlock56, 40);
 QUILON_OFFSET(InfoBlock56, numbers, 20);
 
 /** QUIL_READ_INFO_60. */
 typedef struct InfoBlock60 {
-  int32_t numbers1[3];  /**< The answer's first numbers. */
-  char text1[30];       /**< The text behind them. */
-  char text2[22];       /**< The text behind this, at most 19 characters. */
-  int32_t numbers2[10]; /**< The numbers behind it; the seventh and ninth are
-                             dropped. */
-  char texts[5][20];    /**< The texts at the end. */
+  /** The first three numbers of the answer.
+   *  Virtual printer: online, two unused. */
+  int32_t numbers1[3];
+  /** The text behind them.
+   *  Virtual printer: address of the server. */
+  char text1[30];
+  /** The text behind this, at most 19 characters.
+   *  Virtual printer: name of the server. */
+  char text2[22];
+  /** The ten numbers behind it; the seventh and ninth are dropped.
+   *  Virtual printer: 0 to 7, receipts and daily reports so far. */
+  int32_t numbers2[10];
+  /** The five texts at the end.
+   *  Virtual printer: date and time, two unused, firmware version, serial
+   *  number. */
+  char texts[5][20];
 } InfoBlock60;
 QUILON_SIZE(InfoBlock60, 204);
 QUILON_OFFSET(InfoBlock60, text1, 12);
@@ -69,23 +105,38 @@ QUILON_OFFSET(InfoBlock60, texts, 104);
 
 /** QUIL_READ_INFO_61. */
 typedef struct InfoBlock61 {
-  int32_t numbers[10]; /**< The answer's numbers; the sixth and tenth are
-                            dropped. */
-  char text[30];       /**< The text behind them, up to its CR. */
-  char reserved1[2];   /**< Padding. */
+  /** The ten numbers of the answer; the sixth and tenth are dropped.
+   *  Virtual printer: four numbers of the network address, four of its mask,
+   *  online, unused. */
+  int32_t numbers[10];
+  /** The text behind them, up to its CR.
+   *  Virtual printer: name of the network connection. */
+  char text[30];
+  char reserved1[2];
 } InfoBlock61;
 QUILON_SIZE(InfoBlock61, 72);
 QUILON_OFFSET(InfoBlock61, text, 40);
 
 /** QUIL_READ_INFO_64. */
 typedef struct InfoBlock64 {
-  int32_t number;     /**< The answer's first number. */
-  char text1[19];     /**< The text behind it. */
-  char text2[14];     /**< The second text. */
-  char text3[16];     /**< The third text, up to its CR. */
-  char text4[23];     /**< The fourth text, up to its CR, at most 20
-                           characters. */
-  int32_t numbers[3]; /**< The numbers at the end. */
+  /** First number of the answer.
+   *  Virtual printer: always 1. */
+  int32_t number;
+  /** The text behind it.
+   *  Virtual printer: name of the certificate. */
+  char text1[19];
+  /** The text behind this.
+   *  Virtual printer: serial number. */
+  char text2[14];
+  /** Third text, up to its CR.
+   *  Virtual printer: holder of the certificate. */
+  char text3[16];
+  /** Fourth text, up to its CR, at most 20 characters.
+   *  Virtual printer: date and time. */
+  char text4[23];
+  /** The three numbers at the end.
+   *  Virtual printer: two unused, always 1. */
+  int32_t numbers[3];
 } InfoBlock64;
 QUILON_SIZE(InfoBlock64, 88);
 QUILON_OFFSET(InfoBlock64, text1, 4);

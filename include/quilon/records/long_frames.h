@@ -14,18 +14,28 @@
 /** "#f": QUIL_HASH_F. Its texts and amounts are sent in the order of the
  *  record, empty texts too; only `text3` is sent last, and when not empty. */
 typedef struct HashF {
-  int32_t reserved1;   /**< Not read. */
-  char text1[9];       /**< First text. */
-  char text2[33];      /**< Second text. */
-  char text3[9];       /**< Sent behind all others, when not empty. */
-  char texts4[16][17]; /**< Texts 4 to 19. */
-  char text20[16];     /**< Text 20. */
-  char text21[17];     /**< Text 21, the last one before the amounts. */
-  int64_t amounts[23]; /**< The amounts, in hundredths. */
-  char text22[6];      /**< The first text behind the amounts. */
-  char text23[6];      /**< The second text behind the amounts. */
-  char text24[64];     /**< The third text behind the amounts. */
-  char reserved2[4];   /**< Padding. */
+  int32_t reserved1;
+  /** First text. */
+  char text1[9];
+  /** Second text. */
+  char text2[33];
+  /** Sent behind all other fields, when not empty. */
+  char text3[9];
+  /** Texts three to eighteen of the frame. */
+  char texts4[16][17];
+  /** Text nineteen of the frame. */
+  char text20[16];
+  /** Text twenty of the frame, the last one before the amounts. */
+  char text21[17];
+  /** The 23 amounts, in hundredths. */
+  int64_t amounts[23];
+  /** First text behind the amounts. */
+  char text22[6];
+  /** Second text behind the amounts. */
+  char text23[6];
+  /** Third text behind the amounts. */
+  char text24[64];
+  char reserved2[4];
 } HashF;
 QUILON_SIZE(HashF, 624);
 QUILON_OFFSET(HashF, text1, 4);
@@ -43,34 +53,56 @@ QUILON_OFFSET(HashF, text24, 556);
  * name bears says, at most whole; a count of 0 or less sends nothing of them.
  */
 typedef struct HashM {
-  int32_t count_a;        /**< Entries of texts_a, amounts_a1 and amounts_a2. */
-  int32_t count_b;        /**< Entries of texts_b. */
-  int32_t count_c;        /**< Entries of integers_c, texts_c and amounts_c.
-                               Beyond 16, each counted integer still sends its
-                               ";", and the command fails when these make the
-                               frame longer than 1 MiB. */
-  int32_t reserved1;      /**< Not read. */
-  int32_t integers_c[16]; /**< Parameters behind the counts. */
-  char text1[9];          /**< Texts 1 to 5 are sent also when empty. */
-  char text2[9];          /**< Second text. */
-  char text3[33];         /**< Third text. */
-  char text4[16];         /**< Fourth text. */
-  char text5[16];         /**< Fifth text. */
-  char texts_c[16][17];   /**< Sent behind the five texts. */
-  char texts_a[32][25];   /**< Sent behind texts_c. */
-  char texts_b[32][25];   /**< Sent behind texts_a. */
-  char reserved2[5];      /**< Padding. */
-  int64_t amounts[5];     /**< The first amounts, in hundredths. */
-  int64_t amounts_c[16];  /**< Amounts, in hundredths. */
-  int64_t amount6;        /**< Sent behind amounts_c, in hundredths. */
-  int64_t amounts_a1[32]; /**< Amounts, in hundredths. */
-  int64_t amount7;        /**< Sent behind amounts_a1, in hundredths. */
-  int64_t amounts_a2[32]; /**< Amounts, in hundredths. */
-  int64_t amount8;        /**< Sent behind amounts_a2, in hundredths. */
-  char text6[10];         /**< Texts 6 to 8 are sent also when empty. */
-  char text7[10];         /**< Seventh text. */
-  char text8[64];         /**< Last text. */
-  char reserved3[4];      /**< Padding. */
+  /** How many entries of texts_a, amounts_a1 and amounts_a2 are sent. */
+  int32_t count_a;
+  /** How many entries of texts_b are sent. */
+  int32_t count_b;
+  /** How many entries of integers_c, texts_c and amounts_c are sent. Beyond 16,
+   *  each counted integer still sends its ";", and the command fails when these
+   *  make the frame longer than 1 MiB. */
+  int32_t count_c;
+  int32_t reserved1;
+  /** Parameters behind the counts and "212". */
+  int32_t integers_c[16];
+  /** First text; it and the four below are sent also when empty. */
+  char text1[9];
+  /** Second text. */
+  char text2[9];
+  /** Third text. */
+  char text3[33];
+  /** Fourth text. */
+  char text4[16];
+  /** Fifth text. */
+  char text5[16];
+  /** Sent behind the five texts. */
+  char texts_c[16][17];
+  /** Sent behind texts_c. */
+  char texts_a[32][25];
+  /** Sent behind texts_a. */
+  char texts_b[32][25];
+  char reserved2[5];
+  /** The first five amounts, in hundredths. */
+  int64_t amounts[5];
+  /** Amounts behind these, in hundredths. */
+  int64_t amounts_c[16];
+  /** Amount between amounts_c and amounts_a1, in hundredths. */
+  int64_t amount6;
+  /** Amounts behind it, in hundredths. */
+  int64_t amounts_a1[32];
+  /** Amount between amounts_a1 and amounts_a2, in hundredths. */
+  int64_t amount7;
+  /** Amounts behind it, in hundredths. */
+  int64_t amounts_a2[32];
+  /** Last amount, in hundredths. */
+  int64_t amount8;
+  /** First text behind the amounts; it and the two below are sent also when
+   *  empty. */
+  char text6[10];
+  /** Second text behind the amounts. */
+  char text7[10];
+  /** Third text behind the amounts. */
+  char text8[64];
+  char reserved3[4];
 } HashM;
 QUILON_SIZE(HashM, 2832);
 QUILON_OFFSET(HashM, count_b, 4);

@@ -13,16 +13,22 @@
 
 /** Begins a non-fiscal printout: QUIL_NONFISCAL_BEGIN. */
 typedef struct NonFiscalBegin {
-  int32_t first_parameter;  /**< First parameter; the self-test's is 200. */
-  int32_t second_parameter; /**< Second parameter. */
-  int32_t reserved1;        /**< Not read. */
-  int32_t third_parameter;  /**< Third parameter. */
-  char reserved2[760];      /**< Not read. */
-  char header_text[100];    /**< Header in the printer's own code page
-                                 (Mazovia): sent as it is, when `header_flag`
-                                 is 1. */
-  int32_t header_flag;      /**< Fourth parameter; 1: with header text. */
-  int32_t fifth_parameter;  /**< Fifth parameter; 0: none. */
+  /** Second number of the frame; the self-test uses 200.
+   *  Virtual printer: kind of printout. */
+  int32_t first_parameter;
+  /** Third number of the frame. */
+  int32_t second_parameter;
+  int32_t reserved1;
+  /** Fourth number of the frame. */
+  int32_t third_parameter;
+  char reserved2[760];
+  /** Header in the printer's own code page (Mazovia): sent without conversion,
+   *  when `header_flag` is 1. */
+  char header_text[100];
+  /** 1: with header text; also the fifth number of the frame. */
+  int32_t header_flag;
+  /** Sixth number of the frame; 0: not sent. */
+  int32_t fifth_parameter;
 } NonFiscalBegin;
 QUILON_SIZE(NonFiscalBegin, 884);
 QUILON_OFFSET(NonFiscalBegin, first_parameter, 0);
@@ -34,18 +40,25 @@ QUILON_OFFSET(NonFiscalBegin, fifth_parameter, 880);
 
 /** Prints up to eight lines: QUIL_NONFISCAL_LINE. */
 typedef struct NonFiscalLine {
-  int32_t parameter1;  /**< First parameter; the self-test's is 200. */
-  int32_t reserved1;   /**< Not read. */
-  int32_t parameter2;  /**< Second parameter. */
-  int32_t reserved2;   /**< Not read. */
-  int32_t parameter3;  /**< Third parameter. */
-  int32_t parameter4;  /**< Fourth parameter. */
-  int32_t parameter5;  /**< Fifth parameter. */
-  int32_t parameter6;  /**< Sixth parameter. */
-  int32_t parameter7;  /**< Seventh parameter. */
-  char lines[8][65];   /**< The lines; an empty one is not printed, also between
-                            others. */
-  char reserved3[336]; /**< Not read. */
+  /** First number of the frame; the self-test uses 200. */
+  int32_t parameter1;
+  int32_t reserved1;
+  /** Second number of the frame. */
+  int32_t parameter2;
+  int32_t reserved2;
+  /** Third number of the frame. */
+  int32_t parameter3;
+  /** Fourth number of the frame. */
+  int32_t parameter4;
+  /** Fifth number of the frame. */
+  int32_t parameter5;
+  /** Sixth number of the frame. */
+  int32_t parameter6;
+  /** Seventh number of the frame. */
+  int32_t parameter7;
+  /** The lines; an empty one is not printed, also between others. */
+  char lines[8][65];
+  char reserved3[336];
 } NonFiscalLine;
 QUILON_SIZE(NonFiscalLine, 892);
 QUILON_OFFSET(NonFiscalLine, parameter1, 0);
@@ -59,17 +72,26 @@ QUILON_OFFSET(NonFiscalLine, lines, 36);
 
 /** Ends a non-fiscal printout: QUIL_NONFISCAL_END. */
 typedef struct NonFiscalEnd {
-  int32_t second_parameter;   /**< Second parameter; the self-test's is 200. */
-  char reserved1[552];        /**< Not read. */
-  int32_t third_parameter;    /**< Third parameter. */
-  int32_t closing_line_count; /**< Fourth parameter: how many closing lines are
-                                   sent, 0 to 3. */
-  char closing_lines[3][65];  /**< The closing lines, sent also when empty. */
-  char closing_text[65];      /**< Sent before the lines, when not empty. */
-  char reserved2[60];         /**< Not read. */
-  int32_t fifth_parameter;    /**< Fifth parameter; 0: neither it nor
-                                   `trailing_parameter` is sent. */
-  int32_t trailing_parameter; /**< Sent behind the lines. */
+  /** Second number of the frame; the self-test uses 200.
+   *  Virtual printer: kind of printout. */
+  int32_t second_parameter;
+  char reserved1[552];
+  /** Third number of the frame. */
+  int32_t third_parameter;
+  /** How many of `closing_lines` are sent, 0 to 3; also the fourth number of
+   *  the frame. */
+  int32_t closing_line_count;
+  /** The closing lines, sent also when empty. */
+  char closing_lines[3][65];
+  /** Sent before the lines, when not empty.
+   *  Virtual printer: printed last, below the closing lines. */
+  char closing_text[65];
+  char reserved2[60];
+  /** Fifth number of the frame; 0: neither it nor `trailing_parameter` is
+   *  sent. */
+  int32_t fifth_parameter;
+  /** Number behind the lines. */
+  int32_t trailing_parameter;
 } NonFiscalEnd;
 QUILON_SIZE(NonFiscalEnd, 892);
 QUILON_OFFSET(NonFiscalEnd, second_parameter, 0);

@@ -12,78 +12,93 @@
 
 /** One number. */
 typedef struct SingleNumber {
-  int32_t number; /**< The number. */
+  /** The number. */
+  int32_t number;
 } SingleNumber;
 QUILON_SIZE(SingleNumber, 4);
 
 /** Two numbers. */
 typedef struct TwoNumbers {
-  int32_t numbers[2]; /**< The numbers. */
+  /** The numbers. */
+  int32_t numbers[2];
 } TwoNumbers;
 QUILON_SIZE(TwoNumbers, 8);
 
 /** Three numbers. */
 typedef struct ThreeNumbers {
-  int32_t numbers[3]; /**< The numbers. */
+  /** The numbers. */
+  int32_t numbers[3];
 } ThreeNumbers;
 QUILON_SIZE(ThreeNumbers, 12);
 
 /** Six numbers. */
 typedef struct SixNumbers {
-  int32_t numbers[6]; /**< The numbers. */
+  /** The numbers. */
+  int32_t numbers[6];
 } SixNumbers;
 QUILON_SIZE(SixNumbers, 24);
 
 /** Seven numbers. */
 typedef struct SevenNumbers {
-  int32_t numbers[7]; /**< The numbers. */
+  /** The numbers. */
+  int32_t numbers[7];
 } SevenNumbers;
 QUILON_SIZE(SevenNumbers, 28);
 
 /** One text. */
 typedef struct SingleText {
-  char text[256]; /**< The text. */
+  /** The text. */
+  char text[256];
 } SingleText;
 QUILON_SIZE(SingleText, 256);
 
 /** Two texts. */
 typedef struct TwoTexts {
-  char texts[2][256]; /**< The texts. */
+  /** The texts. */
+  char texts[2][256];
 } TwoTexts;
 QUILON_SIZE(TwoTexts, 512);
 
 /** Five texts. */
 typedef struct FiveTexts {
-  char texts[5][256]; /**< The texts. */
+  /** The texts. */
+  char texts[5][256];
 } FiveTexts;
 QUILON_SIZE(FiveTexts, 1280);
 
 /** Seven texts. */
 typedef struct SevenTexts {
-  char texts[7][256]; /**< The texts. */
+  /** The texts. */
+  char texts[7][256];
 } SevenTexts;
 QUILON_SIZE(SevenTexts, 1792);
 
 /** A number and a text. */
 typedef struct NumberAndText {
-  int32_t number; /**< The number. */
-  char text[256]; /**< The text. */
+  /** The number. */
+  int32_t number;
+  /** The text. */
+  char text[256];
 } NumberAndText;
 QUILON_SIZE(NumberAndText, 260);
 QUILON_OFFSET(NumberAndText, text, 4);
 
 /** A number and four texts. */
 typedef struct NumberAndFourTexts {
-  int32_t number;     /**< The number. */
-  char texts[4][256]; /**< The texts. */
+  /** The number. */
+  int32_t number;
+  /** The texts. */
+  char texts[4][256];
 } NumberAndFourTexts;
 QUILON_SIZE(NumberAndFourTexts, 1028);
 QUILON_OFFSET(NumberAndFourTexts, texts, 4);
 
 /** A number and seven texts. */
 typedef struct NumberAndSevenTexts {
-  int32_t number;     /**< The number. */
-  char texts[7][256]; /**< The texts. */
+  /** The number. */
+  int32_t number;
+  /** The texts. */
+  char texts[7][256];
 } NumberAndSevenTexts;
 QUILON_SIZE(NumberAndSevenTexts, 1796);
 QUILON_OFFSET(NumberAndSevenTexts, texts, 4);

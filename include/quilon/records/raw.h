@@ -8,19 +8,20 @@
 
 /** A command of the application's own: QUIL_SEND_RAW. */
 typedef struct RawCommand {
-  char text[5120]; /**< What follows ESC "P"; converted to the printer's code
-                        page. */
-  int32_t mode;    /**< 0: closed by ESC "\"; 1: closed by the checksum and ESC
-                        "\"; any other value: not closed. */
+  /** What follows ESC "P"; converted to the printer's code page. */
+  char text[5120];
+  /** 0: closed by ESC "\"; 1: closed by the checksum and ESC "\"; any other
+   *  value: not closed. */
+  int32_t mode;
 } RawCommand;
 QUILON_SIZE(RawCommand, 5124);
 QUILON_OFFSET(RawCommand, mode, 5120);
 
 /** Any answer of the printer: QUIL_READ_RAW. */
 typedef struct RawAnswer {
-  char text[65536]; /**< The answer from its first byte up to the "\" that ends
-                         it, cut to 65535 bytes; empty when the printer fell
-                         silent before the "\". */
+  /** The answer from its first byte up to the "\" that ends it, cut to 65535
+   *  bytes; empty when the printer fell silent before the "\". */
+  char text[65536];
 } RawAnswer;
 QUILON_SIZE(RawAnswer, 65536);
 

@@ -14,12 +14,19 @@
 
 /** "#r": QUIL_HASH_R. */
 typedef struct HashR {
-  char parameter1[3]; /**< When empty, "0" is sent in place of the three
-                           parameters; otherwise "1" stands before them. */
-  char parameter2[3]; /**< Second parameter. */
-  char parameter3[3]; /**< Third parameter. */
-  char text1[9];      /**< Sent when not empty. */
-  char text2[64];     /**< Sent when not empty. */
+  /** Second parameter, behind "1"; when empty, "0" is the only one.
+   *  Virtual printer: day. */
+  char parameter1[3];
+  /** Third parameter.
+   *  Virtual printer: month. */
+  char parameter2[3];
+  /** Fourth parameter.
+   *  Virtual printer: year. */
+  char parameter3[3];
+  /** First text, sent when not empty. */
+  char text1[9];
+  /** Second text, sent when not empty. */
+  char text2[64];
 } HashR;
 QUILON_SIZE(HashR, 82);
 QUILON_OFFSET(HashR, parameter2, 3);
@@ -29,11 +36,15 @@ QUILON_OFFSET(HashR, text2, 18);
 
 /** "#k": QUIL_HASH_K. */
 typedef struct HashK {
-  int32_t parameter; /**< The parameter. */
-  char text1[9];     /**< Sent also when empty. */
-  char text2[33];    /**< Sent also when empty. */
-  char text3[64];    /**< Sent when not empty. */
-  char reserved1[2]; /**< Padding. */
+  /** The only parameter. */
+  int32_t parameter;
+  /** First text, sent also when empty. */
+  char text1[9];
+  /** Second text, sent also when empty. */
+  char text2[33];
+  /** Third text, sent when not empty. */
+  char text3[64];
+  char reserved1[2];
 } HashK;
 QUILON_SIZE(HashK, 112);
 QUILON_OFFSET(HashK, text1, 4);
@@ -43,14 +54,20 @@ QUILON_OFFSET(HashK, text3, 46);
 /** "#o": QUIL_HASH_O_TEXTS sends the six parameters and `number`,
  *  QUIL_HASH_O_FIELDS `number` and the two fields. */
 typedef struct HashO {
-  char parameters[6][3]; /**< The six parameters before `number`. */
-  char reserved1[2];     /**< Padding. */
-  int32_t number;        /**< The last parameter. */
-  char text1[33];        /**< Sent when not empty. */
-  char text2[9];         /**< Sent when not empty. */
-  char field1[11];       /**< First field, sent also when empty. */
-  char field2[64];       /**< Second field, sent also when empty. */
-  char reserved2[3];     /**< Padding. */
+  /** The six parameters before `number`. */
+  char parameters[6][3];
+  char reserved1[2];
+  /** Last parameter. */
+  int32_t number;
+  /** First text, sent when not empty. */
+  char text1[33];
+  /** Second text, sent when not empty. */
+  char text2[9];
+  /** First field, sent also when empty. */
+  char field1[11];
+  /** Second field, sent also when empty. */
+  char field2[64];
+  char reserved2[3];
 } HashO;
 QUILON_SIZE(HashO, 144);
 QUILON_OFFSET(HashO, parameters, 0);
@@ -62,12 +79,19 @@ QUILON_OFFSET(HashO, field2, 77);
 
 /** "$o" with texts: QUIL_DOLLAR_O_TEXTS. */
 typedef struct DollarOTexts {
-  int32_t parameter;  /**< The parameter. */
-  char reserved1[20]; /**< Not read. */
-  char field[3];      /**< Sent last. */
-  char text1[11];     /**< Sent first. */
-  char text2[64];     /**< Sent second. */
-  char reserved2[2];  /**< Padding. */
+  /** The only parameter.
+   *  Virtual printer: kind of report. */
+  int32_t parameter;
+  char reserved1[20];
+  /** Last field. */
+  char field[3];
+  /** First field.
+   *  Virtual printer: first day or number. */
+  char text1[11];
+  /** Second field.
+   *  Virtual printer: last day or number. */
+  char text2[64];
+  char reserved2[2];
 } DollarOTexts;
 QUILON_SIZE(DollarOTexts, 104);
 QUILON_OFFSET(DollarOTexts, field, 24);
@@ -76,11 +100,18 @@ QUILON_OFFSET(DollarOTexts, text2, 38);
 
 /** "$o" with numbers: QUIL_DOLLAR_O_NUMBERS. */
 typedef struct DollarONumbers {
-  int32_t parameter; /**< The parameter. */
-  int32_t reserved1; /**< Not read. */
-  int64_t number1;   /**< Sent first, as plain decimal. */
-  int64_t number2;   /**< Sent second, as plain decimal. */
-  char field[64];    /**< Sent last. */
+  /** The only parameter.
+   *  Virtual printer: kind of report. */
+  int32_t parameter;
+  int32_t reserved1;
+  /** First field, as plain decimal.
+   *  Virtual printer: first number. */
+  int64_t number1;
+  /** Second field, as plain decimal.
+   *  Virtual printer: last number. */
+  int64_t number2;
+  /** Last field. */
+  char field[64];
 } DollarONumbers;
 QUILON_SIZE(DollarONumbers, 88);
 QUILON_OFFSET(DollarONumbers, number1, 8);
@@ -89,18 +120,24 @@ QUILON_OFFSET(DollarONumbers, field, 24);
 
 /** "#t": QUIL_HASH_T. */
 typedef struct HashT {
-  char text1[9];  /**< Sent when not empty. */
-  char text2[64]; /**< Sent when not empty. */
+  /** First text, sent when not empty. */
+  char text1[9];
+  /** Second text, sent when not empty. */
+  char text2[64];
 } HashT;
 QUILON_SIZE(HashT, 73);
 QUILON_OFFSET(HashT, text2, 9);
 
 /** "@PR": QUIL_AT_PR. */
 typedef struct PrCommand {
-  int32_t number1; /**< Sent first. */
-  int32_t number2; /**< Sent second. */
-  char text1[20];  /**< Sent third, also when empty. */
-  char text2[64];  /**< Sent last, also when empty. */
+  /** First field. */
+  int32_t number1;
+  /** Second field. */
+  int32_t number2;
+  /** Third field, sent also when empty. */
+  char text1[20];
+  /** Last field, sent also when empty. */
+  char text2[64];
 } PrCommand;
 QUILON_SIZE(PrCommand, 92);
 QUILON_OFFSET(PrCommand, number2, 4);
@@ -109,11 +146,15 @@ QUILON_OFFSET(PrCommand, text2, 28);
 
 /** "@PMR": QUIL_AT_PMR. */
 typedef struct PmrCommand {
-  int32_t reserved1; /**< Not read. */
-  int32_t number1;   /**< Sent first. */
-  int32_t number2;   /**< Sent second. */
-  char text1[20];    /**< Sent third, also when empty. */
-  char text2[64];    /**< Sent last, also when empty. */
+  int32_t reserved1;
+  /** First field. */
+  int32_t number1;
+  /** Second field. */
+  int32_t number2;
+  /** Third field, sent also when empty. */
+  char text1[20];
+  /** Last field, sent also when empty. */
+  char text2[64];
 } PmrCommand;
 QUILON_SIZE(PmrCommand, 96);
 QUILON_OFFSET(PmrCommand, number1, 4);
@@ -123,13 +164,18 @@ QUILON_OFFSET(PmrCommand, text2, 32);
 
 /** "#i" and "#d": QUIL_HASH_I and QUIL_HASH_D. */
 typedef struct HashAmount {
-  int32_t parameter; /**< The parameter. */
-  int32_t reserved1; /**< Not read. */
-  int64_t amount;    /**< Amount, in hundredths. */
-  char text1[10];    /**< Sent when not empty. */
-  char text2[64];    /**< Sent, also when empty, if `text1` is not empty;
-                          otherwise not, whatever it holds. */
-  char reserved2[6]; /**< Padding. */
+  /** The only parameter. */
+  int32_t parameter;
+  int32_t reserved1;
+  /** The amount, in hundredths.
+   *  Virtual printer: cash paid in or out. */
+  int64_t amount;
+  /** First text, sent when not empty. */
+  char text1[10];
+  /** Second text; sent, also when empty, if `text1` is not empty, and otherwise
+   *  not, whatever it holds. */
+  char text2[64];
+  char reserved2[6];
 } HashAmount;
 QUILON_SIZE(HashAmount, 96);
 QUILON_OFFSET(HashAmount, amount, 8);
@@ -138,10 +184,16 @@ QUILON_OFFSET(HashAmount, text2, 26);
 
 /** "#p" and "#q": QUIL_HASH_P and QUIL_HASH_Q. */
 typedef struct HashP {
-  int32_t parameter; /**< The parameter of "#p"; not sent by "#q". */
-  char text1[33];    /**< Sent also when empty. */
-  char text2[64];    /**< Sent also when empty. */
-  char reserved1[3]; /**< Padding. */
+  /** The only parameter of "#p"; not sent by "#q".
+   *  Virtual printer: number of the cashier. */
+  int32_t parameter;
+  /** First text, sent also when empty.
+   *  Virtual printer: name of the cashier. */
+  char text1[33];
+  /** Second text, sent also when empty.
+   *  Virtual printer: code of the cashier. */
+  char text2[64];
+  char reserved1[3];
 } HashP;
 QUILON_SIZE(HashP, 104);
 QUILON_OFFSET(HashP, text1, 4);
@@ -149,9 +201,15 @@ QUILON_OFFSET(HashP, text2, 37);
 
 /** The printer's "#P" answer, filled by QUIL_READ_HASH_P. */
 typedef struct HashPAnswer {
-  char text1[33]; /**< First field, cut to 32 characters. */
-  char text2[11]; /**< Second field, cut to 10 characters. */
-  int32_t number; /**< Third field; -1 when it is empty. */
+  /** First field, cut to 32 characters.
+   *  Virtual printer: name of the cashier. */
+  char text1[33];
+  /** Second field, cut to 10 characters.
+   *  Virtual printer: code of the cashier. */
+  char text2[11];
+  /** Third field; -1 when it is empty.
+   *  Virtual printer: number of the cashier. */
+  int32_t number;
 } HashPAnswer;
 QUILON_SIZE(HashPAnswer, 48);
 QUILON_OFFSET(HashPAnswer, text1, 0);

@@ -9,23 +9,39 @@
 
 /** Closes a document with "$x": QUIL_DOCUMENT_END_X, QUIL_BUYER_END_X. */
 typedef struct DollarX {
-  int32_t comparison_mode; /**< Mode of the totals comparison: 0 for the total
-                            as it is, 1 less and 2 plus a percentage of it, 3
-                            less and 4 plus an amount. */
-  int32_t integers[4];     /**< Sent behind the mode. */
-  int32_t has_payments6;   /**< 1: `payments6_sum` counts. */
-  int32_t has_payments10;  /**< 1: `payments10_sum` counts. */
-  int32_t last_integer;    /**< Sent behind them. */
-  int64_t total;           /**< The document's total, in hundredths. */
-  int64_t adjustment;      /**< The adjustment that the mode names: a
-                            rate in hundredths of a percent, or an amount. */
-  int64_t amounts[4];      /**< Sent behind them, in hundredths. */
-  char texts[5][41];       /**< Sent also when empty. */
-  char short_texts[3][17]; /**< Sent also when empty. */
-  int64_t payments6_sum;   /**< Sum of the payments "6$d", in hundredths. */
-  int64_t payments10_sum;  /**< Sum of the payments "10$d", in hundredths. */
-  int64_t last_amount;     /**< Sent last, in hundredths. */
-  char leading_text[64];   /**< Sent first. */
+  /** What `adjustment` does to the total in the totals comparison: 0 nothing, 1
+   *  takes a percentage off and 2 puts one on, 3 takes an amount off and 4 puts
+   *  one on. With another value the comparison does not know what to expect.
+   *  Also sent as the fourth parameter. */
+  int32_t comparison_mode;
+  /** Parameters five to eight. */
+  int32_t integers[4];
+  /** 1: there are payments "6$d"; see `payments6_sum`. */
+  int32_t has_payments6;
+  /** 1: there are payments "10$d"; see `payments10_sum`. */
+  int32_t has_payments10;
+  /** Eleventh and last parameter. */
+  int32_t last_integer;
+  /** Total of the document, in hundredths: what the totals comparison expects
+   *  to be booked, before the adjustment. */
+  int64_t total;
+  /** The adjustment that `comparison_mode` names: a rate in hundredths of a
+   *  percent, or an amount in hundredths. */
+  int64_t adjustment;
+  /** Four amounts behind these two, in hundredths. */
+  int64_t amounts[4];
+  /** Texts two to six, sent also when empty. */
+  char texts[5][41];
+  /** Texts seven to nine, sent also when empty. */
+  char short_texts[3][17];
+  /** Sum of the payments "6$d", in hundredths. */
+  int64_t payments6_sum;
+  /** Sum of the payments "10$d", in hundredths. */
+  int64_t payments10_sum;
+  /** Last amount, in hundredths. */
+  int64_t last_amount;
+  /** First text; an empty one is sent, too. */
+  char leading_text[64];
 } DollarX;
 QUILON_SIZE(DollarX, 424);
 QUILON_OFFSET(DollarX, has_payments6, 20);
@@ -40,43 +56,67 @@ QUILON_OFFSET(DollarX, leading_text, 360);
 
 /** Closes a document with "$y": QUIL_DOCUMENT_END_Y. A count above its list's
  *  capacity sends the whole list, one of 0 or less nothing. With a `kind` of 3
- *  the lists of z are not sent, and each list of payments shrinks to one: an
- *  empty text, or the sum of its amounts if that is above 0. */
+ *  the lists of z are not sent, and each list of payments shrinks to one entry:
+ *  an empty text, or the sum of its amounts if that is above 0. */
 typedef struct DollarY {
-  int32_t text_count;      /**< Parameter: how many of `texts`. */
-  int32_t kind;            /**< Parameter; 3: the short form. */
-  int32_t integers1[2];    /**< Parameters. */
-  int32_t comparison_mode; /**< Parameter: mode of the totals comparison, as in
-                                DollarX. */
-  int32_t payment6_count;  /**< Parameter: how many entries the lists of
-                                payments "6$d" have, 0 to 32. */
-  int32_t payment10_count; /**< The same of payments "10$d". */
-  int32_t integer2;        /**< Parameter. */
-  int32_t count_z;         /**< The same of the lists of z, 0 to 16. */
-  int32_t integers3[2];    /**< Parameters. */
-  int32_t integers_z[16];  /**< Parameters, as many as `count_z` says. */
-  char text1[9];           /**< Sent first, also when empty. */
-  char text2[33];          /**< Sent second, also when empty. */
-  char text3[513];      /**< Sent third; when empty, `alternative_text3` in its
-                           place. */
-  char texts[3][41];    /**< As many as `text_count` says. */
-  char texts_z[16][25]; /**< As many as `count_z` says. */
-  char payment6_numbers[32][4];      /**< As many as `payment6_count` says. */
-  char payment6_quantities[32][16];  /**< As many as `payment6_count` says. */
-  char payment10_numbers[32][4];     /**< As many as `payment10_count` says. */
-  char payment10_quantities[32][16]; /**< As many as `payment10_count` says. */
-  char reserved1[6];                 /**< Padding. */
-  int64_t total;         /**< The document's total, in hundredths. */
-  int64_t adjustment;    /**< The adjustment of the totals comparison: a rate
-                              in hundredths of a percent, or an amount. */
-  int64_t amounts1[2];   /**< In hundredths. */
-  int64_t amounts_z[16]; /**< In hundredths, as many as `count_z` says. */
-  int64_t amount2;       /**< In hundredths. */
-  int64_t payment6_amounts[32];  /**< In hundredths, as many as `payment6_count`
-                                    says. */
-  int64_t payment10_amounts[32]; /**< In hundredths, as many as
-                                    `payment10_count` says. */
-  char alternative_text3[64];    /**< Sent in place of an empty `text3`. */
+  /** How many of `texts` are sent; also the first parameter. */
+  int32_t text_count;
+  /** 3: the short form; also the second parameter. */
+  int32_t kind;
+  /** Parameters three and four. */
+  int32_t integers1[2];
+  /** What `adjustment` does to the total in the totals comparison, as in
+   *  DollarX; also the fifth parameter. */
+  int32_t comparison_mode;
+  /** How many payments "6$d" the lists name, 0 to 32. */
+  int32_t payment6_count;
+  /** How many payments "10$d" the lists name, 0 to 32. */
+  int32_t payment10_count;
+  /** Eighth parameter. */
+  int32_t integer2;
+  /** How many entries the lists of z have, 0 to 16. */
+  int32_t count_z;
+  /** Parameters ten and eleven. */
+  int32_t integers3[2];
+  /** Parameters behind these, as many as `count_z` says. */
+  int32_t integers_z[16];
+  /** First text, sent also when empty. */
+  char text1[9];
+  /** Second text, sent also when empty. */
+  char text2[33];
+  /** Third text; when empty, `alternative_text3` is sent in its place. */
+  char text3[513];
+  /** Texts behind it, as many as `text_count` says. */
+  char texts[3][41];
+  /** Texts behind these, as many as `count_z` says. */
+  char texts_z[16][25];
+  /** Numbers of the payments "6$d", as texts. */
+  char payment6_numbers[32][4];
+  /** Quantities of the payments "6$d", as texts. */
+  char payment6_quantities[32][16];
+  /** Numbers of the payments "10$d", as texts. */
+  char payment10_numbers[32][4];
+  /** Quantities of the payments "10$d", as texts. */
+  char payment10_quantities[32][16];
+  char reserved1[6];
+  /** Total of the document, in hundredths: what the totals comparison expects
+   *  to be booked, before the adjustment. */
+  int64_t total;
+  /** The adjustment that `comparison_mode` names: a rate in hundredths of a
+   *  percent, or an amount in hundredths. */
+  int64_t adjustment;
+  /** Two amounts behind these, in hundredths. */
+  int64_t amounts1[2];
+  /** Amounts behind these, in hundredths, as many as `count_z` says. */
+  int64_t amounts_z[16];
+  /** Amount before those of the payments, in hundredths. */
+  int64_t amount2;
+  /** Amounts of the payments "6$d", in hundredths. */
+  int64_t payment6_amounts[32];
+  /** Amounts of the payments "10$d", in hundredths. */
+  int64_t payment10_amounts[32];
+  /** Sent in place of an empty `text3`. */
+  char alternative_text3[64];
 } DollarY;
 QUILON_SIZE(DollarY, 3216);
 QUILON_OFFSET(DollarY, text_count, 0);
