@@ -322,7 +322,7 @@ TEST_F(RoundTripTest, ReportsAreTold) {
   HashX report = {};
   Ask(QUIL_DOLLAR_O_12, nullptr, QUIL_READ_HASH_X, &report);
   EXPECT_EQ(report.number, 1);
-  EXPECT_STREQ(report.port, "2024-01-31 12:05");
+  EXPECT_STREQ(report.text, "2024-01-31 12:05");
 
   PmiCommand question = {.parameter = 0, .number = 7, .numbers = {1, 2, 3}};
   PmdAnswer protected_memory = {};
