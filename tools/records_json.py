@@ -1,116 +1,59 @@
 #!/usr/bin/python3
-"""Makes docs/records.json: the layout of every record and the list of every code, read from the public header.
+"""Makes docs/records.json, the public interface as data: records, codes, functions, flags, status bytes, error texts,
+tasks, and what the virtual printer takes commands and fields for.
 
+It is read from the public headers, docs/readings.json, tools/interface/tasks.json and the driver's table of errors.
 With --check nothing is written; the exit status says whether the file is up to date.
 """
 
 import argparse
 import json
 import pathlib
-import re
 import sys
 
-from clang import cindex
+from interface import errors, headers, readings, tasks
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
-SCALARS = {"int32_t": "int32", "uint32_t": "uint32", "int64_t": "int64", "char": "char"}
-CODES_ENUM = "QuilCode"
-CODE_COMMENT = re.compile(r"Direction: (send|read|local)\. Record: (\w+)\.")
 
 
-class HeaderError(Exception):
-    """The header does not keep the form that records and codes have."""
+def describe(include):
+    """The whole interface."""
+    interface = headers.describe_interface(include)
+    heard = readings.load(ROOT / "docs/readings.json")
+    faults = readings.apply(interface, heard)
+    interface["errors"] = errors.read_errors(ROOT / "src/protocol/error_table.cc")
+    faults += readings.add_refusals(interface, heard)
+    faults += tasks.add_tasks(interface)
+    if faults:
+        raise headers.HeaderError("\n".join(faults))
+    return interface
 
 
-def parse_header(include):
-    """The public header's declarations, in their order."""
-    header = str(include / "quilon/quilon.h")
-    arguments = ["-x", "c", "-std=c99", "--target=x86_64-linux-gnu", f"-I{include}"]
-    unit = cindex.Index.create().parse(header, args=arguments)
-    errors = [str(message) for message in unit.diagnostics if message.severity >= cindex.Diagnostic.Warning]
-    if errors:
-        raise HeaderError("\n".join(errors))
-    return [
-        cursor for cursor in unit.cursor.get_children()
-        if cursor.location.file and pathlib.Path(cursor.location.file.name).is_relative_to(include)
-    ]
+def dump(value):
+    return json.dumps(value, ensure_ascii=False)
 
 
-def describe_field(record, field, records):
-    where = f"{record.spelling}.{field.spelling}"
-    if field.is_bitfield() or not field.spelling:
-        raise HeaderError(f"{where}: bit fields and fields without a name have no place in a record")
-    dims = []
-    element = field.type
-    while element.kind == cindex.TypeKind.CONSTANTARRAY:
-        dims.append(element.element_count)
-        element = element.element_type
-    type_name = SCALARS.get(element.spelling) or (element.spelling if element.spelling in records else None)
-    if type_name is None:
-        raise HeaderError(f"{where}: {element.spelling} is no fixed-width integer, char or record declared before")
-    description = {
-        "name": field.spelling,
-        "type": type_name,
-        "offset": record.type.get_offset(field.spelling) // 8,
-        "dims": dims,
-    }
-    if field.spelling.startswith("reserved"):
-        description["reserved"] = True
-    return description
+def format_list(name, entries, indent="  "):
+    """A list with a line for each entry."""
+    lines = ",\n".join(f"{indent}  {dump(entry)}" for entry in entries)
+    return f"{indent}{dump(name)}: [\n{lines}\n{indent}]"
 
 
-def describe_records(declarations):
-    records = {}
-    for cursor in declarations:
-        if cursor.kind == cindex.CursorKind.STRUCT_DECL and cursor.is_definition():
-            records[cursor.spelling] = {
-                "size": cursor.type.get_size(),
-                "align": cursor.type.get_align(),
-                "fields": [describe_field(cursor, field, records) for field in cursor.type.get_fields()],
-            }
-    return records
+def format_record(name, record):
+    head = "".join(f"      {dump(key)}: {dump(record[key])},\n" for key in ("size", "align", "comment"))
+    return f'    {dump(name)}: {{\n{head}{format_list("fields", record["fields"], "      ")}\n    }}'
 
 
-def describe_code(constant, records):
-    comment = re.sub(r"[\s*/]+", " ", constant.raw_comment or "")
-    match = CODE_COMMENT.search(comment)
-    if match is None:
-        raise HeaderError(f'{constant.spelling}: no "Direction: send|read|local. Record: Name|none." in its comment')
-    direction, record = match.groups()
-    if record != "none" and record not in records:
-        raise HeaderError(f"{constant.spelling}: no record is called {record}")
-    return {
-        "code": constant.enum_value,
-        "name": constant.spelling,
-        "record": None if record == "none" else record,
-        "direction": direction,
-    }
-
-
-def describe_codes(declarations, records):
-    return [
-        describe_code(constant, records) for cursor in declarations
-        if cursor.kind == cindex.CursorKind.ENUM_DECL and cursor.spelling == CODES_ENUM
-        for constant in cursor.get_children()
-    ]
-
-
-def format_records(records):
-    """JSON with a line for each field."""
-    texts = []
-    for name, record in records.items():
-        fields = ",\n".join("        " + json.dumps(field) for field in record["fields"])
-        texts.append(f'    {json.dumps(name)}: {{\n      "size": {record["size"]},\n      "align": {record["align"]},\n'
-                     f'      "fields": [\n{fields}\n      ]\n    }}')
-    return ",\n".join(texts)
-
-
-def make_json(include):
-    declarations = parse_header(include)
-    records = describe_records(declarations)
-    codes = describe_codes(declarations, records)
-    code_lines = ",\n".join("    " + json.dumps(code) for code in codes)
-    return f'{{\n  "records": {{\n{format_records(records)}\n  }},\n  "codes": [\n{code_lines}\n  ]\n}}\n'
+def format_interface(interface):
+    records = ",\n".join(format_record(name, record) for name, record in interface["records"].items())
+    parts = [f'  "records": {{\n{records}\n  }}']
+    for name, value in interface.items():
+        if isinstance(value, list):
+            parts.append(format_list(name, value))
+        elif name != "records":
+            entries = ",\n".join(f"    {dump(key)}: {dump(entry)}" for key, entry in value.items())
+            parts.append(f"  {dump(name)}: {{\n{entries}\n  }}")
+    return "{\n" + ",\n".join(parts) + "\n}\n"
 
 
 def main():
@@ -121,8 +64,8 @@ def main():
     arguments = parser.parse_args()
 
     try:
-        text = make_json(arguments.include.resolve())
-    except HeaderError as error:
+        text = format_interface(describe(arguments.include.resolve()))
+    except headers.HeaderError as error:
         print(error, file=sys.stderr)
         return 1
     if not arguments.check:

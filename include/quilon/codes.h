@@ -477,7 +477,7 @@ enum QuilCode {
   QUIL_HASH_D = 113,
 
   /** Opens a fiscal document ("$h"). QUIL_COMPARE_TOTALS belongs on this
-   *  command and its sisters 219, 300 and 308, and on no other: it forgets the
+   *  command and its sisters 219, 300 and 308; on any other it forgets the
    *  document that is open.
    *  Virtual printer: begin document.
    *  Direction: send. Record: DocumentHeader. */
@@ -622,6 +622,7 @@ enum QuilCode {
   /** Reads the next packet, one with "#Z" too: what stands before and behind
    *  "#Z". Without "#Z" the text before it becomes empty, the other stays, and
    *  the command succeeds all the same.
+   *  Virtual printer: error reports.
    *  Direction: read. Record: HashE. */
   QUIL_READ_HASH_Z = 403,
   /** Sends "!d" with a parameter and a converted text.
@@ -639,12 +640,12 @@ enum QuilCode {
    *  Direction: send. Record: HashP. */
   QUIL_HASH_Q = 501,
   /** Sends "1#p". The printer's "#P" answer is read by QUIL_READ_HASH_P.
-   *  Virtual printer: cashier? or log in as the first.
+   *  Virtual printer: cashier.
    *  Direction: send. Record: none. */
   QUIL_SEND_HASH_P_1 = 502,
   /** Reads a "#P" answer. The next packet must be it: unlike other reading
    *  commands, this one passes over no "#Z" packet.
-   *  Virtual printer: cashier? or log in as the first.
+   *  Virtual printer: cashier.
    *  Direction: read. Record: HashPAnswer. */
   QUIL_READ_HASH_P = 503,
 

@@ -23,7 +23,8 @@ typedef struct BuyerHeader {
   int32_t integer6;
   /** Eleventh parameter. */
   int32_t integer7;
-  /** The header lines. */
+  /** The header lines.
+   *  Virtual printer: printed at the head of the document. */
   char lines[8][61];
   /** First text of the buyer, sent also when empty, as the four below. */
   char buyer_text1[15];
@@ -35,9 +36,11 @@ typedef struct BuyerHeader {
   char buyer_text4[28];
   /** Fifth text of the buyer. */
   char buyer_text5[28];
-  /** First text behind the buyer's, sent also when empty. */
+  /** First text behind the buyer's, sent also when empty.
+   *  Virtual printer: printed at the head of the document. */
   char closing_text1[31];
-  /** Last text, sent also when empty. */
+  /** Last text, sent also when empty.
+   *  Virtual printer: printed at the head of the document. */
   char closing_text2[28];
   /** Number of the document as text; sent when `document_number` is 0. */
   char number_text[59];
@@ -71,11 +74,14 @@ typedef struct BuyerEnd {
   int32_t comparison_mode;
   /** Ninth parameter. */
   int32_t integer7;
-  /** Code text, sent also when empty. */
+  /** Code text, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char code_text[33];
-  /** The extra lines. */
+  /** The extra lines.
+   *  Virtual printer: printed at the end of the document. */
   char extra_lines[3][41];
-  /** Three texts behind the extra lines, sent also when empty. */
+  /** Three texts behind the extra lines, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char closing_texts[3][64];
   /** Total of the document, in hundredths: what the totals comparison expects
    *  to be booked, before the adjustment. */
@@ -101,9 +107,11 @@ typedef struct AtC {
   char texts[3][12];
   /** Parameters eight to twelve. */
   int32_t integers2[5];
-  /** Seven texts, each sent when not empty. */
+  /** Seven texts, each sent when not empty.
+   *  Virtual printer: printed. */
   char optional_texts[7][64];
-  /** Last text, sent also when empty. */
+  /** Last text, sent also when empty.
+   *  Virtual printer: printed. */
   char closing_text[64];
 } AtC;
 QUILON_SIZE(AtC, 584);

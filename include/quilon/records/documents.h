@@ -19,11 +19,13 @@
 typedef struct DocumentHeader {
   /** How many of `lines` are sent, 0 to 3. */
   int32_t line_count;
-  /** The header lines. */
+  /** The header lines.
+   *  Virtual printer: printed at the head of the document. */
   char lines[3][200];
   /** Last parameter. */
   int32_t header_integer;
-  /** Text behind the header lines, sent also when empty. */
+  /** Text behind the header lines, sent also when empty.
+   *  Virtual printer: printed at the head of the document. */
   char final_text[200];
 } DocumentHeader;
 QUILON_SIZE(DocumentHeader, 808);
@@ -69,7 +71,8 @@ typedef struct DocumentLine {
   /** Text of the optional amount.
    *  Virtual printer: name of the discount or surcharge. */
   char optional_text[41];
-  /** Text at the end of the line; sent when `kind` is 1. */
+  /** Text at the end of the line; sent when `kind` is 1.
+   *  Virtual printer: printed below the line. */
   char closing_text[207];
 } DocumentLine;
 QUILON_SIZE(DocumentLine, 432);
@@ -87,7 +90,7 @@ QUILON_OFFSET(DocumentLine, closing_text, 225);
 
 /** A payment: QUIL_PAYMENT_6 and its sisters. */
 typedef struct Payment {
-  /** Amount, in hundredths. */
+  /** What is paid, in hundredths. */
   int64_t amount;
   /** Number of the payment. */
   int32_t number;
@@ -116,9 +119,11 @@ typedef struct DocumentEnd {
   /** What `adjustment` is: 0 nothing, 1 a discount, 2 a surcharge. With another
    *  value the totals comparison does not know what to expect. */
   int32_t adjustment_kind;
-  /** Code text, sent also when empty. */
+  /** Code text, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char code_text[33];
-  /** The extra lines. */
+  /** The extra lines.
+   *  Virtual printer: printed at the end of the document. */
   char extra_lines[3][41];
   char reserved1[4];
   /** What the customer paid, in hundredths.
@@ -141,9 +146,11 @@ QUILON_OFFSET(DocumentEnd, adjustment, 192);
 
 /** Ends a document in the short form: QUIL_DOCUMENT_SHORT_END. */
 typedef struct DocumentShortEnd {
-  /** Sent when not empty. */
+  /** Sent when not empty.
+   *  Virtual printer: printed on the cancelled document. */
   char first_text[9];
-  /** Sent when not empty. */
+  /** Sent when not empty.
+   *  Virtual printer: printed on the cancelled document. */
   char second_text[64];
 } DocumentShortEnd;
 QUILON_SIZE(DocumentShortEnd, 73);
@@ -178,10 +185,12 @@ QUILON_OFFSET(DocumentLineP, price, 32);
 typedef struct DollarN {
   /** The only parameter. */
   int32_t integer;
-  /** Sent also when empty. */
+  /** Sent also when empty.
+   *  Virtual printer: printed. */
   char text[64];
   char reserved1[4];
-  /** An amount, in hundredths. */
+  /** An amount, in hundredths.
+   *  Virtual printer: printed, pays for nothing. */
   int64_t amount;
 } DollarN;
 QUILON_SIZE(DollarN, 80);
@@ -193,9 +202,11 @@ typedef struct DollarCapitalL {
   /** The three parameters. */
   int32_t integers[3];
   int32_t reserved1;
-  /** Two amounts, in hundredths. */
+  /** Two amounts, in hundredths.
+   *  Virtual printer: printed, change no total. */
   int64_t amounts[2];
-  /** Sent also when empty. */
+  /** Sent also when empty.
+   *  Virtual printer: printed. */
   char text[64];
 } DollarCapitalL;
 QUILON_SIZE(DollarCapitalL, 96);
@@ -206,9 +217,11 @@ QUILON_OFFSET(DollarCapitalL, text, 32);
 typedef struct DollarCapitalY {
   /** The two parameters. */
   int32_t integers[2];
-  /** Two amounts, in hundredths. */
+  /** Two amounts, in hundredths.
+   *  Virtual printer: printed, change no total. */
   int64_t amounts[2];
-  /** Sent also when empty. */
+  /** Sent also when empty.
+   *  Virtual printer: printed. */
   char text[64];
 } DollarCapitalY;
 QUILON_SIZE(DollarCapitalY, 88);
@@ -219,9 +232,11 @@ QUILON_OFFSET(DollarCapitalY, text, 24);
 typedef struct DollarB {
   /** The two parameters. */
   int32_t integers[2];
-  /** An amount, in hundredths. */
+  /** An amount, in hundredths.
+   *  Virtual printer: printed, pays for nothing. */
   int64_t amount;
-  /** Sent also when empty. */
+  /** Sent also when empty.
+   *  Virtual printer: printed. */
   char text[64];
 } DollarB;
 QUILON_SIZE(DollarB, 80);
@@ -232,12 +247,15 @@ QUILON_OFFSET(DollarB, text, 16);
 typedef struct AtZ {
   /** The only parameter. */
   int32_t integer;
-  /** Sent also when empty. */
+  /** Sent also when empty.
+   *  Virtual printer: printed. */
   char text[64];
-  /** Sent without conversion, also when empty. */
+  /** Sent without conversion, also when empty.
+   *  Virtual printer: printed. */
   char raw_text[64];
   char reserved1[4];
-  /** Two amounts, in hundredths. */
+  /** Two amounts, in hundredths.
+   *  Virtual printer: printed, change no total. */
   int64_t amounts[2];
 } AtZ;
 QUILON_SIZE(AtZ, 152);
@@ -247,7 +265,8 @@ QUILON_OFFSET(AtZ, amounts, 136);
 
 /** The command "@e": QUIL_AT_E. */
 typedef struct AtE {
-  /** Sent also when empty. */
+  /** Sent also when empty.
+   *  Virtual printer: printed. */
   char text[104];
   /** 0: no parameters are sent; 3: this, `integer1` and `integer2`; any other
    *  value: this alone. */

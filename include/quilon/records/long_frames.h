@@ -15,25 +15,35 @@
  *  record, empty texts too; only `text3` is sent last, and when not empty. */
 typedef struct HashF {
   int32_t reserved1;
-  /** First text. */
+  /** First text.
+   *  Virtual printer: printed on the form. */
   char text1[9];
-  /** Second text. */
+  /** Second text.
+   *  Virtual printer: printed on the form. */
   char text2[33];
-  /** Sent behind all other fields, when not empty. */
+  /** Sent behind all other fields, when not empty.
+   *  Virtual printer: printed on the form. */
   char text3[9];
-  /** Texts three to eighteen of the frame. */
+  /** Texts three to eighteen of the frame.
+   *  Virtual printer: printed on the form. */
   char texts4[16][17];
-  /** Text nineteen of the frame. */
+  /** Text nineteen of the frame.
+   *  Virtual printer: printed on the form. */
   char text20[16];
-  /** Text twenty of the frame, the last one before the amounts. */
+  /** Text twenty of the frame, the last one before the amounts.
+   *  Virtual printer: printed on the form. */
   char text21[17];
-  /** The 23 amounts, in hundredths. */
+  /** The 23 amounts, in hundredths.
+   *  Virtual printer: printed on the form. */
   int64_t amounts[23];
-  /** First text behind the amounts. */
+  /** First text behind the amounts.
+   *  Virtual printer: printed on the form. */
   char text22[6];
-  /** Second text behind the amounts. */
+  /** Second text behind the amounts.
+   *  Virtual printer: printed on the form. */
   char text23[6];
-  /** Third text behind the amounts. */
+  /** Third text behind the amounts.
+   *  Virtual printer: printed on the form. */
   char text24[64];
   char reserved2[4];
 } HashF;
@@ -62,45 +72,64 @@ typedef struct HashM {
    *  make the frame longer than 1 MiB. */
   int32_t count_c;
   int32_t reserved1;
-  /** Parameters behind the counts and "212". */
+  /** Parameters behind the counts and "212".
+   *  Virtual printer: printed on the settlement. */
   int32_t integers_c[16];
-  /** First text; it and the four below are sent also when empty. */
+  /** First text; it and the four below are sent also when empty.
+   *  Virtual printer: printed on the settlement. */
   char text1[9];
-  /** Second text. */
+  /** Second text.
+   *  Virtual printer: printed on the settlement. */
   char text2[9];
-  /** Third text. */
+  /** Third text.
+   *  Virtual printer: printed on the settlement. */
   char text3[33];
-  /** Fourth text. */
+  /** Fourth text.
+   *  Virtual printer: printed on the settlement. */
   char text4[16];
-  /** Fifth text. */
+  /** Fifth text.
+   *  Virtual printer: printed on the settlement. */
   char text5[16];
-  /** Sent behind the five texts. */
+  /** Sent behind the five texts.
+   *  Virtual printer: printed on the settlement. */
   char texts_c[16][17];
-  /** Sent behind texts_c. */
+  /** Sent behind texts_c.
+   *  Virtual printer: printed on the settlement. */
   char texts_a[32][25];
-  /** Sent behind texts_a. */
+  /** Sent behind texts_a.
+   *  Virtual printer: printed on the settlement. */
   char texts_b[32][25];
   char reserved2[5];
-  /** The first five amounts, in hundredths. */
+  /** The first five amounts, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amounts[5];
-  /** Amounts behind these, in hundredths. */
+  /** Amounts behind these, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amounts_c[16];
-  /** Amount between amounts_c and amounts_a1, in hundredths. */
+  /** Amount between amounts_c and amounts_a1, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amount6;
-  /** Amounts behind it, in hundredths. */
+  /** Amounts behind it, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amounts_a1[32];
-  /** Amount between amounts_a1 and amounts_a2, in hundredths. */
+  /** Amount between amounts_a1 and amounts_a2, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amount7;
-  /** Amounts behind it, in hundredths. */
+  /** Amounts behind it, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amounts_a2[32];
-  /** Last amount, in hundredths. */
+  /** Last amount, in hundredths.
+   *  Virtual printer: printed on the settlement. */
   int64_t amount8;
   /** First text behind the amounts; it and the two below are sent also when
-   *  empty. */
+   *  empty.
+   *  Virtual printer: printed on the settlement. */
   char text6[10];
-  /** Second text behind the amounts. */
+  /** Second text behind the amounts.
+   *  Virtual printer: printed on the settlement. */
   char text7[10];
-  /** Third text behind the amounts. */
+  /** Third text behind the amounts.
+   *  Virtual printer: printed on the settlement. */
   char text8[64];
   char reserved3[4];
 } HashM;

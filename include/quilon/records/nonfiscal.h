@@ -25,7 +25,7 @@ typedef struct NonFiscalBegin {
   /** Header in the printer's own code page (Mazovia): sent without conversion,
    *  when `header_flag` is 1. */
   char header_text[100];
-  /** 1: with header text; also the fifth number of the frame. */
+  /** 1: `header_text` is printed; also the fifth number of the frame. */
   int32_t header_flag;
   /** Sixth number of the frame; 0: not sent. */
   int32_t fifth_parameter;

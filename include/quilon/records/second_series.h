@@ -23,9 +23,11 @@ typedef struct HashR {
   /** Fourth parameter.
    *  Virtual printer: year. */
   char parameter3[3];
-  /** First text, sent when not empty. */
+  /** First text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text1[9];
-  /** Second text, sent when not empty. */
+  /** Second text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text2[64];
 } HashR;
 QUILON_SIZE(HashR, 82);
@@ -36,13 +38,17 @@ QUILON_OFFSET(HashR, text2, 18);
 
 /** "#k": QUIL_HASH_K. */
 typedef struct HashK {
-  /** The only parameter. */
+  /** The only parameter.
+   *  Virtual printer: printed on the report. */
   int32_t parameter;
-  /** First text, sent also when empty. */
+  /** First text, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char text1[9];
-  /** Second text, sent also when empty. */
+  /** Second text, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char text2[33];
-  /** Third text, sent when not empty. */
+  /** Third text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text3[64];
   char reserved1[2];
 } HashK;
@@ -54,18 +60,24 @@ QUILON_OFFSET(HashK, text3, 46);
 /** "#o": QUIL_HASH_O_TEXTS sends the six parameters and `number`,
  *  QUIL_HASH_O_FIELDS `number` and the two fields. */
 typedef struct HashO {
-  /** The six parameters before `number`. */
+  /** The six parameters before `number`.
+   *  Virtual printer: printed on the report. */
   char parameters[6][3];
   char reserved1[2];
-  /** Last parameter. */
+  /** Last parameter.
+   *  Virtual printer: printed on the report. */
   int32_t number;
-  /** First text, sent when not empty. */
+  /** First text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text1[33];
-  /** Second text, sent when not empty. */
+  /** Second text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text2[9];
-  /** First field, sent also when empty. */
+  /** First field, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char field1[11];
-  /** Second field, sent also when empty. */
+  /** Second field, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char field2[64];
   char reserved2[3];
 } HashO;
@@ -83,7 +95,8 @@ typedef struct DollarOTexts {
    *  Virtual printer: kind of report. */
   int32_t parameter;
   char reserved1[20];
-  /** Last field. */
+  /** Last field.
+   *  Virtual printer: printed on the report. */
   char field[3];
   /** First field.
    *  Virtual printer: first day or number. */
@@ -110,7 +123,8 @@ typedef struct DollarONumbers {
   /** Second field, as plain decimal.
    *  Virtual printer: last number. */
   int64_t number2;
-  /** Last field. */
+  /** Last field.
+   *  Virtual printer: printed on the report. */
   char field[64];
 } DollarONumbers;
 QUILON_SIZE(DollarONumbers, 88);
@@ -120,9 +134,11 @@ QUILON_OFFSET(DollarONumbers, field, 24);
 
 /** "#t": QUIL_HASH_T. */
 typedef struct HashT {
-  /** First text, sent when not empty. */
+  /** First text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text1[9];
-  /** Second text, sent when not empty. */
+  /** Second text, sent when not empty.
+   *  Virtual printer: printed on the report. */
   char text2[64];
 } HashT;
 QUILON_SIZE(HashT, 73);
@@ -130,13 +146,17 @@ QUILON_OFFSET(HashT, text2, 9);
 
 /** "@PR": QUIL_AT_PR. */
 typedef struct PrCommand {
-  /** First field. */
+  /** First field.
+   *  Virtual printer: printed on the report. */
   int32_t number1;
-  /** Second field. */
+  /** Second field.
+   *  Virtual printer: printed on the report. */
   int32_t number2;
-  /** Third field, sent also when empty. */
+  /** Third field, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char text1[20];
-  /** Last field, sent also when empty. */
+  /** Last field, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char text2[64];
 } PrCommand;
 QUILON_SIZE(PrCommand, 92);
@@ -147,13 +167,17 @@ QUILON_OFFSET(PrCommand, text2, 28);
 /** "@PMR": QUIL_AT_PMR. */
 typedef struct PmrCommand {
   int32_t reserved1;
-  /** First field. */
+  /** First field.
+   *  Virtual printer: printed on the report. */
   int32_t number1;
-  /** Second field. */
+  /** Second field.
+   *  Virtual printer: printed on the report. */
   int32_t number2;
-  /** Third field, sent also when empty. */
+  /** Third field, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char text1[20];
-  /** Last field, sent also when empty. */
+  /** Last field, sent also when empty.
+   *  Virtual printer: printed on the report. */
   char text2[64];
 } PmrCommand;
 QUILON_SIZE(PmrCommand, 96);
@@ -164,16 +188,19 @@ QUILON_OFFSET(PmrCommand, text2, 32);
 
 /** "#i" and "#d": QUIL_HASH_I and QUIL_HASH_D. */
 typedef struct HashAmount {
-  /** The only parameter. */
+  /** The only parameter.
+   *  Virtual printer: printed on the slip. */
   int32_t parameter;
   int32_t reserved1;
   /** The amount, in hundredths.
    *  Virtual printer: cash paid in or out. */
   int64_t amount;
-  /** First text, sent when not empty. */
+  /** First text, sent when not empty.
+   *  Virtual printer: printed on the slip. */
   char text1[10];
   /** Second text; sent, also when empty, if `text1` is not empty, and otherwise
-   *  not, whatever it holds. */
+   *  not, whatever it holds.
+   *  Virtual printer: printed on the slip. */
   char text2[64];
   char reserved2[6];
 } HashAmount;

@@ -30,9 +30,11 @@ typedef struct DollarX {
   int64_t adjustment;
   /** Four amounts behind these two, in hundredths. */
   int64_t amounts[4];
-  /** Texts two to six, sent also when empty. */
+  /** Texts two to six, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char texts[5][41];
-  /** Texts seven to nine, sent also when empty. */
+  /** Texts seven to nine, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char short_texts[3][17];
   /** Sum of the payments "6$d", in hundredths. */
   int64_t payments6_sum;
@@ -40,7 +42,8 @@ typedef struct DollarX {
   int64_t payments10_sum;
   /** Last amount, in hundredths. */
   int64_t last_amount;
-  /** First text; an empty one is sent, too. */
+  /** First text; an empty one is sent, too.
+   *  Virtual printer: printed at the end of the document. */
   char leading_text[64];
 } DollarX;
 QUILON_SIZE(DollarX, 424);
@@ -80,13 +83,17 @@ typedef struct DollarY {
   int32_t integers3[2];
   /** Parameters behind these, as many as `count_z` says. */
   int32_t integers_z[16];
-  /** First text, sent also when empty. */
+  /** First text, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char text1[9];
-  /** Second text, sent also when empty. */
+  /** Second text, sent also when empty.
+   *  Virtual printer: printed at the end of the document. */
   char text2[33];
-  /** Third text; when empty, `alternative_text3` is sent in its place. */
+  /** Third text; when empty, `alternative_text3` is sent in its place.
+   *  Virtual printer: printed at the end of the document. */
   char text3[513];
-  /** Texts behind it, as many as `text_count` says. */
+  /** Texts behind it, as many as `text_count` says.
+   *  Virtual printer: printed at the end of the document. */
   char texts[3][41];
   /** Texts behind these, as many as `count_z` says. */
   char texts_z[16][25];
@@ -115,7 +122,8 @@ typedef struct DollarY {
   int64_t payment6_amounts[32];
   /** Amounts of the payments "10$d", in hundredths. */
   int64_t payment10_amounts[32];
-  /** Sent in place of an empty `text3`. */
+  /** Sent in place of an empty `text3`.
+   *  Virtual printer: printed at the end of the document. */
   char alternative_text3[64];
 } DollarY;
 QUILON_SIZE(DollarY, 3216);
