@@ -547,10 +547,10 @@ enum QuilCode {
    *  are asked for again, without end.
    *  Direction: send. Record: WholeDocument. */
   QUIL_WHOLE_DOCUMENT = 214,
-  /** Checks the totals once more against those that the last document must have
-   *  led to. 0 proves that it was booked only if this process opened it with
-   *  QUIL_COMPARE_TOTALS; -1 proves nothing. Always fails with
-   *  QUIL_COMPARE_TOTALS, which forgets that document.
+  /** Checks the totals once more against those that the last document must
+   *  have led to. 0 proves that it was booked only if this process opened it
+   *  with QUIL_COMPARE_TOTALS and sent its closing; -1 proves nothing. Always
+   *  fails with QUIL_COMPARE_TOTALS, which forgets that document.
    *  Direction: read. Record: none. */
   QUIL_CHECK_TOTALS = 215,
   /** Sends "@z".

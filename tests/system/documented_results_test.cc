@@ -196,6 +196,23 @@ TEST_F(DocumentedResultsTest, SumsThatCross2To31FailAlthoughBooked) {
   EXPECT_STREQ(LastError().message, kMismatch);
 }
 
+TEST_F(DocumentedResultsTest, InvoicesFailWhenATotalCrosses2To31) {
+  constexpr int64_t kHighest = INT32_MAX;
+  BuyerHeader header = {};
+  BuyerEnd end = {.total = 100};
+  const auto print = [&](const std::array<int64_t, 7>& before,
+                         const std::array<int64_t, 7>& after) {
+    peer().Send(TotalsReply(before));
+    EXPECT_EQ(Ioctl(QUIL_BUYER_HEADER, &header, QUIL_COMPARE_TOTALS), 0);
+    peer().Send(kReady);
+    peer().Send(TotalsReply(after));
+    return Ioctl(QUIL_BUYER_END, &end);
+  };
+  EXPECT_EQ(print({kHighest, 0}, {kHighest, 100}), 0);
+  EXPECT_EQ(print({kHighest, 0}, {kHighest + 100, 0}), -1);
+  EXPECT_STREQ(LastError().message, kMismatch);
+}
+
 // The answers to the check without a frame: DLE, then DLE and ENQ with "the
 // last document was closed", then the totals.
 constexpr char kClosedBefore[] = "\x74\x74\x65";

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Makes a C++ test that runs the examples of docs/commands.md on the virtual printer: a case a task.
 
-    task_cases.py RECORDS_JSON CASES_CC
+    command_example_cases.py RECORDS_JSON CASES_CC
 """
 
 import json
@@ -13,7 +13,7 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
 from interface import tasks
 
 HEAD = """\
-#include "support/task_test.h"
+#include "support/command_examples_test.h"
 
 namespace quilon::testing {
 namespace {
@@ -27,13 +27,14 @@ FOOT = """
 
 def step_lines(step, codes):
     *declaration, call = tasks.example(step, codes[step["code"]])
-    return ["{", *declaration, f'EXPECT_EQ({call.rstrip(";")}, {step["result"]}) << {step["code"]};', "}"]
+    expression = call.rstrip(";").replace("NULL", "nullptr")
+    return ["{", *declaration, f'EXPECT_EQ({expression}, {step["result"]}) << {step["code"]};', "}"]
 
 
 def task_case(task, codes):
     name = "".join(word.capitalize() for word in re.findall(r"\w+", task["en"]))
     lines = [line for step in task["steps"] for line in step_lines(step, codes)]
-    return f"\nTEST_F(TaskTest, {name}) {{\n" + "".join(f"  {line}\n" for line in lines) + "}\n"
+    return f"\nTEST_F(CommandExamplesTest, {name}) {{\n" + "".join(f"  {line}\n" for line in lines) + "}\n"
 
 
 def main():

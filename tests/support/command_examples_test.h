@@ -1,7 +1,7 @@
 // The fixture of the examples of docs/commands.md: a driver on a virtual
 // printer, and the files that the examples send.
-#ifndef QUILON_TESTS_SUPPORT_TASK_TEST_H_
-#define QUILON_TESTS_SUPPORT_TASK_TEST_H_
+#ifndef QUILON_TESTS_SUPPORT_COMMAND_EXAMPLES_TEST_H_
+#define QUILON_TESTS_SUPPORT_COMMAND_EXAMPLES_TEST_H_
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@
 
 namespace quilon::testing {
 
-class TaskTest : public ::testing::Test {
+class CommandExamplesTest : public ::testing::Test {
  protected:
   void SetUp() override {
     ASSERT_EQ(quil_init(0), 1);
@@ -42,4 +42,4 @@ class TaskTest : public ::testing::Test {
 
 }  // namespace quilon::testing
 
-#endif  // QUILON_TESTS_SUPPORT_TASK_TEST_H_
+#endif  // QUILON_TESTS_SUPPORT_COMMAND_EXAMPLES_TEST_H_
