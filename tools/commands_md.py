@@ -11,7 +11,7 @@ import re
 import sys
 import textwrap
 
-from interface import tasks
+from interface import output, tasks
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 WIDTH = 118
@@ -175,18 +175,11 @@ def wrapped_example(step, code):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--check", action="store_true", help="only tell whether the file is up to date")
     parser.add_argument("--records", type=pathlib.Path, default=ROOT / "docs/records.json", help="what it is made from")
-    parser.add_argument("--output", type=pathlib.Path, default=ROOT / "docs/commands.md", help="the file to make")
+    output.add_arguments(parser, ROOT / "docs/commands.md")
     arguments = parser.parse_args()
-
-    text = Page(json.loads(arguments.records.read_text(encoding="utf-8"))).text()
-    if not arguments.check:
-        arguments.output.write_text(text, encoding="utf-8")
-    elif not arguments.output.exists() or arguments.output.read_text(encoding="utf-8") != text:
-        print(f"{arguments.output} is stale: run tools/commands_md.py", file=sys.stderr)
-        return 1
-    return 0
+    interface = json.loads(arguments.records.read_text(encoding="utf-8"))
+    return output.write_or_check(Page(interface).text(), arguments)
 
 
 if __name__ == "__main__":

@@ -11,7 +11,7 @@ import json
 import pathlib
 import sys
 
-from interface import errors, headers, readings, tasks
+from interface import errors, headers, output, readings, tasks
 
 ROOT = pathlib.Path(__file__).resolve().parents[1]
 
@@ -58,22 +58,16 @@ def format_interface(interface):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("--check", action="store_true", help="only tell whether the file is up to date")
     parser.add_argument("--include", type=pathlib.Path, default=ROOT / "include", help="folder of quilon/quilon.h")
-    parser.add_argument("--output", type=pathlib.Path, default=ROOT / "docs/records.json", help="the file to make")
+    output.add_arguments(parser, ROOT / "docs/records.json")
     arguments = parser.parse_args()
 
     try:
-        text = format_interface(describe(arguments.include.resolve()))
+        interface = describe(arguments.include.resolve())
     except headers.HeaderError as error:
         print(error, file=sys.stderr)
         return 1
-    if not arguments.check:
-        arguments.output.write_text(text, encoding="utf-8")
-    elif not arguments.output.exists() or arguments.output.read_text(encoding="utf-8") != text:
-        print(f"{arguments.output} is stale: run tools/records_json.py", file=sys.stderr)
-        return 1
-    return 0
+    return output.write_or_check(format_interface(interface), arguments)
 
 
 if __name__ == "__main__":

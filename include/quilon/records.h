@@ -8,6 +8,10 @@
  *
  * A text ends at its NUL or, without one, with its array. What the driver
  * copies out is cut to the array and always NUL-terminated.
+ *
+ * A field whose meaning only the printer's own manual tells has a mnemonic name
+ * or that of its place; what the virtual printer takes it for then stands in
+ * its comment as codes.h explains.
  */
 #ifndef QUILON_RECORDS_H_
 #define QUILON_RECORDS_H_

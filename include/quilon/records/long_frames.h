@@ -59,9 +59,8 @@ QUILON_OFFSET(HashF, text22, 544);
 QUILON_OFFSET(HashF, text23, 550);
 QUILON_OFFSET(HashF, text24, 556);
 
-/** "#m": QUIL_HASH_M. Its lists are sent as far as the count that their
- * name bears says, at most whole; a count of 0 or less sends nothing of them.
- */
+/** "#m": QUIL_HASH_M. Of a list as many entries are sent as the count of its
+ *  letter says, at most all of them; a count of 0 or less sends none. */
 typedef struct HashM {
   /** How many entries of texts_a, amounts_a1 and amounts_a2 are sent. */
   int32_t count_a;
