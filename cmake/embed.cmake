@@ -1,6 +1,6 @@
-# embed_files(TARGET FILE...)
+# embed_files(TARGET NAME=FILE...)
 #
-# Makes files part of a program; embedded_file of printer/embedded.h finds them by their names without folders.
+# Makes files part of a program; EmbeddedFile of printer/watch/embedded.h finds them by these names.
 enable_language(ASM)
 function(embed_files target)
   set(note ".section .note.GNU-stack,\"\",@progbits\n")
@@ -9,9 +9,10 @@ function(embed_files target)
     set(note "")
     set(section ".section .rdata,\"dr\"\n")
   endif()
-  foreach(path ${ARGN})
-    get_filename_component(file ${path} ABSOLUTE)
-    get_filename_component(name ${path} NAME)
+  foreach(entry ${ARGN})
+    string(REGEX MATCH "^([^=]+)=(.+)$" matched ${entry})
+    set(name ${CMAKE_MATCH_1})
+    set(file ${CMAKE_MATCH_2})
     list(LENGTH files count)
     list(APPEND files ${file})
     string(APPEND bytes ".Lname${count}: .asciz \"${name}\"\n.Lfile${count}: .incbin \"${file}\"\n.Lend${count}:\n")

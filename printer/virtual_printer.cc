@@ -2,8 +2,8 @@
 
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/post.hpp>
+#include <chrono>
 #include <condition_variable>
 #include <ctime>
 #include <deque>
@@ -13,24 +13,22 @@
 #include <thread>
 #include <utility>
 
-#include "printer/address.h"
-#include "printer/line.h"
-#include "printer/listener.h"
-#include "printer/mazovia.h"
-#include "printer/pseudo_terminal.h"
-#include "printer/serial_line.h"
-#include "printer/session.h"
-#include "printer/state.h"
+#include "printer/commands/line.h"
+#include "printer/fiscal/device.h"
+#include "printer/protocol/mazovia.h"
+#include "printer/protocol/numbers.h"
+#include "printer/state_file.h"
+#include "printer/wire/receiver.h"
+#include "printer/wire/wire.h"
 
 namespace quilon::printer {
 namespace {
 
 namespace asio = boost::asio;
-using asio::ip::tcp;
 
-constexpr std::size_t kKeptFrames = 10'000;
+constexpr size_t kKeptFrames = 10'000;
 
-std::chrono::local_seconds system_clock() {
+std::chrono::local_seconds SystemClock() {
   const std::time_t now = std::time(nullptr);
   const std::tm civil = *std::localtime(&now);
   const std::chrono::year_month_day date(
@@ -49,40 +47,25 @@ std::chrono::local_seconds system_clock() {
 class VirtualPrinter::Engine {
  public:
   explicit Engine(Options options)
-      : device_(options.clock ? std::move(options.clock) : Clock(system_clock)),
+      : device_(options.clock ? std::move(options.clock) : Clock(SystemClock)),
         state_file_(std::move(options.state_file)),
         watchers_(std::move(options.watchers)),
-        baud_(options.baud),
         latency_(options.latency) {
-    state_file_.load(device_);
-    if (!state_file_.save(device_)) {
+    state_file_.Load(device_);
+    if (!state_file_.Save(device_)) {
       throw std::runtime_error("cannot write the state file");
     }
     device_.faults.set_seed(options.seed);
     for (const std::string& fault : options.faults) {
-      device_.order_fault(fault);
+      device_.OrderFault(fault);
     }
     device_.paper.set_sinks(
-        [this](const std::string& line) { tell(&Watcher::on_line, line); },
+        [this](const std::string& line) { Tell(&Watcher::OnLine, line); },
         [this](const Printout& printout) {
-          tell(&Watcher::on_printout, printout);
+          Tell(&Watcher::OnPrintout, printout);
         });
-    tell_status();
-    if (!options.tcp.empty()) {
-      listener_.emplace(
-          context_, endpoint_of(options.tcp),
-          [this](tcp::socket socket) { serve(std::move(socket)); });
-    }
-    if (options.pty) {
-      pseudo_terminal_ = make_pseudo_terminal(
-          context_, gate_, [this] { return new_receiver(); }, options.pty_link,
-          baud_);
-    }
-    if (!options.serial.empty()) {
-      serial_line_.emplace(
-          context_, gate_, [this] { return new_receiver(); }, options.serial,
-          baud_ == 0 ? kUsualBaud : baud_);
-    }
+    TellStatus();
+    OpenWires(options);
     thread_ = std::thread([this] { context_.run(); });
   }
 
@@ -94,61 +77,62 @@ class VirtualPrinter::Engine {
     thread_.join();
   }
 
-  std::uint16_t port() const {
-    return listener_ ? listener_->endpoint().port() : std::uint16_t{0};
-  }
+  std::string tcp_address() const { return tcp_ ? tcp_->address() : ""; }
+  std::string pty_path() const { return pty_ ? pty_->address() : ""; }
 
-  std::string pty_path() const {
-    return pseudo_terminal_ ? pseudo_terminal_->path() : std::string();
-  }
-
-  void hold_input(bool hold) {
+  void HoldInput(bool hold) {
     asio::post(context_, [this, hold] { gate_.set_closed(hold); });
   }
 
   Snapshot snapshot() const {
     const std::scoped_lock lock(mutex_);
-    return look();
+    return Look();
   }
 
-  template <class Change>
-  void change(Change change) {
+  template <typename Change>
+  void Apply(Change change) {
     {
       const std::scoped_lock lock(mutex_);
       change(device_);
-      tell_status();
+      TellStatus();
     }
     changed_.notify_all();
   }
 
-  bool wait_until(const std::function<bool(const Snapshot&)>& condition,
-                  std::chrono::milliseconds limit) const {
+  bool WaitUntil(const std::function<bool(const Snapshot&)>& condition,
+                 std::chrono::milliseconds limit) const {
     std::unique_lock lock(mutex_);
-    return changed_.wait_for(lock, limit, [&] { return condition(look()); });
+    return changed_.wait_for(lock, limit, [&] { return condition(Look()); });
   }
 
  private:
-  void serve(tcp::socket socket) {
-    boost::system::error_code ignored;
-    socket.set_option(tcp::no_delay(true), ignored);
-    auto stream = std::make_shared<tcp::socket>(std::move(socket));
-    std::make_shared<Session<tcp::socket>>(std::move(stream), gate_,
-                                           new_receiver(), baud_, [] {})
-        ->read();
+  void OpenWires(const Options& options) {
+    const Switchboard switchboard{context_, gate_,
+                                  [this] { return NewReceiver(); }};
+    if (!options.tcp.empty()) {
+      tcp_ = ListenOnTcp(switchboard, options.tcp, options.baud);
+    }
+    if (options.pty) {
+      pty_ = MakePseudoTerminal(switchboard, options.pty_link, options.baud);
+    }
+    if (!options.serial.empty()) {
+      serial_ = OpenSerialPort(switchboard, options.serial,
+                               options.baud == 0 ? kUsualBaud : options.baud);
+    }
   }
 
-  Receiver new_receiver() {
+  Receiver NewReceiver() {
     const auto line = std::make_shared<Line>(
-        device_, [this, client = ++clients_](Exchange exchange) {
-          exchange.client = client;
-          note(std::move(exchange));
+        device_, [this, client = ++clients_](Event event, Outcome outcome) {
+          Note({++exchanges_, std::chrono::system_clock::now(), client,
+                std::move(event), std::move(outcome.answer), outcome.error});
         });
     return [this, line](std::string_view bytes) {
       Reaction reaction;
-      change([&](Device& device) {
-        reaction = line->receive(bytes);
-        if (!state_file_.save(device)) {
-          device.refuse(kUnsavedState);
+      Apply([&](Device& device) {
+        reaction = line->Receive(bytes);
+        if (!state_file_.Save(device)) {
+          device.Refuse(kUnsavedState);
         }
       });
       if (!reaction.answer.empty()) {
@@ -158,9 +142,8 @@ class VirtualPrinter::Engine {
     };
   }
 
-  void note(Exchange exchange) {
-    exchange.number = ++exchanges_;
-    tell(&Watcher::on_exchange, exchange);
+  void Note(Exchange exchange) {
+    Tell(&Watcher::OnExchange, exchange);
     if (exchange.event.kind == Event::Kind::kFrame) {
       frames_.push_back(std::move(exchange.event.body));
       if (frames_.size() > kKeptFrames) {
@@ -169,39 +152,39 @@ class VirtualPrinter::Engine {
     }
   }
 
-  template <class News>
-  void tell(void (Watcher::*call)(const News&), const News& news) {
+  template <typename News>
+  void Tell(void (Watcher::*call)(const News&), const News& news) {
     for (Watcher* watcher : watchers_) {
       (watcher->*call)(news);
     }
   }
 
-  void tell_status() {
+  void TellStatus() {
     if (watchers_.empty()) {
       return;
     }
-    Status status = device_.status();
+    Status status = StatusOf(device_);
     if (told_status_ != status) {
-      tell(&Watcher::on_status, status);
+      Tell(&Watcher::OnStatus, status);
       told_status_ = std::move(status);
     }
   }
 
-  std::map<std::string, std::string> complete_files() const {
+  std::map<std::string, std::string> CompleteFiles() const {
     std::map<std::string, std::string> files;
     for (const auto& [name, file] : device_.files) {
-      if (file.complete()) {
-        files[mazovia_to_utf8(name)] = file.bytes;
+      if (file.IsComplete()) {
+        files[MazoviaToUtf8(name)] = file.bytes;
       }
     }
     return files;
   }
 
-  Snapshot look() const {
-    return {device_.status(),
+  Snapshot Look() const {
+    return {StatusOf(device_),
             {device_.paper.lines().begin(), device_.paper.lines().end()},
             {frames_.begin(), frames_.end()},
-            complete_files()};
+            CompleteFiles()};
   }
 
   mutable std::mutex mutex_;
@@ -211,8 +194,8 @@ class VirtualPrinter::Engine {
   std::deque<std::string> frames_;
   std::vector<Watcher*> watchers_;
   std::optional<Status> told_status_;
-  std::int64_t exchanges_ = 0;
-  std::int64_t clients_ = 0;
+  int64_t exchanges_ = 0;
+  int64_t clients_ = 0;
 
   asio::io_context context_;
   // Keeps the thread waiting while the gate holds back the only client.
@@ -221,11 +204,10 @@ class VirtualPrinter::Engine {
 
   Gate gate_;
 
-  const std::uint32_t baud_;
   const std::chrono::milliseconds latency_;
-  std::optional<Listener> listener_;
-  std::optional<SerialLine> serial_line_;
-  std::unique_ptr<PseudoTerminal> pseudo_terminal_;
+  std::unique_ptr<Wire> tcp_;
+  std::unique_ptr<Wire> pty_;
+  std::unique_ptr<Wire> serial_;
   std::thread thread_;
 };
 
@@ -236,7 +218,15 @@ VirtualPrinter::VirtualPrinter(Options options)
 
 VirtualPrinter::~VirtualPrinter() = default;
 
-std::uint16_t VirtualPrinter::tcp_port() const { return engine_->port(); }
+std::string VirtualPrinter::tcp_address() const {
+  return engine_->tcp_address();
+}
+
+uint16_t VirtualPrinter::tcp_port() const {
+  const std::string address = tcp_address();
+  const auto port = ParseInteger(address.substr(address.rfind(':') + 1));
+  return static_cast<uint16_t>(port.value_or(0));
+}
 
 std::string VirtualPrinter::pty_path() const { return engine_->pty_path(); }
 
@@ -252,38 +242,38 @@ std::vector<std::string> VirtualPrinter::frames() const {
 
 Books VirtualPrinter::books() const { return snapshot().books; }
 
-bool VirtualPrinter::wait_until(
+bool VirtualPrinter::WaitUntil(
     const std::function<bool(const Snapshot&)>& condition,
     std::chrono::milliseconds limit) const {
-  return engine_->wait_until(condition, limit);
+  return engine_->WaitUntil(condition, limit);
 }
 
-void VirtualPrinter::hold_input(bool hold) { engine_->hold_input(hold); }
+void VirtualPrinter::HoldInput(bool hold) { engine_->HoldInput(hold); }
 
 void VirtualPrinter::set_online(bool online) {
-  engine_->change([&](Device& device) { device.online = online; });
+  engine_->Apply([&](Device& device) { device.online = online; });
 }
 
 void VirtualPrinter::set_paper_out(bool out) {
-  engine_->change([&](Device& device) {
-    out ? device.paper.run_out() : device.paper.refill();
+  engine_->Apply([&](Device& device) {
+    out ? device.paper.RunOut() : device.paper.Refill();
   });
 }
 
 void VirtualPrinter::set_mechanism_error(bool error) {
-  engine_->change([&](Device& device) { device.mechanism_error = error; });
+  engine_->Apply([&](Device& device) { device.mechanism_error = error; });
 }
 
-void VirtualPrinter::order_fault(const std::string& fault) {
-  engine_->change([&](Device& device) { device.order_fault(fault); });
+void VirtualPrinter::OrderFault(const std::string& fault) {
+  engine_->Apply([&](Device& device) { device.OrderFault(fault); });
 }
 
-void VirtualPrinter::clear_faults() {
-  engine_->change([](Device& device) { device.faults.clear(); });
+void VirtualPrinter::ClearFaults() {
+  engine_->Apply([](Device& device) { device.faults.Clear(); });
 }
 
-void VirtualPrinter::refuse_next(int error) {
-  engine_->change([&](Device& device) { device.next_refusal = error; });
+void VirtualPrinter::RefuseNext(int error) {
+  engine_->Apply([&](Device& device) { device.next_refusal = error; });
 }
 
 }  // namespace quilon::printer

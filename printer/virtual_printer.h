@@ -3,7 +3,7 @@
 //
 //   VirtualPrinter printer;
 //   connect to 127.0.0.1, printer.tcp_port() ...
-//   EXPECT_TRUE(printer.wait_until([](const Snapshot& now) { return
+//   EXPECT_TRUE(printer.WaitUntil([](const Snapshot& now) { return
 //   now.books.receipt_count == 1; }));
 //
 // Every member may be called from any thread at any time, except the
@@ -20,11 +20,10 @@
 #include <string>
 #include <vector>
 
-#include "printer/books.h"
-#include "printer/device.h"
-#include "printer/faults.h"
-#include "printer/status.h"
-#include "printer/watcher.h"
+#include "printer/fiscal/books.h"
+#include "printer/fiscal/clock.h"
+#include "printer/watch/status.h"
+#include "printer/watch/watcher.h"
 
 namespace quilon::printer {
 
@@ -40,7 +39,7 @@ struct Snapshot : Status {
 
 class VirtualPrinter {
  public:
-  static constexpr std::uint32_t kUsualBaud = 9600;
+  static constexpr uint32_t kUsualBaud = 9600;
 
   struct Options {
     // "ADDRESS:PORT"; port 0 is any free one. Empty: no TCP.
@@ -53,25 +52,25 @@ class VirtualPrinter {
     std::string serial;
     // How fast the lines are, 300 to 4 000 000; 0: TCP and the pseudo-terminal
     // as fast as they can, the serial port kUsualBaud.
-    std::uint32_t baud = 0;
+    uint32_t baud = 0;
     // How much later every answer goes out.
     std::chrono::milliseconds latency{0};
     // Where the printer's memory is kept; empty: nowhere. Read at the start if
     // it is there, replaced after every change, before the answer goes out.
     std::filesystem::path state_file;
-    // Ordered before the first client comes; see order_fault.
+    // Ordered before the first client comes; see OrderFault.
     std::vector<std::string> faults;
     // For the faults that happen by chance.
-    std::uint64_t seed = 1;
+    uint64_t seed = 1;
     // Local time; empty: the system's.
     Clock clock;
     // None of them may end before the printer does.
     std::vector<Watcher*> watchers;
   };
 
-  // Throws std::runtime_error when an address cannot be listened on, a port not
-  // be opened or the state file holds no state or cannot be written,
-  // std::invalid_argument when it is none or a fault is none.
+  // Throws std::invalid_argument when an address or a fault is not written as
+  // it should be, std::runtime_error when an address cannot be listened on, a
+  // port cannot be opened, or the state file cannot be understood or written.
   VirtualPrinter();
   explicit VirtualPrinter(Options options);
   VirtualPrinter(const VirtualPrinter&) = delete;
@@ -79,8 +78,11 @@ class VirtualPrinter {
   // Closes all connections and joins the printer's thread.
   ~VirtualPrinter();
 
-  // The port that is listened on; 0 without TCP.
-  std::uint16_t tcp_port() const;
+  // "127.0.0.1:6001", with the port that is really listened on; empty without
+  // TCP.
+  std::string tcp_address() const;
+  // That port; 0 without TCP.
+  uint16_t tcp_port() const;
 
   // The device that a serial client opens; empty without a pseudo-terminal.
   std::string pty_path() const;
@@ -92,27 +94,27 @@ class VirtualPrinter {
 
   // Waits until the condition holds, at most so long; returns whether it does.
   // The condition is tried after everything that the printer receives.
-  bool wait_until(
+  bool WaitUntil(
       const std::function<bool(const Snapshot&)>& condition,
       std::chrono::milliseconds limit = std::chrono::seconds(10)) const;
 
   // While held, the printer reads nothing from its clients: what they send
   // stays
   // in the wires until those are full.
-  void hold_input(bool hold);
+  void HoldInput(bool hold);
   void set_online(bool online);
   // Lines that cannot be printed wait until the paper is back.
   void set_paper_out(bool out);
   // The DLE answer's error bit: a lid open, a broken cutter.
   void set_mechanism_error(bool error);
   // Refuses the next command, whatever it is, with the given error number.
-  void refuse_next(int error);
-  // Lets the printer misbehave as faults.h explains, for example
+  void RefuseNext(int error);
+  // Lets the printer misbehave as fault_table.h explains, for example
   // "book-other=-100@document=2" or "cut@byte=57". Faults add up until they are
   // cleared; paper that ran out stays out until set_paper_out(false). Throws
-  // std::invalid_argument when the text is no fault.
-  void order_fault(const std::string& fault);
-  void clear_faults();
+  // std::invalid_argument when the text is not a fault.
+  void OrderFault(const std::string& fault);
+  void ClearFaults();
 
  private:
   class Engine;

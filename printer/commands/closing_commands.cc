@@ -3,19 +3,18 @@
 #include <string>
 #include <vector>
 
-#include "printer/closing.h"
-#include "printer/commands/commands.h"
-#include "printer/device.h"
-#include "printer/numbers.h"
-#include "printer/shape.h"
+#include "printer/commands/handlers.h"
+#include "printer/fiscal/closing.h"
+#include "printer/fiscal/device.h"
+#include "printer/protocol/numbers.h"
+#include "printer/protocol/shape.h"
 
 namespace quilon::printer {
 namespace {
 
 // A discount in percent stands in the parameters or with the amounts; a
 // surcharge only with the amounts.
-Adjustment receipt_adjustment(std::int64_t rate, std::int32_t kind,
-                              std::int64_t value) {
+Adjustment ReceiptAdjustment(int64_t rate, int32_t kind, int64_t value) {
   if (rate < 0 || value < 0 || kind < 0 || kind > 2) {
     throw Refusal(kBadAdjustment);
   }
@@ -28,23 +27,22 @@ Adjustment receipt_adjustment(std::int64_t rate, std::int32_t kind,
 
 // What a closing says was paid in one form: when the payments came as commands
 // of their own, their sum; else the closing itself pays.
-std::int64_t paid_with_closing(const Document& document, int form,
-                               std::int64_t amount) {
+int64_t PaidWithClosing(const Document& document, int form, int64_t amount) {
   if (amount < 0 || amount > kMaxAmount) {
     throw Refusal(kBadPayment);
   }
   if (document.payments.empty()) {
     return amount;
   }
-  if (document.paid(form) != amount) {
+  if (document.Paid(form) != amount) {
     throw Refusal(kBadPayment);
   }
   return 0;
 }
 
-std::vector<std::string> texts_of(const Request& request, std::size_t count) {
+std::vector<std::string> TextsOf(const Request& request, size_t count) {
   return {request.values.begin(),
-          request.values.begin() + static_cast<std::ptrdiff_t>(count)};
+          request.values.begin() + static_cast<ptrdiff_t>(count)};
 }
 
 constexpr int kFirstForm = 6;
@@ -54,44 +52,43 @@ constexpr int kSecondForm = 10;
 
 // integer ";" rate ";" extra line count ";0;" kind ";0" "$e" code text CR,
 // extra lines, each text CR, paid "/" total "/" adjustment value "/"
-std::string close_receipt(Device& device, Request& request) {
-  request.integer(0);
-  const auto rate = parse_amount(request.parameters.at(1));
+std::string CloseReceipt(Device& device, Request& request) {
+  request.Integer(0);
+  const auto rate = ParseAmount(request.parameters.at(1));
   if (!rate) {
     throw Refusal(kBadParameter);
   }
-  const std::int32_t extra_lines = request.integer(2, 0, 3);
-  request.integer(3, 0, 0);
-  const std::int32_t kind = request.integer(4);
-  request.integer(5, 0, 0);
-  const std::size_t texts = static_cast<std::size_t>(extra_lines) + 1;
-  request.values = read_shape(request.fields, std::string(texts, 't') + "aaa");
+  const int32_t extra_lines = request.Integer(2, 0, 3);
+  request.Integer(3, 0, 0);
+  const int32_t kind = request.Integer(4);
+  request.Integer(5, 0, 0);
+  const size_t texts = static_cast<size_t>(extra_lines) + 1;
+  request.values = ReadShape(request.fields, std::string(texts, 't') + "aaa");
   Closing closing;
-  closing.texts = texts_of(request, texts);
-  closing.paid = request.number(texts);
-  closing.total = request.number(texts + 1);
+  closing.texts = TextsOf(request, texts);
+  closing.paid = request.Number(texts);
+  closing.total = request.Number(texts + 1);
   closing.adjustment =
-      receipt_adjustment(*rate, kind, request.number(texts + 2));
-  close_document(device, closing);
+      ReceiptAdjustment(*rate, kind, request.Number(texts + 2));
+  CloseDocument(device, closing);
   return {};
 }
 
 // integer ";" integer ";" extra line count ";0;" mode ";1;" three integers "$e"
 // code text CR, extra lines, each text CR, three closing texts, each CR,
 // total "/" adjustment value "/"
-std::string close_invoice(Device& device, Request& request) {
-  request.check_integers();
-  const std::size_t texts =
-      static_cast<std::size_t>(request.integer(2, 0, 3)) + 4;
-  request.integer(3, 0, 0);
-  request.integer(5, 1, 1);
-  request.values = read_shape(request.fields, std::string(texts, 't') + "aa");
+std::string CloseInvoice(Device& device, Request& request) {
+  request.CheckIntegers();
+  const size_t texts = static_cast<size_t>(request.Integer(2, 0, 3)) + 4;
+  request.Integer(3, 0, 0);
+  request.Integer(5, 1, 1);
+  request.values = ReadShape(request.fields, std::string(texts, 't') + "aa");
   Closing closing;
-  closing.texts = texts_of(request, texts);
-  closing.total = request.number(texts);
-  closing.adjustment = {adjustment_mode(request.integer(4)),
-                        request.number(texts + 1)};
-  close_document(device, closing);
+  closing.texts = TextsOf(request, texts);
+  closing.total = request.Number(texts);
+  closing.adjustment = {AdjustmentModeOf(request.Integer(4)),
+                        request.Number(texts + 1)};
+  CloseDocument(device, closing);
   return {};
 }
 
@@ -99,25 +96,25 @@ std::string close_invoice(Device& device, Request& request) {
 // integer "$x" nine texts, each CR, total "/" adjustment value "/" four
 // amounts, each "/", paid in the first form "/" in the second form "/" amount
 // "/"
-std::string close_with_totals(Device& device, Request& request) {
-  request.check_integers();
-  request.integer(1, 0, 0);
-  request.integer(2, 1, 1);
-  constexpr std::size_t kTexts = 9;
+std::string CloseWithTotals(Device& device, Request& request) {
+  request.CheckIntegers();
+  request.Integer(1, 0, 0);
+  request.Integer(2, 1, 1);
+  constexpr size_t kTexts = 9;
   Closing closing;
-  closing.texts = texts_of(request, kTexts);
-  closing.total = request.number(kTexts);
-  closing.adjustment = {adjustment_mode(request.integer(3)),
-                        request.number(kTexts + 1)};
-  if (request.integer(8) == 1) {
-    closing.paid += paid_with_closing(*device.document, kFirstForm,
-                                      request.number(kTexts + 6));
+  closing.texts = TextsOf(request, kTexts);
+  closing.total = request.Number(kTexts);
+  closing.adjustment = {AdjustmentModeOf(request.Integer(3)),
+                        request.Number(kTexts + 1)};
+  if (request.Integer(8) == 1) {
+    closing.paid += PaidWithClosing(*device.document, kFirstForm,
+                                    request.Number(kTexts + 6));
   }
-  if (request.integer(9) == 1) {
-    closing.paid += paid_with_closing(*device.document, kSecondForm,
-                                      request.number(kTexts + 7));
+  if (request.Integer(9) == 1) {
+    closing.paid += PaidWithClosing(*device.document, kSecondForm,
+                                    request.Number(kTexts + 7));
   }
-  close_document(device, closing);
+  CloseDocument(device, closing);
   return {};
 }
 
@@ -127,55 +124,54 @@ std::string close_with_totals(Device& device, Request& request) {
 // d amounts, an amount, b payments in the first form, c in the second, each
 // "/". Kind 3 has no a and no d, at most one b and c, whose payment is left out
 // when it is not above zero; a slip may follow such a document.
-std::string close_with_list(Device& device, Request& request) {
-  constexpr std::int32_t kWithSlip = 3;
-  constexpr std::int32_t kMaxTexts = 3;
-  constexpr std::int32_t kMaxEntries = 32;
-  constexpr std::int32_t kMaxRates = 16;
-  constexpr std::size_t kFixed = 11;
-  request.check_integers(0, kFixed);
-  const auto count = [&](std::size_t index, std::int32_t most) {
-    return static_cast<std::size_t>(
-        std::clamp(request.integer(index), 0, most));
+std::string CloseWithList(Device& device, Request& request) {
+  constexpr int32_t kWithSlip = 3;
+  constexpr int32_t kMaxTexts = 3;
+  constexpr int32_t kMaxEntries = 32;
+  constexpr int32_t kMaxRates = 16;
+  constexpr size_t kFixed = 11;
+  request.CheckIntegers(0, kFixed);
+  const auto count = [&](size_t index, int32_t most) {
+    return static_cast<size_t>(std::clamp(request.Integer(index), 0, most));
   };
-  const bool with_slip = request.integer(1) == kWithSlip;
-  const std::size_t a = with_slip ? 0 : count(0, kMaxTexts);
-  const std::size_t b = count(5, with_slip ? 1 : kMaxEntries);
-  const std::size_t c = count(6, with_slip ? 1 : kMaxEntries);
-  const std::size_t d = with_slip ? 0 : count(8, kMaxRates);
+  const bool with_slip = request.Integer(1) == kWithSlip;
+  const size_t a = with_slip ? 0 : count(0, kMaxTexts);
+  const size_t b = count(5, with_slip ? 1 : kMaxEntries);
+  const size_t c = count(6, with_slip ? 1 : kMaxEntries);
+  const size_t d = with_slip ? 0 : count(8, kMaxRates);
   // The last parameter is closed by ";", too.
   if (request.parameters.size() != kFixed + d + 1 ||
       !request.parameters.back().empty()) {
     throw Refusal(kWrongFieldCount);
   }
-  request.check_integers(0, kFixed + d);
-  const std::size_t texts = 3 + a + d + 2 * b + 2 * c;
-  request.values = read_shape(
+  request.CheckIntegers(0, kFixed + d);
+  const size_t texts = 3 + a + d + 2 * b + 2 * c;
+  request.values = ReadShape(
       request.fields, std::string(texts, 't') + std::string(5 + d, 'a') +
                           (with_slip ? "?" : "") + std::string(b + c, 'a'));
-  const auto sum_of_amounts = [&](std::size_t first, std::size_t n) {
-    std::int64_t sum = 0;
-    for (std::size_t i = first; i < std::min(first + n, request.values.size());
+  const auto sum_of_amounts = [&](size_t first, size_t n) {
+    int64_t sum = 0;
+    for (size_t i = first; i < std::min(first + n, request.values.size());
          ++i) {
-      sum += request.number(i);
+      sum += request.Number(i);
     }
     return sum;
   };
-  const std::size_t payments = texts + 5 + d;
+  const size_t payments = texts + 5 + d;
   Closing closing;
-  closing.texts = texts_of(request, 3 + a);
-  closing.total = request.number(texts);
-  closing.adjustment = {adjustment_mode(request.integer(4)),
-                        request.number(texts + 1)};
+  closing.texts = TextsOf(request, 3 + a);
+  closing.total = request.Number(texts);
+  closing.adjustment = {AdjustmentModeOf(request.Integer(4)),
+                        request.Number(texts + 1)};
   const Document& document = *device.document;
   if (document.payments.empty()) {
     closing.paid = sum_of_amounts(payments, b + c);
   } else if (sum_of_amounts(payments, b + c) != 0 &&
              sum_of_amounts(payments, b + c) !=
-                 document.paid(kFirstForm) + document.paid(kSecondForm)) {
+                 document.Paid(kFirstForm) + document.Paid(kSecondForm)) {
     throw Refusal(kBadPayment);
   }
-  close_document(device, closing);
+  CloseDocument(device, closing);
   device.slip_attached = with_slip;
   return {};
 }

@@ -1,17 +1,17 @@
 #include <string>
 #include <vector>
 
-#include "printer/closing.h"
-#include "printer/commands/commands.h"
-#include "printer/device.h"
-#include "printer/mazovia.h"
-#include "printer/numbers.h"
-#include "printer/shape.h"
+#include "printer/commands/handlers.h"
+#include "printer/fiscal/closing.h"
+#include "printer/fiscal/device.h"
+#include "printer/protocol/mazovia.h"
+#include "printer/protocol/numbers.h"
+#include "printer/protocol/shape.h"
 
 namespace quilon::printer {
 namespace {
 
-void open_document(Device& device, Series series) {
+void OpenDocument(Device& device, Series series) {
   if (device.document) {
     throw Refusal(kDocumentAlreadyOpen);
   }
@@ -27,53 +27,53 @@ void open_document(Device& device, Series series) {
 
 // variant ";" line count ";0;1;" integer "$h" lines, each text CR, final text
 // CR
-std::string begin_receipt(Device& device, Request& request) {
-  const std::int32_t variant = request.integer(0, 0, 1);
-  const std::int32_t count = request.integer(1, 0, 3);
-  request.integer(2, 0, 0);
-  request.integer(3, 1, 1);
-  request.integer(4);
-  const std::vector<std::string> texts = read_shape(
-      request.fields, std::string(static_cast<std::size_t>(count) + 1, 't'));
-  open_document(device, Series::kReceipt);
-  print_texts(device.paper, texts);
-  device.paper.print_centered(variant == 0 ? "PARAGON FISKALNY"
-                                           : "PARAGON FISKALNY (1)");
+std::string BeginReceipt(Device& device, Request& request) {
+  const int32_t variant = request.Integer(0, 0, 1);
+  const int32_t count = request.Integer(1, 0, 3);
+  request.Integer(2, 0, 0);
+  request.Integer(3, 1, 1);
+  request.Integer(4);
+  const std::vector<std::string> texts = ReadShape(
+      request.fields, std::string(static_cast<size_t>(count) + 1, 't'));
+  OpenDocument(device, Series::kReceipt);
+  PrintTexts(device.paper, texts);
+  device.paper.PrintCentered(variant == 0 ? "PARAGON FISKALNY"
+                                          : "PARAGON FISKALNY (1)");
   return {};
 }
 
 // "1;" line count ";1;" integer ";" integer ";0;" integer ";0;0;" two integers
 // "$h" document number or text CR, lines, five buyer texts, two closing texts,
 // each CR
-std::string begin_invoice(Device& device, Request& request) {
-  request.check_integers();
-  const auto count = static_cast<std::size_t>(request.integer(1, 0, 8));
-  request.integer(2, 1, 1);
-  constexpr std::size_t kBuyerTexts = 5;
+std::string BeginInvoice(Device& device, Request& request) {
+  request.CheckIntegers();
+  const auto count = static_cast<size_t>(request.Integer(1, 0, 8));
+  request.Integer(2, 1, 1);
+  constexpr size_t kBuyerTexts = 5;
   const std::vector<std::string> texts =
-      read_shape(request.fields, std::string(1 + count + kBuyerTexts + 2, 't'));
-  open_document(device, Series::kInvoice);
+      ReadShape(request.fields, std::string(1 + count + kBuyerTexts + 2, 't'));
+  OpenDocument(device, Series::kInvoice);
   const auto lines = texts.begin() + 1;
-  const auto buyer = lines + static_cast<std::ptrdiff_t>(count);
+  const auto buyer = lines + static_cast<ptrdiff_t>(count);
   const auto closing = buyer + kBuyerTexts;
   Paper& paper = device.paper;
-  print_texts(paper, {lines, buyer});
-  paper.print_centered("FAKTURA " + mazovia_to_utf8(texts.front()));
+  PrintTexts(paper, {lines, buyer});
+  paper.PrintCentered("FAKTURA " + MazoviaToUtf8(texts.front()));
   for (auto text = buyer; text != closing; ++text) {
     if (!text->empty()) {
-      paper.print_pair("Nabywca", mazovia_to_utf8(*text));
+      paper.PrintPair("Nabywca", MazoviaToUtf8(*text));
     }
   }
-  print_texts(paper, {closing, texts.end()});
+  PrintTexts(paper, {closing, texts.end()});
   return {};
 }
 
 // "0$e" [text CR [text CR]]
-std::string cancel_document(Device& device, Request& request) {
-  device.paper.print_centered("ANULOWANO");
-  print_texts(device.paper, request.values);
-  device.paper.print_pair("", device.date_and_time());
-  device.paper.tear_off({PrintoutKind::kCancelled});
+std::string CancelDocument(Device& device, Request& request) {
+  device.paper.PrintCentered("ANULOWANO");
+  PrintTexts(device.paper, request.values);
+  device.paper.PrintPair("", device.DateAndTime());
+  device.paper.TearOff({PrintoutKind::kCancelled});
   ++device.books.cancelled_count;
   device.last_document_closed = false;
   device.document.reset();
@@ -81,38 +81,38 @@ std::string cancel_document(Device& device, Request& request) {
 }
 
 // Title, texts and amounts as the command's row says; they change no total
-std::string note(Device& device, Request& request) {
+std::string Note(Device& device, Request& request) {
   const bool closed = request.parameters.back().empty();
-  request.check_integers(0, request.parameters.size() - (closed ? 1 : 0));
-  return print_note(device, request);
+  request.CheckIntegers(0, request.parameters.size() - (closed ? 1 : 0));
+  return PrintNote(device, request);
 }
 
 // integer ";" integer ";" ... "@c": four integers, three texts, five integers;
 // then up to eight texts, each CR
-std::string note_with_texts(Device& device, Request& request) {
-  constexpr std::size_t kFirstText = 4;
-  constexpr std::size_t kLastText = 6;
-  request.check_integers(0, kFirstText);
-  request.check_integers(kLastText + 1, request.parameters.size());
-  return print_note(device, request);
+std::string NoteWithTexts(Device& device, Request& request) {
+  constexpr size_t kFirstText = 4;
+  constexpr size_t kLastText = 6;
+  request.CheckIntegers(0, kFirstText);
+  request.CheckIntegers(kLastText + 1, request.parameters.size());
+  return PrintNote(device, request);
 }
 
 // ["0" to "2" ";"] or ["3;" integer ";" integer ";"] "@e" text CR, and in mode
 // 3 a number "/" for each integer that is not 0
-std::string note_electronic_document(Device& device, Request& request) {
-  constexpr std::int32_t kWithNumbers = 3;
+std::string NoteElectronicDocument(Device& device, Request& request) {
+  constexpr int32_t kWithNumbers = 3;
   std::string shape = "t";
-  const std::size_t count = request.parameters.size();
-  const bool with_numbers = count > 0 && request.integer(0) == kWithNumbers;
+  const size_t count = request.parameters.size();
+  const bool with_numbers = count > 0 && request.Integer(0) == kWithNumbers;
   if (count != (count == 0 ? 0U : with_numbers ? 4U : 2U)) {
     throw Refusal(kWrongFieldCount);
   }
-  for (std::size_t i = 1; with_numbers && i <= 2; ++i) {
-    shape += request.integer(i) != 0 ? "i" : "";
+  for (size_t i = 1; with_numbers && i <= 2; ++i) {
+    shape += request.Integer(i) != 0 ? "i" : "";
   }
   request.shape = shape;
-  request.values = read_shape(request.fields, shape);
-  return print_note(device, request);
+  request.values = ReadShape(request.fields, shape);
+  return PrintNote(device, request);
 }
 
 }  // namespace quilon::printer

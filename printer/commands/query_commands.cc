@@ -2,11 +2,11 @@
 #include <chrono>
 #include <string>
 
-#include "printer/answer.h"
-#include "printer/commands/commands.h"
-#include "printer/device.h"
-#include "printer/identity.h"
-#include "printer/mazovia.h"
+#include "printer/commands/handlers.h"
+#include "printer/fiscal/device.h"
+#include "printer/fiscal/identity.h"
+#include "printer/protocol/answer.h"
+#include "printer/protocol/mazovia.h"
 
 namespace quilon::printer {
 namespace {
@@ -16,175 +16,175 @@ struct Moment {
   std::chrono::hh_mm_ss<std::chrono::seconds> time;
 };
 
-Moment moment_of(const Device& device) {
-  const auto now = device.now();
+Moment MomentOf(const Device& device) {
+  const auto now = device.Now();
   const auto day = std::chrono::floor<std::chrono::days>(now);
   return {std::chrono::year_month_day(day), std::chrono::hh_mm_ss(now - day)};
 }
 
-void add_date(Answer& answer, const Moment& moment) {
-  answer.integer(static_cast<int>(moment.date.year()))
-      .integer(static_cast<unsigned>(moment.date.month()))
-      .integer(static_cast<unsigned>(moment.date.day()));
+void AddDate(Answer& answer, const Moment& moment) {
+  answer.Integer(static_cast<int>(moment.date.year()))
+      .Integer(static_cast<unsigned>(moment.date.month()))
+      .Integer(static_cast<unsigned>(moment.date.day()));
 }
 
 // "#X" fiscal mode, document open, last document closed, error, totals mode,
 // year, month, day, reports so far, the seven VAT rates (100 percent for an
 // exempt one), documents so far, the seven totals, their sum, unique number
-std::string tell_totals(const Device& device, Series series) {
+std::string TellTotals(const Device& device, Series series) {
   Answer answer("#X");
-  answer.integer(1)
-      .integer(device.document ? 1 : 0)
-      .integer(device.last_document_closed ? 1 : 0)
-      .integer(device.error)
-      .integer(device.totals_mode);
-  add_date(answer, moment_of(device));
-  answer.integer(device.books.report_count);
-  for (const std::int64_t rate : kRates) {
-    constexpr std::int64_t kWhole = 10000;
-    answer.amount(rate == kExempt ? kWhole : rate);
+  answer.Integer(1)
+      .Integer(device.document ? 1 : 0)
+      .Integer(device.last_document_closed ? 1 : 0)
+      .Integer(device.error)
+      .Integer(device.totals_mode);
+  AddDate(answer, MomentOf(device));
+  answer.Integer(device.books.report_count);
+  for (const int64_t rate : kRates) {
+    constexpr int64_t kWhole = 10000;
+    answer.Amount(rate == kExempt ? kWhole : rate);
   }
-  answer.integer(series == Series::kReceipt ? device.books.receipt_count
+  answer.Integer(series == Series::kReceipt ? device.books.receipt_count
                                             : device.books.invoice_count);
-  const Totals& totals = device.books.of(series);
-  for (const std::int64_t total : totals) {
-    answer.amount(total);
+  const Totals& totals = device.books.Of(series);
+  for (const int64_t total : totals) {
+    answer.Amount(total);
   }
-  return answer.amount(sum_of(totals)).finish_with(kUniqueNumber);
+  return answer.Amount(SumOf(totals)).FinishWith(kUniqueNumber);
 }
 
-std::int32_t used_fiscal_memory(const Device& device) {
+int32_t UsedFiscalMemory(const Device& device) {
   return device.books.report_count;
 }
 
 }  // namespace
 
 // "#v" -> "#R" name, version
-std::string tell_device(Device& /*device*/, Request& /*request*/) {
-  return Answer("#R").text(kDeviceName).finish_with(kFirmwareVersion);
+std::string TellDevice(Device& /*device*/, Request& /*request*/) {
+  return Answer("#R").Text(kDeviceName).FinishWith(kFirmwareVersion);
 }
 
 // "#c" -> "#C" year, month, day, hour, minute, second
-std::string tell_clock(Device& device, Request& /*request*/) {
-  const Moment moment = moment_of(device);
+std::string TellClock(Device& device, Request& /*request*/) {
+  const Moment moment = MomentOf(device);
   Answer answer("#C");
-  add_date(answer, moment);
-  return answer.integer(moment.time.hours().count())
-      .integer(moment.time.minutes().count())
-      .integer(moment.time.seconds().count())
-      .finish();
+  AddDate(answer, moment);
+  return answer.Integer(moment.time.hours().count())
+      .Integer(moment.time.minutes().count())
+      .Integer(moment.time.seconds().count())
+      .Finish();
 }
 
 // "23#s"
-std::string tell_receipt_totals(Device& device, Request& /*request*/) {
-  return tell_totals(device, Series::kReceipt);
+std::string TellReceiptTotals(Device& device, Request& /*request*/) {
+  return TellTotals(device, Series::kReceipt);
 }
 
 // "22#s"
-std::string tell_invoice_totals(Device& device, Request& /*request*/) {
-  return tell_totals(device, Series::kInvoice);
+std::string TellInvoiceTotals(Device& device, Request& /*request*/) {
+  return TellTotals(device, Series::kInvoice);
 }
 
 // "210#s" -> "#X" kind, unique number, documents so far, reports so far, free
 // records of the fiscal memory, all its records
-std::string tell_memory(Device& device, Request& /*request*/) {
+std::string TellMemory(Device& device, Request& /*request*/) {
   return Answer("#X")
-      .text("PF")
-      .text(kUniqueNumber)
-      .integer(device.books.receipt_count + device.books.invoice_count)
-      .integer(device.books.report_count)
-      .integer(kFiscalMemorySize - used_fiscal_memory(device))
-      .integer(kFiscalMemorySize)
-      .finish();
+      .Text("PF")
+      .Text(kUniqueNumber)
+      .Integer(device.books.receipt_count + device.books.invoice_count)
+      .Integer(device.books.report_count)
+      .Integer(kFiscalMemorySize - UsedFiscalMemory(device))
+      .Integer(kFiscalMemorySize)
+      .Finish();
 }
 
 // "#LOG" number "/" -> "#LOG" date and time, the number
-std::string tell_log(Device& device, Request& request) {
+std::string TellLog(Device& device, Request& request) {
   return Answer("#LOG")
-      .text(device.date_and_time())
-      .integer(request.number(0))
-      .finish();
+      .Text(device.DateAndTime())
+      .Integer(request.Number(0))
+      .Finish();
 }
 
 // "?PROC" -> "?PROC" name and state of the process, its progress, its error
-std::string tell_processes(Device& /*device*/, Request& /*request*/) {
+std::string TellProcesses(Device& /*device*/, Request& /*request*/) {
   return Answer("?PROC")
-      .text("SERWER")
-      .text("BEZCZYNNY")
-      .integer(100)
-      .integer(0)
-      .finish();
+      .Text("SERWER")
+      .Text("BEZCZYNNY")
+      .Integer(100)
+      .Integer(0)
+      .Finish();
 }
 
 // "12;1$o" -> "#X" documents so far, reports so far, cancelled documents, time
-std::string tell_last_report(Device& device, Request& request) {
-  request.integer(1, 1, 1);
+std::string TellLastReport(Device& device, Request& request) {
+  request.Integer(1, 1, 1);
   return Answer("#X")
-      .integer(device.books.receipt_count + device.books.invoice_count)
-      .integer(device.books.report_count)
-      .integer(device.books.cancelled_count)
-      .text(device.date_and_time())
-      .finish();
+      .Integer(device.books.receipt_count + device.books.invoice_count)
+      .Integer(device.books.report_count)
+      .Integer(device.books.cancelled_count)
+      .Text(device.DateAndTime())
+      .Finish();
 }
 
 // parameter "@PMI" number "/" three numbers, each "/" -> "@PMD" the three
 // numbers, error, the first number, printouts kept, label of the memory
-std::string tell_protected_memory(Device& device, Request& request) {
+std::string TellProtectedMemory(Device& device, Request& request) {
   const std::string& number = request.values[0];
   if (number.empty() ||
       number.find_first_not_of("-0123456789") != std::string::npos) {
     throw Refusal(kBadParameter);
   }
   return Answer("@PMD")
-      .integer(request.number(1))
-      .integer(request.number(2))
-      .integer(request.number(3))
-      .integer(kNoError)
-      .text(number)
-      .text("PARAGONY " + std::to_string(device.books.receipt_count))
-      .text(kSerialNumber)
-      .finish();
+      .Integer(request.Number(1))
+      .Integer(request.Number(2))
+      .Integer(request.Number(3))
+      .Integer(kNoError)
+      .Text(number)
+      .Text("PARAGONY " + std::to_string(device.books.receipt_count))
+      .Text(kSerialNumber)
+      .Finish();
 }
 
 // "!e" four numbers, each "/" -> "!e" 0 (found), the third and the fourth
 // number, lines, 1, 1, the newest lines of paper
-std::string tell_journal(Device& device, Request& request) {
-  constexpr std::size_t kNewest = 1000;
+std::string TellJournal(Device& device, Request& request) {
+  constexpr size_t kNewest = 1000;
   const auto& lines = device.paper.lines();
-  const std::size_t count = std::min(kNewest, lines.size());
+  const size_t count = std::min(kNewest, lines.size());
   std::string text;
-  for (auto line = lines.end() - static_cast<std::ptrdiff_t>(count);
+  for (auto line = lines.end() - static_cast<ptrdiff_t>(count);
        line != lines.end(); ++line) {
-    text += utf8_to_mazovia(*line) + "\n";
+    text += Utf8ToMazovia(*line) + "\n";
   }
   return Answer("!e")
-      .integer(0)
-      .integer(request.number(2))
-      .integer(request.number(3))
-      .integer(static_cast<std::int64_t>(count))
-      .integer(1)
-      .integer(1)
-      .line(text)
-      .finish();
+      .Integer(0)
+      .Integer(request.Number(2))
+      .Integer(request.Number(3))
+      .Integer(static_cast<int64_t>(count))
+      .Integer(1)
+      .Integer(1)
+      .Line(text)
+      .Finish();
 }
 
 // kind "?EDB" two numbers, each "/" -> for kind 0 "?EDB" both numbers and the
 // documents so far; for 1 and 2 the same behind a "0" (found) and "?EDB"
-std::string tell_journal_state(Device& device, Request& request) {
-  const std::int32_t kind = request.integer(0, 0, 2);
+std::string TellJournalState(Device& device, Request& request) {
+  const int32_t kind = request.Integer(0, 0, 2);
   return Answer("?EDB", kind == 0 ? "" : "0")
-      .integer(request.number(0))
-      .integer(request.number(1))
-      .integer(device.books.receipt_count + device.books.invoice_count)
-      .finish();
+      .Integer(request.Number(0))
+      .Integer(request.Number(1))
+      .Integer(device.books.receipt_count + device.books.invoice_count)
+      .Finish();
 }
 
 // "?e" -> "?e" receipts, invoices
-std::string tell_document_counts(Device& device, Request& /*request*/) {
+std::string TellDocumentCounts(Device& device, Request& /*request*/) {
   return Answer("?e")
-      .integer(device.books.receipt_count)
-      .integer(device.books.invoice_count)
-      .finish();
+      .Integer(device.books.receipt_count)
+      .Integer(device.books.invoice_count)
+      .Finish();
 }
 
 }  // namespace quilon::printer

@@ -2,16 +2,16 @@
 #include <limits>
 #include <string>
 
-#include "printer/commands/commands.h"
-#include "printer/device.h"
-#include "printer/mazovia.h"
-#include "printer/numbers.h"
-#include "printer/shape.h"
+#include "printer/commands/handlers.h"
+#include "printer/fiscal/device.h"
+#include "printer/protocol/mazovia.h"
+#include "printer/protocol/numbers.h"
+#include "printer/protocol/shape.h"
 
 namespace quilon::printer {
 namespace {
 
-std::string joined_parameters(const Request& request) {
+std::string JoinedParameters(const Request& request) {
   std::string joined;
   for (const std::string_view parameter : request.parameters) {
     joined.append(joined.empty() ? "" : ";").append(parameter);
@@ -19,114 +19,114 @@ std::string joined_parameters(const Request& request) {
   return joined;
 }
 
-void print_values(Paper& paper, const Request& request) {
+void PrintValues(Paper& paper, const Request& request) {
   std::string kinds(request.shape);
   std::erase(kinds, '?');
   int amounts = 0;
-  for (std::size_t i = 0; i < request.values.size(); ++i) {
+  for (size_t i = 0; i < request.values.size(); ++i) {
     const std::string& value = request.values[i];
     if (kinds[i] == 'a') {
-      paper.print_pair("Kwota " + std::to_string(++amounts),
-                       amount_text(request.number(i)));
+      paper.PrintPair("Kwota " + std::to_string(++amounts),
+                      AmountText(request.Number(i)));
     } else if (!value.empty()) {
-      paper.print(mazovia_to_utf8(value));
+      paper.Print(MazoviaToUtf8(value));
     }
   }
 }
 
-void print_totals(Paper& paper, std::string_view title, const Totals& totals,
-                  std::int32_t count) {
-  paper.print_pair(title, std::to_string(count));
-  for (std::size_t rate = 0; rate < kRateCount; ++rate) {
-    paper.print_pair(
-        std::string("  ") + letter_of_rate(rate) + " " + rate_text(rate),
-        amount_text(totals.at(rate)));
+void PrintTotals(Paper& paper, std::string_view title, const Totals& totals,
+                 int32_t count) {
+  paper.PrintPair(title, std::to_string(count));
+  for (size_t rate = 0; rate < kRateCount; ++rate) {
+    paper.PrintPair(
+        std::string("  ") + LetterOfRate(rate) + " " + RateText(rate),
+        AmountText(totals.at(rate)));
   }
-  paper.print_pair("  Razem", amount_text(sum_of(totals)));
+  paper.PrintPair("  Razem", AmountText(SumOf(totals)));
 }
 
-std::string repeated(std::int32_t count, char kind) {
-  return std::string(static_cast<std::size_t>(count), kind);
+std::string Repeated(int32_t count, char kind) {
+  return std::string(static_cast<size_t>(count), kind);
 }
 
 }  // namespace
 
 // Title, parameters and fields as the command's row says, in their order
-std::string print_form(Device& device, Request& request) {
-  request.check_integers();
+std::string PrintForm(Device& device, Request& request) {
+  request.CheckIntegers();
   Paper& paper = device.paper;
-  paper.print_centered(request.title);
+  paper.PrintCentered(request.title);
   if (!request.parameters.empty()) {
-    paper.print_pair("Parametry", joined_parameters(request));
+    paper.PrintPair("Parametry", JoinedParameters(request));
   }
-  print_values(paper, request);
-  paper.print_pair("", device.date_and_time());
-  paper.tear_off({PrintoutKind::kReport});
+  PrintValues(paper, request);
+  paper.PrintPair("", device.DateAndTime());
+  paper.TearOff({PrintoutKind::kReport});
   return {};
 }
 
 // Title and fields, within a document
-std::string print_note(Device& device, Request& request) {
-  device.paper.print_centered(request.title);
-  print_values(device.paper, request);
+std::string PrintNote(Device& device, Request& request) {
+  device.paper.PrintCentered(request.title);
+  PrintValues(device.paper, request);
   return {};
 }
 
 // "0#r", or "1;" day ";" month ";" year "#r"; then [text CR [text CR]]
-std::string print_daily_report(Device& device, Request& request) {
-  request.check_integers();
+std::string PrintDailyReport(Device& device, Request& request) {
+  request.CheckIntegers();
   Paper& paper = device.paper;
   ++device.books.report_count;
-  paper.print_centered(std::string(request.title) + " " +
-                       std::to_string(device.books.report_count));
-  print_totals(paper, "Paragony", device.books.receipts,
-               device.books.receipt_count);
-  print_totals(paper, "Faktury", device.books.invoices,
-               device.books.invoice_count);
-  paper.print_pair("Anulowane", std::to_string(device.books.cancelled_count));
-  print_values(paper, request);
-  paper.print_pair("", device.date_and_time());
-  paper.tear_off({PrintoutKind::kReport});
+  paper.PrintCentered(std::string(request.title) + " " +
+                      std::to_string(device.books.report_count));
+  PrintTotals(paper, "Paragony", device.books.receipts,
+              device.books.receipt_count);
+  PrintTotals(paper, "Faktury", device.books.invoices,
+              device.books.invoice_count);
+  paper.PrintPair("Anulowane", std::to_string(device.books.cancelled_count));
+  PrintValues(paper, request);
+  paper.PrintPair("", device.DateAndTime());
+  paper.TearOff({PrintoutKind::kReport});
   return {};
 }
 
 // kind "$o" with nothing, with from CR to CR [text "/"], or with
 // from "/" to "/" [text "/"]
-std::string print_range_report(Device& device, Request& request) {
+std::string PrintRangeReport(Device& device, Request& request) {
   const std::string_view rest = request.fields.rest();
   const bool by_text = rest.find('\r') != std::string_view::npos;
   request.shape = rest.empty() ? "" : by_text ? "tt?s" : "ss?s";
-  request.values = read_shape(request.fields, request.shape);
-  for (std::size_t i = 0; !by_text && i < 2 && i < request.values.size(); ++i) {
-    if (!parse_integer(request.values[i])) {
+  request.values = ReadShape(request.fields, request.shape);
+  for (size_t i = 0; !by_text && i < 2 && i < request.values.size(); ++i) {
+    if (!ParseInteger(request.values[i])) {
       throw Refusal(kBadParameter);
     }
   }
-  return print_form(device, request);
+  return PrintForm(device, request);
 }
 
 // a ";" b ";" c ";212" [";" number] c times "#m" five texts, c texts, a texts,
 // b texts, five amounts, c amounts, an amount, a amounts, an amount, a amounts,
 // an amount, three texts
-std::string print_settlement(Device& device, Request& request) {
-  constexpr std::int32_t kAnyLow = std::numeric_limits<std::int32_t>::min();
-  constexpr std::int32_t kMaxShort = 16;
-  constexpr std::int32_t kMaxLong = 32;
-  constexpr std::size_t kFixed = 4;
-  const std::int32_t a = std::max(0, request.integer(0, kAnyLow, kMaxLong));
-  const std::int32_t b = std::max(0, request.integer(1, kAnyLow, kMaxLong));
-  const std::int32_t c = std::max(0, request.integer(2, kAnyLow, kMaxShort));
-  request.integer(3, 212, 212);
-  if (request.parameters.size() != kFixed + static_cast<std::size_t>(c)) {
+std::string PrintSettlement(Device& device, Request& request) {
+  constexpr int32_t kAnyLow = std::numeric_limits<int32_t>::min();
+  constexpr int32_t kMaxShort = 16;
+  constexpr int32_t kMaxLong = 32;
+  constexpr size_t kFixed = 4;
+  const int32_t a = std::max(0, request.Integer(0, kAnyLow, kMaxLong));
+  const int32_t b = std::max(0, request.Integer(1, kAnyLow, kMaxLong));
+  const int32_t c = std::max(0, request.Integer(2, kAnyLow, kMaxShort));
+  request.Integer(3, 212, 212);
+  if (request.parameters.size() != kFixed + static_cast<size_t>(c)) {
     throw Refusal(kWrongFieldCount);
   }
-  const std::string shape = "ttttt" + repeated(c, 't') + repeated(a, 't') +
-                            repeated(b, 't') + "aaaaa" + repeated(c, 'a') +
-                            "a" + repeated(a, 'a') + "a" + repeated(a, 'a') +
+  const std::string shape = "ttttt" + Repeated(c, 't') + Repeated(a, 't') +
+                            Repeated(b, 't') + "aaaaa" + Repeated(c, 'a') +
+                            "a" + Repeated(a, 'a') + "a" + Repeated(a, 'a') +
                             "a" + "ttt";
   request.shape = shape;
-  request.values = read_shape(request.fields, shape);
-  return print_form(device, request);
+  request.values = ReadShape(request.fields, shape);
+  return PrintForm(device, request);
 }
 
 }  // namespace quilon::printer

@@ -1,35 +1,35 @@
 #include <string>
 #include <vector>
 
-#include "printer/commands/commands.h"
-#include "printer/device.h"
-#include "printer/mazovia.h"
-#include "printer/numbers.h"
+#include "printer/commands/handlers.h"
+#include "printer/fiscal/device.h"
+#include "printer/protocol/mazovia.h"
+#include "printer/protocol/numbers.h"
 
 namespace quilon::printer {
 namespace {
 
-constexpr std::size_t kMaxSlipLines = 8;
+constexpr size_t kMaxSlipLines = 8;
 
-std::vector<std::string> read_lines(Fields& fields, std::size_t most) {
+std::vector<std::string> ReadLines(Fields& fields, size_t most) {
   std::vector<std::string> lines;
   while (fields.rest().find('\r') != std::string_view::npos &&
          lines.size() < most) {
-    lines.push_back(mazovia_to_utf8(fields.text()));
+    lines.push_back(MazoviaToUtf8(fields.Text()));
   }
   return lines;
 }
 
-void print_lines(Paper& paper, const std::vector<std::string>& lines) {
+void PrintLines(Paper& paper, const std::vector<std::string>& lines) {
   for (const std::string& line : lines) {
-    paper.print(line);
+    paper.Print(line);
   }
 }
 
-void print_end(Device& device) {
-  device.paper.print_centered("# NIEFISKALNY #");
-  device.paper.print_pair("", device.date_and_time());
-  device.paper.tear_off({PrintoutKind::kSlip});
+void PrintEnd(Device& device) {
+  device.paper.PrintCentered("# NIEFISKALNY #");
+  device.paper.PrintPair("", device.DateAndTime());
+  device.paper.TearOff({PrintoutKind::kSlip});
   device.slip_open = false;
   device.slip_attached = false;
 }
@@ -38,50 +38,50 @@ void print_end(Device& device) {
 
 // "0;" kind ";" number ";" number ";" header flag ";" [number] "$w" [header]
 // CR. The header stands there only when the flag is 1.
-std::string begin_slip(Device& device, Request& request) {
-  request.check_integers(0, 5);
+std::string BeginSlip(Device& device, Request& request) {
+  request.CheckIntegers(0, 5);
   if (!request.parameters[5].empty()) {
-    request.integer(5);
+    request.Integer(5);
   }
-  const std::string header = request.fields.text();
-  request.fields.finish();
-  if (request.integer(4) != 1 && !header.empty()) {
+  const std::string header = request.fields.Text();
+  request.fields.Finish();
+  if (request.Integer(4) != 1 && !header.empty()) {
     throw Refusal(kWrongFieldCount);
   }
   device.slip_open = true;
   device.slip_attached = false;
-  device.paper.print_centered("# NIEFISKALNY #");
+  device.paper.PrintCentered("# NIEFISKALNY #");
   if (!header.empty()) {
-    device.paper.print_centered(mazovia_to_utf8(header));
+    device.paper.PrintCentered(MazoviaToUtf8(header));
   }
   return {};
 }
 
 // seven numbers "$w" up to eight lines, each text CR
-std::string print_slip_lines(Device& device, Request& request) {
-  request.check_integers();
+std::string PrintSlipLines(Device& device, Request& request) {
+  request.CheckIntegers();
   const std::vector<std::string> lines =
-      read_lines(request.fields, kMaxSlipLines);
-  request.fields.finish();
-  print_lines(device.paper, lines);
+      ReadLines(request.fields, kMaxSlipLines);
+  request.fields.Finish();
+  PrintLines(device.paper, lines);
   return {};
 }
 
 // "1;" kind ";" number ";" line count [";" number] "$w" [closing text CR]
 // lines, each text CR, and behind a fifth parameter ";" number. On paper the
 // closing text stands last.
-std::string end_slip(Device& device, Request& request) {
-  constexpr std::int32_t kMaxLines = 3;
-  request.check_integers();
-  const auto count = static_cast<std::size_t>(request.integer(3, 0, kMaxLines));
-  std::vector<std::string> lines = read_lines(request.fields, count + 1);
+std::string EndSlip(Device& device, Request& request) {
+  constexpr int32_t kMaxLines = 3;
+  request.CheckIntegers();
+  const auto count = static_cast<size_t>(request.Integer(3, 0, kMaxLines));
+  std::vector<std::string> lines = ReadLines(request.fields, count + 1);
   if (request.parameters.size() == 5) {
-    request.fields.until(';');
-    if (!parse_integer(request.fields.rest())) {
+    request.fields.Until(';');
+    if (!ParseInteger(request.fields.rest())) {
       throw Refusal(kBadParameter);
     }
   } else {
-    request.fields.finish();
+    request.fields.Finish();
   }
   if (lines.size() < count) {
     throw Refusal(kWrongFieldCount);
@@ -91,18 +91,18 @@ std::string end_slip(Device& device, Request& request) {
     closing_text = lines.front();
     lines.erase(lines.begin());
   }
-  print_lines(device.paper, lines);
+  PrintLines(device.paper, lines);
   if (!closing_text.empty()) {
-    device.paper.print(closing_text);
+    device.paper.Print(closing_text);
   }
-  print_end(device);
+  PrintEnd(device);
   return {};
 }
 
 // "28;" number "$z": ends the slip that came with a document
-std::string end_attached_slip(Device& device, Request& request) {
-  request.integer(1);
-  print_end(device);
+std::string EndAttachedSlip(Device& device, Request& request) {
+  request.Integer(1);
+  PrintEnd(device);
   return {};
 }
 

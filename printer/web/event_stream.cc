@@ -33,56 +33,56 @@ EventStream::EventStream(boost::asio::ip::tcp::socket socket,
   }
 }
 
-void EventStream::start(std::string header) {
-  send(std::move(header) +
+void EventStream::Start(std::string header) {
+  Send(std::move(header) +
        (last_ == 0 ? "event: reset\ndata: {}\n\n" : ":\n\n"));
 }
 
-void EventStream::wake() {
+void EventStream::Wake() {
   if (waiting_) {
     waiting_ = false;
     timer_.cancel();
-    send_news();
+    SendNews();
   }
 }
 
-void EventStream::send(std::string bytes) {
+void EventStream::Send(std::string bytes) {
   bytes_ = std::move(bytes);
   boost::asio::async_write(
       socket_, boost::asio::buffer(bytes_),
-      [self = shared_from_this()](const error_code& failure, std::size_t) {
+      [self = shared_from_this()](const error_code& failure, size_t) {
         if (!failure) {
-          self->pause();
+          self->Pause();
         }
       });
 }
 
-void EventStream::pause() {
+void EventStream::Pause() {
   timer_.expires_after(kPause);
   timer_.async_wait([self = shared_from_this()](const error_code& failure) {
     if (!failure) {
-      self->send_news();
+      self->SendNews();
     }
   });
 }
 
-void EventStream::send_news() {
+void EventStream::SendNews() {
   std::string events;
-  for (const Journal::News& news : journal_.since(last_)) {
+  for (const Journal::News& news : journal_.Since(last_)) {
     last_ = news.id;
     events += "event: " + news.kind + "\nid: " + run_ + "-" +
               std::to_string(news.id) + "\ndata: " + news.json + "\n\n";
   }
-  events.empty() ? wait_for_news() : send(std::move(events));
+  events.empty() ? WaitForNews() : Send(std::move(events));
 }
 
-void EventStream::wait_for_news() {
+void EventStream::WaitForNews() {
   waiting_ = true;
   timer_.expires_after(kStillness);
   timer_.async_wait([self = shared_from_this()](const error_code& failure) {
     if (!failure) {
       self->waiting_ = false;
-      self->send(":\n\n");
+      self->Send(":\n\n");
     }
   });
 }

@@ -25,21 +25,21 @@ class EventStream : public std::enable_shared_from_this<EventStream> {
               std::string run, std::string_view last_id);
 
   // Sends the HTTP header, which the caller has prepared, and then the news.
-  void start(std::string header);
+  void Start(std::string header);
   // There is news.
-  void wake();
+  void Wake();
 
  private:
-  void send(std::string bytes);
-  void pause();
-  void send_news();
-  void wait_for_news();
+  void Send(std::string bytes);
+  void Pause();
+  void SendNews();
+  void WaitForNews();
 
   boost::asio::ip::tcp::socket socket_;
   boost::asio::steady_timer timer_;
   const Journal& journal_;
   const std::string run_;
-  std::uint64_t last_ = 0;
+  uint64_t last_ = 0;
   std::string bytes_;  // being sent
   bool waiting_ = false;
 };

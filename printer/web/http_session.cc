@@ -21,15 +21,15 @@ using boost::system::error_code;
 
 constexpr unsigned kHttp11 = 11;
 constexpr std::chrono::seconds kPatience(30);
-constexpr std::size_t kMostHeader = 8 << 10;
-constexpr std::size_t kMostBody = 16 << 10;
+constexpr size_t kMostHeader = 8 << 10;
+constexpr size_t kMostBody = 16 << 10;
 
-std::string_view view_of(beast::string_view text) {
+std::string_view ViewOf(beast::string_view text) {
   return {text.data(), text.size()};
 }
 
 // Everything comes from here; nothing may be framed, guessed or kept.
-void protect(http::fields& fields) {
+void Protect(http::fields& fields) {
   fields.set("Content-Security-Policy",
              "default-src 'none'; script-src 'self'; style-src 'self'; "
              "font-src 'self'; img-src 'self'; connect-src 'self'; "
@@ -46,61 +46,61 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
         routes_(routes),
         handler_(std::move(handler)) {}
 
-  void read() {
+  void Read() {
     parser_.emplace();
     parser_->header_limit(kMostHeader);
     parser_->body_limit(kMostBody);
     stream_.expires_after(kPatience);
     http::async_read(
         stream_, buffer_, *parser_,
-        [self = shared_from_this()](const error_code& failure, std::size_t) {
+        [self = shared_from_this()](const error_code& failure, size_t) {
           if (!failure) {
-            self->answer();
+            self->Answer();
           }
         });
   }
 
  private:
-  void answer() {
+  void Answer() {
     const auto& request = parser_->get();
     if (request.method() == http::verb::get && request.target() == "/events" &&
-        routes_.host_allowed(view_of(request[http::field::host]))) {
-      hand_over();
+        routes_.HostAllowed(ViewOf(request[http::field::host]))) {
+      HandOver();
     } else {
-      respond();
+      Respond();
     }
   }
 
-  void respond() {
+  void Respond() {
     const auto& request = parser_->get();
-    WebResponse answer = routes_.respond(
-        {view_of(request.method_string()), view_of(request.target()),
-         view_of(request[http::field::host]), view_of(request["X-Token"]),
+    WebResponse answer = routes_.Respond(
+        {ViewOf(request.method_string()), ViewOf(request.target()),
+         ViewOf(request[http::field::host]), ViewOf(request["X-Token"]),
          request.body()});
     response_ = {http::int_to_status(answer.status), request.version()};
-    protect(response_);
+    Protect(response_);
     response_.set(http::field::content_type, answer.content_type);
     response_.body() = std::move(answer.body);
     response_.keep_alive(request.keep_alive());
     response_.prepare_payload();
     http::async_write(
         stream_, response_,
-        [self = shared_from_this()](const error_code& failure, std::size_t) {
+        [self = shared_from_this()](const error_code& failure, size_t) {
           if (!failure && self->response_.keep_alive()) {
-            self->read();
+            self->Read();
           }
         });
   }
 
-  void hand_over() {
+  void HandOver() {
     http::response<http::empty_body> header(http::status::ok, kHttp11);
-    protect(header);
+    Protect(header);
     header.set(http::field::content_type, "text/event-stream");
     header.keep_alive(false);
     std::ostringstream text;
     text << header.base();
     handler_(stream_.release_socket(), text.str(),
-             view_of(parser_->get()["Last-Event-ID"]));
+             ViewOf(parser_->get()["Last-Event-ID"]));
   }
 
   beast::tcp_stream stream_;
@@ -113,9 +113,9 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
 
 }  // namespace
 
-void serve_http(tcp::socket socket, const Routes& routes, NewsHandler handler) {
+void ServeHttp(tcp::socket socket, const Routes& routes, NewsHandler handler) {
   std::make_shared<HttpSession>(std::move(socket), routes, std::move(handler))
-      ->read();
+      ->Read();
 }
 
 }  // namespace quilon::printer

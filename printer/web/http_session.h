@@ -19,8 +19,8 @@ using NewsHandler =
                        std::string_view last_id)>;
 
 // The connection keeps itself and the handler alive, which keeps the routes.
-void serve_http(boost::asio::ip::tcp::socket socket, const Routes& routes,
-                NewsHandler handler);
+void ServeHttp(boost::asio::ip::tcp::socket socket, const Routes& routes,
+               NewsHandler handler);
 
 }  // namespace quilon::printer
 

@@ -1,19 +1,17 @@
 #include "printer/web/journal.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
+#include <array>
+#include <iterator>
 #include <utility>
 
-#include "printer/json.h"
-#include "printer/mazovia.h"
+#include "printer/watch/json.h"
 
 namespace quilon::printer {
 namespace {
 
-using nlohmann::json;
-
-template <class Kept>
-void keep(std::deque<Kept>& kept, Kept entry, std::size_t most) {
+template <typename Kept>
+void Keep(std::deque<Kept>& kept, Kept entry, size_t most) {
   kept.push_back(std::move(entry));
   if (kept.size() > most) {
     kept.pop_front();
@@ -21,19 +19,7 @@ void keep(std::deque<Kept>& kept, Kept entry, std::size_t most) {
 }
 
 // A frame may be 1 MiB long; nobody reads that on a page.
-json shortened(json exchange) {
-  constexpr std::size_t kMost = 2000;
-  for (const char* name : {"fields", "answer"}) {
-    const auto found = exchange.find(name);
-    if (found != exchange.end()) {
-      const auto& text = found->get_ref<const std::string&>();
-      if (text.size() > kMost) {
-        *found = std::string(first_characters(text, kMost)) + " …";
-      }
-    }
-  }
-  return exchange;
-}
+constexpr size_t kMostCharacters = 2000;
 
 }  // namespace
 
@@ -42,7 +28,7 @@ void Journal::set_listener(std::function<void()> listener) {
   listener_ = std::move(listener);
 }
 
-std::vector<Journal::News> Journal::since(std::uint64_t id) const {
+std::vector<Journal::News> Journal::Since(uint64_t id) const {
   std::vector<News> news;
   const auto take = [&](const auto& kept) {
     std::copy_if(kept.begin(), kept.end(), std::back_inserter(news),
@@ -64,7 +50,7 @@ std::vector<Journal::News> Journal::since(std::uint64_t id) const {
   return news;
 }
 
-std::optional<Printout> Journal::printout(std::int64_t number) const {
+std::optional<Printout> Journal::FindPrintout(int64_t number) const {
   const std::scoped_lock lock(mutex_);
   const auto found = std::find_if(
       kept_.begin(), kept_.end(),
@@ -72,44 +58,43 @@ std::optional<Printout> Journal::printout(std::int64_t number) const {
   return found == kept_.end() ? std::nullopt : std::optional(*found);
 }
 
-template <class Change>
-void Journal::add(std::string kind, const json& json, Change change) {
-  std::string text = json.dump();
+template <typename Change>
+void Journal::Add(std::string kind, std::string json, Change change) {
   const std::scoped_lock lock(mutex_);
-  change(News{++last_id_, std::move(kind), std::move(text)});
+  change(News{++last_id_, std::move(kind), std::move(json)});
   if (listener_) {
     listener_();
   }
 }
 
-void Journal::tear_off() {
-  add("torn", json::object(), [this](News news) {
+void Journal::TearOff() {
+  Add("torn", "{}", [this](News news) {
     printouts_.clear();
     kept_.clear();
     torn_ = std::move(news);
   });
 }
 
-void Journal::on_line(const std::string& line) {
-  add("line", line,
-      [this](News news) { keep(lines_, std::move(news), kKeptLines); });
+void Journal::OnLine(const std::string& line) {
+  Add("line", JsonOf(line),
+      [this](News news) { Keep(lines_, std::move(news), kKeptLines); });
 }
 
-void Journal::on_printout(const Printout& printout) {
-  add("printout", to_json(printout), [&](News news) {
+void Journal::OnPrintout(const Printout& printout) {
+  Add("printout", JsonOf(printout), [&](News news) {
     lines_.clear();
-    keep(printouts_, std::move(news), kKeptPrintouts);
-    keep(kept_, printout, kKeptPrintouts);
+    Keep(printouts_, std::move(news), kKeptPrintouts);
+    Keep(kept_, printout, kKeptPrintouts);
   });
 }
 
-void Journal::on_exchange(const Exchange& exchange) {
-  add("exchange", shortened(to_json(exchange)),
-      [this](News news) { keep(exchanges_, std::move(news), kKeptExchanges); });
+void Journal::OnExchange(const Exchange& exchange) {
+  Add("exchange", JsonOf(exchange, kMostCharacters),
+      [this](News news) { Keep(exchanges_, std::move(news), kKeptExchanges); });
 }
 
-void Journal::on_status(const Status& status) {
-  add("status", to_json(status),
+void Journal::OnStatus(const Status& status) {
+  Add("status", JsonOf(status),
       [this](News news) { status_ = std::move(news); });
 }
 

@@ -8,27 +8,26 @@
 #include <deque>
 #include <functional>
 #include <mutex>
-#include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "printer/watcher.h"
+#include "printer/watch/watcher.h"
 
 namespace quilon::printer {
 
 // May be asked from any thread.
 class Journal : public Watcher {
  public:
-  static constexpr std::size_t kKeptPrintouts = 200;
-  static constexpr std::size_t kKeptExchanges = 1000;
+  static constexpr size_t kKeptPrintouts = 200;
+  static constexpr size_t kKeptExchanges = 1000;
   // Of the paper that is not cut yet.
-  static constexpr std::size_t kKeptLines = 1000;
+  static constexpr size_t kKeptLines = 1000;
 
   // A piece of news, of the kind "line", "printout", "exchange", "status" or
   // "torn".
   struct News {
-    std::uint64_t id = 0;  // grows, beginning with 1
+    uint64_t id = 0;  // grows, beginning with 1
     std::string kind;
     std::string json;  // without line ends
   };
@@ -37,26 +36,26 @@ class Journal : public Watcher {
   void set_listener(std::function<void()> listener);
 
   // What is kept of the news behind the given one, oldest first.
-  std::vector<News> since(std::uint64_t id) const;
+  std::vector<News> Since(uint64_t id) const;
   // Empty when it is not kept.
-  std::optional<Printout> printout(std::int64_t number) const;
+  std::optional<Printout> FindPrintout(int64_t number) const;
   // Forgets the printouts that are finished.
-  void tear_off();
+  void TearOff();
 
-  void on_line(const std::string& line) override;
-  void on_printout(const Printout& printout) override;
-  void on_exchange(const Exchange& exchange) override;
-  void on_status(const Status& status) override;
+  void OnLine(const std::string& line) override;
+  void OnPrintout(const Printout& printout) override;
+  void OnExchange(const Exchange& exchange) override;
+  void OnStatus(const Status& status) override;
 
  private:
   // Calls the change with the next piece of news, whose kind and JSON are
   // given.
-  template <class Change>
-  void add(std::string kind, const nlohmann::json& json, Change change);
+  template <typename Change>
+  void Add(std::string kind, std::string json, Change change);
 
   mutable std::mutex mutex_;
   std::function<void()> listener_;
-  std::uint64_t last_id_ = 0;
+  uint64_t last_id_ = 0;
   std::deque<News> lines_;
   std::deque<News> exchanges_;
   std::deque<News> printouts_;

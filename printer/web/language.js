@@ -1,28 +1,40 @@
-// The page's language: which it is, and every element with data-word in it.
+// The page's language: which it is, and every element with data-word in it. Each file in languages/ is one of them.
 
-import { commands, setting, words } from "./words.js";
+const fetchJson = async (path) => (await fetch(path)).json();
+
+const [codes, { commands }] = await Promise.all([fetchJson("languages.json"), fetchJson("readings.json")]);
+const modules = await Promise.all(codes.map((code) => import(`./languages/${code}.js`)));
+const languages = new Map(codes.map((code, i) => [code, modules[i]]));
+const readings = new Map(commands.map((reading) => [reading.command, reading]));
 
 const listeners = [];
-let language = localStorage.getItem("language") ?? (navigator.language.startsWith("pl") ? "pl" : "en");
+const wishes = [localStorage.getItem("language"), navigator.language.slice(0, 2), "en"];
+let language = wishes.find((code) => languages.has(code));
 
 export function word(name) {
-  return words[language][name];
+  return languages.get(language).words[name];
 }
 
-// The name of a frame's command; empty when the command is unknown.
+// What the printer takes a frame's command for.
 export function commandName({ mnemonic, parameters }) {
   if (!mnemonic) {
     return word("strange");
   }
-  const choice = parameters.length === 1 ? parameters[0] : `${parameters[0]};`;
-  const names = commands[`${mnemonic} ${choice}`] ?? commands[mnemonic] ?? setting;
-  return names[language === "pl" ? 1 : 0];
+  const first = parameters.length === 1 ? parameters[0] : `${parameters[0]};`;
+  const names = [`${mnemonic} (${parameters.length})`, `${mnemonic} ${first}`, mnemonic];
+  const reading = names.map((name) => readings.get(name)).find(Boolean);
+  return reading[language] ?? reading.en;
 }
 
 // Calls back now and whenever the language changes.
 export function onLanguage(listener) {
   listeners.push(listener);
   listener();
+}
+
+// Of every language its code and what it calls itself.
+export function languageNames() {
+  return [...languages].map(([code, { name }]) => [code, name]);
 }
 
 export function currentLanguage() {

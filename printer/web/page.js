@@ -1,10 +1,9 @@
 // The page of a printer: shows the news as it comes, sends the orders of its buttons.
 
-import { currentLanguage, setLanguage, word } from "./language.js";
+import { currentLanguage, languageNames, setLanguage, word } from "./language.js";
 import * as roll from "./roll.js";
 import { setConnected, setStatus, toggleOrder } from "./status.js";
 import * as traffic from "./traffic.js";
-import { faultExamples } from "./words.js";
 
 const token = location.hash.slice(1);
 const trouble = document.getElementById("trouble");
@@ -57,12 +56,16 @@ function prepareButtons() {
   }
   onSubmit("refuse", () => order("refuse-next", { error: document.getElementById("refuse-error").valueAsNumber }));
   onSubmit("fault", () => order("fault", { fault: document.getElementById("fault-text").value.trim() }));
-  for (const example of faultExamples) {
-    document.getElementById("faults").append(new Option(example, example));
-  }
   document.getElementById("no-token").hidden = token !== "";
   for (const element of document.querySelectorAll(".order")) {
     element.disabled = token === "";
+  }
+}
+
+async function offerFaults() {
+  const response = await fetch("faults.json");
+  for (const { example } of await response.json()) {
+    document.getElementById("faults").append(new Option(example, example));
   }
 }
 
@@ -88,6 +91,9 @@ function prepareLooks() {
   prepareChoice("zoom", localStorage.getItem("zoom") ?? "1.75", (zoom) => {
     document.documentElement.style.setProperty("--zoom", zoom);
   });
+  for (const [code, name] of languageNames()) {
+    document.getElementById("language").append(new Option(name, code));
+  }
   prepareChoice("language", currentLanguage(), (language) => {
     if (language !== currentLanguage()) {
       setLanguage(language);
@@ -97,5 +103,6 @@ function prepareLooks() {
 
 prepareLooks();
 prepareButtons();
+void offerFaults();
 addEventListener("hashchange", () => location.reload());
 watch();

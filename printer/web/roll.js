@@ -60,7 +60,11 @@ export function addPrintout(printout) {
 }
 
 export function tearOff() {
-  keepingInSight(() => finished().forEach((sheet) => sheet.remove()));
+  keepingInSight(() => {
+    for (const sheet of finished()) {
+      sheet.remove();
+    }
+  });
 }
 
 export function clear() {

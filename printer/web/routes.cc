@@ -2,15 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <boost/asio/ip/address.hpp>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <stdexcept>
+#include <utility>
 
-#include "printer/embedded.h"
-#include "printer/numbers.h"
-#include "printer/picture.h"
+#include "printer/fiscal/fault_table.h"
+#include "printer/protocol/numbers.h"
 #include "printer/virtual_printer.h"
+#include "printer/watch/embedded.h"
+#include "printer/watch/picture.h"
 #include "printer/web/journal.h"
+#include "printer/wire/address.h"
 
 namespace quilon::printer {
 namespace {
@@ -22,26 +25,68 @@ constexpr unsigned kForbidden = 403;
 constexpr unsigned kNotFound = 404;
 constexpr unsigned kMethodNotAllowed = 405;
 
-struct PageFile {
-  std::string_view target;
-  const char* content_type;
-  std::string_view name;
+constexpr std::string_view kPage = "page.html";
+constexpr const char* kJson = "application/json";
+
+struct ContentType {
+  std::string_view suffix;
+  const char* name;
 };
 
-constexpr const char* kJavaScript = "text/javascript; charset=utf-8";
-
-constexpr std::array kPageFiles = {
-    PageFile{"/", "text/html; charset=utf-8", "page.html"},
-    PageFile{"/page.css", "text/css; charset=utf-8", "page.css"},
-    PageFile{"/page.js", kJavaScript, "page.js"},
-    PageFile{"/language.js", kJavaScript, "language.js"},
-    PageFile{"/roll.js", kJavaScript, "roll.js"},
-    PageFile{"/status.js", kJavaScript, "status.js"},
-    PageFile{"/traffic.js", kJavaScript, "traffic.js"},
-    PageFile{"/words.js", kJavaScript, "words.js"},
-    PageFile{"/icon.svg", "image/svg+xml", "icon.svg"},
-    PageFile{"/font.ttf", "font/ttf", kReceiptFont},
+constexpr std::array kContentTypes = {
+    ContentType{".html", "text/html; charset=utf-8"},
+    ContentType{".css", "text/css; charset=utf-8"},
+    ContentType{".js", "text/javascript; charset=utf-8"},
+    ContentType{".json", kJson},
+    ContentType{".svg", "image/svg+xml"},
+    ContentType{".ttf", "font/ttf"},
 };
+
+const char* ContentTypeOf(std::string_view name) {
+  const auto* type = std::find_if(
+      kContentTypes.begin(), kContentTypes.end(),
+      [&](const ContentType& known) { return name.ends_with(known.suffix); });
+  return type == kContentTypes.end() ? "application/octet-stream" : type->name;
+}
+
+// What the page offers to order.
+json FaultsJson() {
+  json faults = json::array();
+  for (const FaultRow& row : FaultTable()) {
+    faults.push_back({{"fault", FormOf(row)},
+                      {"effect", row.effect},
+                      {"example", row.example}});
+  }
+  return faults;
+}
+
+// Of "languages/en.js" and its like the codes.
+json LanguagesJson() {
+  constexpr std::string_view kFolder = "languages/";
+  constexpr std::string_view kSuffix = ".js";
+  json codes = json::array();
+  for (std::string_view name : EmbeddedFiles()) {
+    if (name.starts_with(kFolder)) {
+      name.remove_prefix(kFolder.size());
+      name.remove_suffix(kSuffix.size());
+      codes.push_back(name);
+    }
+  }
+  return codes;
+}
+
+// The page's file that a target names; the page itself has no name but "/".
+std::optional<WebResponse> PageFile(std::string_view target) {
+  if (!target.starts_with('/') || target.substr(1) == kPage) {
+    return std::nullopt;
+  }
+  const std::string_view name = target == "/" ? kPage : target.substr(1);
+  const auto bytes = EmbeddedFile(name);
+  if (!bytes) {
+    return std::nullopt;
+  }
+  return WebResponse{200, ContentTypeOf(name), std::string(*bytes)};
+}
 
 struct Order {
   std::string_view name;
@@ -67,30 +112,30 @@ constexpr std::array kOrders = {
             if (!number.is_number_integer() || number < 1 || number > kMost) {
               throw std::invalid_argument("the error should be 1 to 9999");
             }
-            p.refuse_next(number.get<int>());
+            p.RefuseNext(number.get<int>());
           }},
     Order{"fault",
           [](VirtualPrinter& p, const json& details) {
-            p.order_fault(details.at("fault").get<std::string>());
+            p.OrderFault(details.at("fault").get<std::string>());
           }},
     Order{"clear-faults",
-          [](VirtualPrinter& p, const json&) { p.clear_faults(); }},
+          [](VirtualPrinter& p, const json&) { p.ClearFaults(); }},
 };
 
 // Takes as long whatever the texts have in common.
-bool same_secret(std::string_view given, std::string_view secret) {
+bool SameSecret(std::string_view given, std::string_view secret) {
   unsigned difference = given.size() == secret.size() ? 0 : 1;
-  for (std::size_t i = 0; i < std::min(given.size(), secret.size()); ++i) {
+  for (size_t i = 0; i < std::min(given.size(), secret.size()); ++i) {
     difference |= static_cast<unsigned char>(given[i] ^ secret[i]);
   }
   return difference == 0;
 }
 
-WebResponse refusal(unsigned status, const std::string& reason) {
+WebResponse RefuseRequest(unsigned status, const std::string& reason) {
   return {status, "text/plain; charset=utf-8", reason + "\n"};
 }
 
-std::string joined(const std::vector<std::string>& lines) {
+std::string Joined(const std::vector<std::string>& lines) {
   std::string text;
   for (const std::string& line : lines) {
     text += line + "\n";
@@ -100,22 +145,22 @@ std::string joined(const std::vector<std::string>& lines) {
 
 }  // namespace
 
-WebResponse Routes::respond(const WebRequest& request) const {
-  if (!host_allowed(request.host)) {
-    return refusal(kForbidden, "call the printer by its address");
+WebResponse Routes::Respond(const WebRequest& request) const {
+  if (!HostAllowed(request.host)) {
+    return RefuseRequest(kForbidden, "call the printer by its address");
   }
   if (request.target == "/orders") {
     return request.method == "POST"
-               ? obey(request)
-               : refusal(kMethodNotAllowed, "orders are posted");
+               ? Obey(request)
+               : RefuseRequest(kMethodNotAllowed, "orders are posted");
   }
   return request.method == "GET"
-             ? get(request.target)
-             : refusal(kMethodNotAllowed, "there is only to read");
+             ? Get(request.target)
+             : RefuseRequest(kMethodNotAllowed, "there is only to read");
 }
 
-bool Routes::host_allowed(std::string_view host) const {
-  const std::size_t colon = host.rfind(':');
+bool Routes::HostAllowed(std::string_view host) const {
+  const size_t colon = host.rfind(':');
   if (colon != std::string_view::npos && host.back() != ']') {
     host = host.substr(0, colon);
   }
@@ -125,58 +170,61 @@ bool Routes::host_allowed(std::string_view host) const {
   if (host.size() > 2 && host.front() == '[' && host.back() == ']') {
     host = host.substr(1, host.size() - 2);
   }
-  boost::system::error_code failure;
-  boost::asio::ip::make_address(std::string(host), failure);
-  return !failure;
+  return IsIpAddress(std::string(host));
 }
 
-WebResponse Routes::get(std::string_view target) const {
-  for (const PageFile& file : kPageFiles) {
-    if (file.target == target) {
-      return {200, file.content_type, std::string(embedded_file(file.name))};
-    }
+WebResponse Routes::Get(std::string_view target) const {
+  if (auto file = PageFile(target)) {
+    return *std::move(file);
+  }
+  if (target == "/faults.json") {
+    return {200, kJson, FaultsJson().dump()};
+  }
+  if (target == "/languages.json") {
+    return {200, kJson, LanguagesJson().dump()};
   }
   constexpr std::string_view kFolder = "/printouts/";
-  constexpr std::size_t kSuffix = 4;
+  constexpr size_t kSuffix = 4;
   if (target.starts_with(kFolder) && target.size() > kFolder.size() + kSuffix) {
     const std::string_view suffix = target.substr(target.size() - kSuffix);
     target.remove_prefix(kFolder.size());
     target.remove_suffix(kSuffix);
-    const auto number = parse_integer(target);
-    const auto printout = number ? journal_.printout(*number) : std::nullopt;
+    const auto number = ParseInteger(target);
+    const auto printout =
+        number ? journal_.FindPrintout(*number) : std::nullopt;
     if (printout && suffix == ".png") {
-      return {200, "image/png", picture_of(printout->lines)};
+      return {200, "image/png", PictureOf(printout->lines)};
     }
     if (printout && suffix == ".txt") {
-      return {200, "text/plain; charset=utf-8", joined(printout->lines)};
+      return {200, "text/plain; charset=utf-8", Joined(printout->lines)};
     }
   }
-  return refusal(kNotFound, "there is no such page");
+  return RefuseRequest(kNotFound, "there is no such page");
 }
 
-WebResponse Routes::obey(const WebRequest& request) const {
-  if (!same_secret(request.token, token_)) {
-    return refusal(kForbidden, "the token is missing or wrong");
+WebResponse Routes::Obey(const WebRequest& request) const {
+  if (!SameSecret(request.token, token_)) {
+    return RefuseRequest(kForbidden, "the token is missing or wrong");
   }
   try {
     const json details = json::parse(request.body);
     const auto name = details.at("order").get<std::string>();
     if (name == "tear-off") {
-      journal_.tear_off();
+      journal_.TearOff();
       return {204};
     }
     const auto* order =
         std::find_if(kOrders.begin(), kOrders.end(),
                      [&](const Order& known) { return known.name == name; });
     if (order == kOrders.end()) {
-      return refusal(kBadRequest, "there is no order \"" + name + "\"");
+      return RefuseRequest(kBadRequest, "there is no order \"" + name + "\"");
     }
     order->carry_out(printer_, details);
     return {204};
   } catch (const json::exception&) {
-    return refusal(kBadRequest, "this is no order");
+    return RefuseRequest(kBadRequest, "this is no order");
   } catch (const std::invalid_argument& failure) {
-    return refusal(kBadRequest, failure.what());
+    return RefuseRequest(kBadRequest, failure.what());
   }
 }
 

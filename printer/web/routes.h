@@ -40,12 +40,12 @@ class Routes {
 
   // GET of the page's files, "/printouts/N.png" and "/printouts/N.txt"; POST of
   // "/orders". Thread-safe.
-  WebResponse respond(const WebRequest& request) const;
-  bool host_allowed(std::string_view host) const;
+  WebResponse Respond(const WebRequest& request) const;
+  bool HostAllowed(std::string_view host) const;
 
  private:
-  WebResponse get(std::string_view target) const;
-  WebResponse obey(const WebRequest& request) const;
+  WebResponse Get(std::string_view target) const;
+  WebResponse Obey(const WebRequest& request) const;
 
   VirtualPrinter& printer_;
   Journal& journal_;

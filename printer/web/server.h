@@ -2,10 +2,12 @@
 #ifndef PRINTER_WEB_SERVER_H_
 #define PRINTER_WEB_SERVER_H_
 
-#include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
 #include <memory>
 #include <string>
+
+namespace boost::asio {
+class io_context;
+}
 
 namespace quilon::printer {
 
@@ -16,9 +18,9 @@ class VirtualPrinter;
 // it.
 class WebServer {
  public:
-  // Listens at once; throws std::runtime_error when it cannot.
-  WebServer(boost::asio::io_context& context,
-            const boost::asio::ip::tcp::endpoint& endpoint,
+  // Listens on "ADDRESS:PORT" at once; throws std::invalid_argument when that
+  // is not an address, std::runtime_error when it cannot be listened on.
+  WebServer(boost::asio::io_context& context, const std::string& address,
             VirtualPrinter& printer, Journal& journal);
   WebServer(const WebServer&) = delete;
   WebServer& operator=(const WebServer&) = delete;

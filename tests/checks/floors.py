@@ -1,4 +1,4 @@
-"""Checks who includes whom: the floors of src/, circles, the printer's independence, the seam to the system."""
+"""Checks who includes whom: the floors of src/ and printer/, circles, what is pure, the seam to the system."""
 
 import pathlib
 import re
@@ -12,12 +12,35 @@ FLOORS = {
     "src/protocol": 4,
     "src/commands": 5,
     "src/api": 6,
+    "printer/protocol": 1,
+    "printer/fiscal": 2,
+    "printer/commands": 3,
+    "printer/watch": 4,
+    "printer/wire": 4,
+    "printer": 5,
+    "printer/web": 6,
+    "printer/program": 7,
 }
+
+# What the folders that printer/README.md calls pure do without: threads, files, and whatever is no standard header.
+IMPURE_HEADERS = {
+    "atomic", "barrier", "condition_variable", "csignal", "ctime", "filesystem", "fstream", "future", "iostream",
+    "latch",
+    "mutex", "semaphore", "shared_mutex", "stop_token", "thread", "time.h"
+}
+PURE_LIBRARIES = {"nlohmann/json.hpp", "nlohmann/json_fwd.hpp"}
+# A clock of the system, or chance that no seed repeats.
+IMPURE_CALL = re.compile(r"\b(\w+_clock::now|random_device|(?:local|gm)time(?:_r|_s)?|std::time)\b")
+PURE_SENTENCE = re.compile(r"^((?:`\w+/`(?:, | and ))*`\w+/`) are pure\b", re.MULTILINE)
 
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^">]+)[>"]', re.MULTILINE)
 SYSTEM_QUESTION = re.compile(r"\b(_WIN32|_WIN64|__MINGW32__|__MINGW64__|__linux__|__unix__)\b")
 STANDARD_HEADER = re.compile(r"[a-z_0-9]+")
-SEARCH_PATH = ["", "src/", "include/", "printer/", "tests/", "bench/", "fuzz/"]
+LIBRARY_HEADER = re.compile(r"(boost|CLI|nlohmann|stb)/.*")
+# Files of one system only.
+SYSTEM_FOLDER = re.compile(r"(src|printer)/(.*/)?(posix|win32)/")
+# A file is included by its path in the repository; the public headers as their users include them.
+SEARCH_PATH = ["", "include/"]
 
 
 class Tree:
@@ -37,39 +60,40 @@ class Tree:
                 self._add_include(name, bracket, included)
 
     def _add_include(self, name, bracket, included):
-        folder = name.rpartition("/")[0] + "/"
-        found = [prefix + included for prefix in [folder] + SEARCH_PATH if prefix + included in self.texts]
+        # Examples are copied out of the repository, with what stands beside them.
+        beside = [name.rpartition("/")[0] + "/"] if name.startswith("examples/") else []
+        found = [prefix + included for prefix in beside + SEARCH_PATH if prefix + included in self.texts]
         if found:
             self.includes[name].append(found[0])
         elif bracket == "<":
             self.system_includes[name].append(included)
         else:
-            self.missing.append(f'{name} includes "{included}", which is no file of the project')
+            self.missing.append(f'{name} includes "{included}", which is no path in the repository')
 
 
 def folder_of(name):
-    """The top folder, below src/ the floor's folder: "src/log", "printer"."""
-    parts = name.split("/")
-    return "/".join(parts[:2]) if parts[0] == "src" else parts[0]
+    """The top folder, in src/ and printer/ the floor's folder: "tests", "src/log", "printer", "printer/wire"."""
+    folders = name.split("/")[:-1]
+    return "/".join(folders[:2] if folders[0] in ("src", "printer") else folders[:1])
 
 
 def may_include(includer, included):
     source, target = folder_of(includer), folder_of(included)
-    if source == "printer":
-        return target == "printer"
-    if source == "include":
-        return target == "include"
-    if source == "examples":
-        return target in ("examples", "include")
-    if source in FLOORS:
-        return target in (source, "include") or FLOORS.get(target, 99) < FLOORS[source]
+    house, other = source.split("/")[0], target.split("/")[0]
+    allowed = {
+        "include": ["include"], "examples": ["examples", "include"], "src": ["src", "include"], "printer": ["printer"],
+    }
+    if other not in allowed.get(house, [other]):
+        return False
+    if source in FLOORS and other == house:
+        return target == source or FLOORS.get(target, 99) < FLOORS[source]
     return True
 
 
 def find_wrong_includes(tree):
     faults = list(tree.missing)
     for name, included_files in tree.includes.items():
-        if name.startswith("src/") and folder_of(name) not in FLOORS:
+        if name.startswith(("src/", "printer/")) and folder_of(name) not in FLOORS:
             faults.append(f"{name} stands on no floor")
         for included in included_files:
             if not may_include(name, included):
@@ -99,25 +123,44 @@ def find_circles(tree):
 def find_system_dependence(tree):
     """Questions for the system and headers of the system outside of the files made for them."""
     faults = []
-    printer_files = []
     for name, text in tree.texts.items():
         if folder_of(name) in ("src/platform", "include"):
             continue
         question = SYSTEM_QUESTION.search(text)
-        if question and name.startswith("printer/"):
-            printer_files.append(name)
-        elif question:
+        if question:
             faults.append(f"{name} asks for the system with {question.group(1)}")
-        if name.startswith("src/"):
+        if name.startswith(("src/", "printer/")) and not SYSTEM_FOLDER.match(name):
             for included in tree.system_includes[name]:
-                if not STANDARD_HEADER.fullmatch(included):
+                library = name.startswith("printer/") and LIBRARY_HEADER.fullmatch(included)
+                if not STANDARD_HEADER.fullmatch(included) and not library:
                     faults.append(f"{name} includes <{included}>, a header of the system")
-    if len(printer_files) > 1:
-        faults.append("more than one file of the printer asks for the system: " + ", ".join(printer_files))
+    return faults
+
+
+def pure_folders(readme):
+    """The folders of the printer of which its README says that they are pure: "printer/fiscal"."""
+    sentence = PURE_SENTENCE.search(readme)
+    return ["printer/" + name for name in re.findall(r"`(\w+)/`", sentence.group(1))] if sentence else []
+
+
+def find_impurity(tree, readme):
+    faults = []
+    pure = pure_folders(readme)
+    for name, text in tree.texts.items():
+        if folder_of(name) not in pure:
+            continue
+        for included in tree.system_includes[name]:
+            standard = STANDARD_HEADER.fullmatch(included) and included not in IMPURE_HEADERS
+            if not standard and included not in PURE_LIBRARIES:
+                faults.append(f"{name} is pure and must not include <{included}>")
+        for call in IMPURE_CALL.findall(text):
+            faults.append(f"{name} is pure and must not use {call}")
     return faults
 
 
 def find_faults(root):
     """What is wrong below `root`, a line each; empty when all is well."""
     tree = Tree(root)
-    return find_wrong_includes(tree) + find_circles(tree) + find_system_dependence(tree)
+    readme = pathlib.Path(root, "printer/README.md")
+    text = readme.read_text(encoding="utf-8") if readme.exists() else ""
+    return find_wrong_includes(tree) + find_circles(tree) + find_system_dependence(tree) + find_impurity(tree, text)

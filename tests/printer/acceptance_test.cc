@@ -1,4 +1,4 @@
-#include "printer/acceptance.h"
+#include "printer/watch/acceptance.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 namespace quilon::printer {
 namespace {
 
-Printout receipt(std::int64_t grosze) {
+Printout Receipt(int64_t grosze) {
   Printout printout;
   printout.kind = PrintoutKind::kReceipt;
   printout.sales = {0, 0, grosze, 0, 0, 0, 0};
@@ -19,7 +19,7 @@ Printout receipt(std::int64_t grosze) {
   return printout;
 }
 
-Exchange refused_line() {
+Exchange RefusedLine() {
   Exchange exchange;
   exchange.event = {Event::Kind::kFrame, "1;0;0^lx\r"};
   exchange.error = 20;
@@ -27,19 +27,19 @@ Exchange refused_line() {
 }
 
 // What the script says of one receipt of 12.98, paid with 20.00.
-std::string report_on(const std::string& document) {
-  Acceptance acceptance(parse_script(R"({"documents": [)" + document + "]}"));
-  acceptance.on_printout(receipt(1298));
-  EXPECT_EQ(acceptance.passed(),
-            acceptance.report() == "document 1: receipt: as expected\n");
-  return acceptance.report();
+std::string ReportOn(const std::string& document) {
+  Acceptance acceptance(ParseScript(R"({"documents": [)" + document + "]}"));
+  acceptance.OnPrintout(Receipt(1298));
+  EXPECT_EQ(acceptance.Passed(),
+            acceptance.Report() == "document 1: receipt: as expected\n");
+  return acceptance.Report();
 }
 
 TEST(Acceptance, AcceptsWhatWasExpected) {
-  EXPECT_EQ(report_on(R"({"kind": "receipt"})"),
+  EXPECT_EQ(ReportOn(R"({"kind": "receipt"})"),
             "document 1: receipt: as expected\n");
   EXPECT_EQ(
-      report_on(
+      ReportOn(
           R"({"kind": "receipt", "total": "12.98", "rates": {"C": "12.98"},
               "due": "12.98", "paid": "20",
               "lines": ["Chleb", "12,98", "SUMA"]})"),
@@ -48,7 +48,7 @@ TEST(Acceptance, AcceptsWhatWasExpected) {
 
 TEST(Acceptance, NamesEveryDifference) {
   EXPECT_EQ(
-      report_on(
+      ReportOn(
           R"({"kind": "invoice", "total": "12.99", "rates": {"A": "12.98"},
               "due": "13", "paid": "12.98", "lines": ["SUMA", "Chleb"]})"),
       "document 1: invoice\n"
@@ -62,65 +62,65 @@ TEST(Acceptance, NamesEveryDifference) {
 }
 
 TEST(Acceptance, MissesDocumentsAndFindsTooMany) {
-  Acceptance acceptance(parse_script(
+  Acceptance acceptance(ParseScript(
       R"({"documents": [{"kind": "receipt"}, {"kind": "report"}]})"));
-  EXPECT_EQ(acceptance.report(),
+  EXPECT_EQ(acceptance.Report(),
             "document 1: receipt\n  expected, but none was printed\n"
             "document 2: report\n  expected, but none was printed\n");
-  EXPECT_FALSE(acceptance.passed());
-  acceptance.on_printout(receipt(1298));
+  EXPECT_FALSE(acceptance.Passed());
+  acceptance.OnPrintout(Receipt(1298));
   Printout report;
-  acceptance.on_printout(report);
-  EXPECT_TRUE(acceptance.passed());
-  acceptance.on_printout(receipt(1298));
-  EXPECT_EQ(acceptance.report(),
+  acceptance.OnPrintout(report);
+  EXPECT_TRUE(acceptance.Passed());
+  acceptance.OnPrintout(Receipt(1298));
+  EXPECT_EQ(acceptance.Report(),
             "document 1: receipt: as expected\n"
             "document 2: report: as expected\n"
             "document 3: receipt\n  printed, but none was expected\n");
-  EXPECT_FALSE(acceptance.passed());
+  EXPECT_FALSE(acceptance.Passed());
 }
 
 TEST(Acceptance, CountsRefusedCommandsWhenAsked) {
-  Acceptance strict(parse_script(R"({"refused": 0, "documents": []})"));
-  EXPECT_TRUE(strict.passed());
-  strict.on_exchange(refused_line());
-  EXPECT_EQ(strict.report(),
+  Acceptance strict(ParseScript(R"({"refused": 0, "documents": []})"));
+  EXPECT_TRUE(strict.Passed());
+  strict.OnExchange(RefusedLine());
+  EXPECT_EQ(strict.Report(),
             "refused commands\n  expected 0, refused 1\n  ^l, error 20\n");
-  EXPECT_FALSE(strict.passed());
+  EXPECT_FALSE(strict.Passed());
 
-  Acceptance expecting(parse_script(R"({"refused": 1, "documents": []})"));
-  EXPECT_FALSE(expecting.passed());
-  expecting.on_exchange(refused_line());
-  EXPECT_TRUE(expecting.passed());
+  Acceptance expecting(ParseScript(R"({"refused": 1, "documents": []})"));
+  EXPECT_FALSE(expecting.Passed());
+  expecting.OnExchange(RefusedLine());
+  EXPECT_TRUE(expecting.Passed());
 
-  Acceptance careless(parse_script(R"({"documents": []})"));
-  careless.on_exchange(refused_line());
-  EXPECT_TRUE(careless.passed());
+  Acceptance careless(ParseScript(R"({"documents": []})"));
+  careless.OnExchange(RefusedLine());
+  EXPECT_TRUE(careless.Passed());
 }
 
 TEST(Acceptance, EndsWhenAllCameAndTheLineIsQuiet) {
   using std::chrono::seconds;
   Acceptance acceptance(
-      parse_script(R"({"within_seconds": 60, "quiet_seconds": 5,
+      ParseScript(R"({"within_seconds": 60, "quiet_seconds": 5,
                        "documents": [{"kind": "receipt"}]})"));
   const auto start = Acceptance::Clock::now();
-  EXPECT_FALSE(acceptance.finished(start + seconds(50)));
-  acceptance.on_exchange({});
-  acceptance.on_printout(receipt(1298));
-  EXPECT_FALSE(acceptance.finished(start + seconds(4)));
-  EXPECT_TRUE(acceptance.finished(Acceptance::Clock::now() + seconds(5)));
+  EXPECT_FALSE(acceptance.Finished(start + seconds(50)));
+  acceptance.OnExchange({});
+  acceptance.OnPrintout(Receipt(1298));
+  EXPECT_FALSE(acceptance.Finished(start + seconds(4)));
+  EXPECT_TRUE(acceptance.Finished(Acceptance::Clock::now() + seconds(5)));
 }
 
 TEST(Acceptance, GivesUpInTheEnd) {
-  const Acceptance acceptance(parse_script(
+  const Acceptance acceptance(ParseScript(
       R"({"within_seconds": 60, "documents": [{"kind": "receipt"}]})"));
   const auto now = Acceptance::Clock::now();
-  EXPECT_FALSE(acceptance.finished(now + std::chrono::seconds(59)));
-  EXPECT_TRUE(acceptance.finished(now + std::chrono::seconds(60)));
+  EXPECT_FALSE(acceptance.Finished(now + std::chrono::seconds(59)));
+  EXPECT_TRUE(acceptance.Finished(now + std::chrono::seconds(60)));
 }
 
 TEST(AcceptanceScript, MayHoldComments) {
-  const AcceptanceScript script = parse_script(
+  const AcceptanceScript script = ParseScript(
       "{// the first\n\"documents\": [/* none */], \"quiet_seconds\": 3}");
   EXPECT_EQ(script.quiet.count(), 3);
   EXPECT_EQ(script.within.count(), 60);
@@ -130,7 +130,7 @@ TEST(AcceptanceScript, MayHoldComments) {
 TEST(AcceptanceScript, SaysWhatIsWrong) {
   const auto complaint = [](const std::string& text) {
     try {
-      parse_script(text);
+      ParseScript(text);
     } catch (const std::runtime_error& failure) {
       return std::string(failure.what());
     }

@@ -1,4 +1,4 @@
-#include "printer/answer.h"
+#include "printer/protocol/answer.h"
 
 #include <gtest/gtest.h>
 
@@ -9,41 +9,41 @@ namespace {
 
 TEST(Answer, CarriesFieldsAndChecksum) {
   // FF ^ 23 ("#") = DC, ^ 45 ("E") = 99, ^ 34 ("4") = AD, ^ 2F ("/") = 82
-  EXPECT_EQ(Answer("#E").integer(4).finish(), "\x1BP#E4/82\x1B\\");
+  EXPECT_EQ(Answer("#E").Integer(4).Finish(), "\x1BP#E4/82\x1B\\");
 }
 
 TEST(Answer, PutsTextsBeforeTheMnemonic) {
   // FF ^ 31 ("1") = CE, ^ 3F ("?") = F1, ^ 65 ("e") = 94
-  EXPECT_EQ(Answer("?e", "1").finish(), "\x1BP1?e94\x1B\\");
+  EXPECT_EQ(Answer("?e", "1").Finish(), "\x1BP1?e94\x1B\\");
 }
 
 TEST(Answer, WritesAmountsWithTwoDecimals) {
   const std::string answer =
-      Answer("#X").amount(1205).amount(5).amount(1200).amount(-50).finish_with(
+      Answer("#X").Amount(1205).Amount(5).Amount(1200).Amount(-50).FinishWith(
           "");
   EXPECT_EQ(answer, "\x1BP#X12.05/0.05/12.00/-0.50/\x1B\\");
 }
 
 TEST(Answer, LetsALastTextRunUpToTheEscape) {
-  EXPECT_EQ(Answer("#R").text("name").finish_with("1.0/a"),
+  EXPECT_EQ(Answer("#R").Text("name").FinishWith("1.0/a"),
             "\x1BP#Rname\r1.0/a\x1B\\");
 }
 
 TEST(Answer, TakesSeparatorsOutOfTexts) {
   EXPECT_EQ(Answer("#R")
-                .text("a/b;c\rd\\e\x1B"
+                .Text("a/b;c\rd\\e\x1B"
                       "f")
-                .finish_with(""),
+                .FinishWith(""),
             "\x1BP#Ra?b?c?d?e?f\r\x1B\\");
   EXPECT_EQ(Answer("#R")
-                .line("a/b;c\rd\\e\x1B"
+                .Line("a/b;c\rd\\e\x1B"
                       "f")
-                .finish_with(""),
+                .FinishWith(""),
             "\x1BP#Ra/b;c?d?e?f\r\x1B\\");
 }
 
 TEST(Answer, NeverLooksLikeAnErrorReport) {
-  EXPECT_EQ(Answer("#R").line("x#Z#Zy").finish_with("#Z"),
+  EXPECT_EQ(Answer("#R").Line("x#Z#Zy").FinishWith("#Z"),
             "\x1BP#Rx#?#?y\r#?\x1B\\");
 }
 

@@ -9,14 +9,15 @@
 #include <string_view>
 #include <vector>
 
-#include "printer/device.h"
-#include "printer/line.h"
+#include "printer/commands/line.h"
+#include "printer/fiscal/device.h"
+#include "printer/watch/exchange.h"
 
 namespace quilon::printer {
 
 // ESC "P" body checksum ESC "\". The checksum is worked out here, apart from
 // the printer's own code.
-inline std::string framed(std::string_view body) {
+inline std::string Framed(std::string_view body) {
   unsigned sum = 0xFF;
   for (const char c : body) {
     sum ^= static_cast<unsigned char>(c);
@@ -27,49 +28,55 @@ inline std::string framed(std::string_view body) {
 }
 
 // The same without a checksum.
-inline std::string bare(std::string_view body) {
+inline std::string Bare(std::string_view body) {
   return "\x1BP" + std::string(body) + "\x1B\\";
 }
 
-inline std::chrono::local_seconds bench_time() {
+inline std::chrono::local_seconds BenchTime() {
   using std::chrono::local_days, std::chrono::year, std::chrono::hours,
       std::chrono::minutes;
   return local_days(year(2024) / 1 / 31) + hours(12) + minutes(5);
 }
 
 struct Bench {
-  Device device{bench_time};
+  Device device{BenchTime};
   std::vector<Exchange> heard;
-  Line line{device,
-            [this](const Exchange& exchange) { heard.push_back(exchange); }};
+  Line line{device, [this](Event event, Outcome outcome) {
+              heard.push_back({0,
+                               {},
+                               0,
+                               std::move(event),
+                               std::move(outcome.answer),
+                               outcome.error});
+            }};
 
   // Sends bytes as they are; returns the answer.
-  std::string hear(std::string_view bytes) {
-    return line.receive(bytes).answer;
+  std::string Hear(std::string_view bytes) {
+    return line.Receive(bytes).answer;
   }
   // Sends a command with its checksum; returns the answer.
-  std::string send(std::string_view body) {
-    return line.receive(framed(body)).answer;
+  std::string Send(std::string_view body) {
+    return line.Receive(Framed(body)).answer;
   }
 
   // Sends a command and returns the error number with which it was refused, 0
   // when it was accepted.
-  int verdict(std::string_view body) {
-    send(body);
+  int Verdict(std::string_view body) {
+    Send(body);
     return device.last_command_ok ? 0 : device.error;
   }
 
   // The paper since the last call.
-  std::vector<std::string> new_paper() {
+  std::vector<std::string> NewPaper() {
     const std::deque<std::string>& lines = device.paper.lines();
     std::vector<std::string> fresh(
-        lines.begin() + static_cast<std::ptrdiff_t>(seen_), lines.end());
+        lines.begin() + static_cast<ptrdiff_t>(seen_), lines.end());
     seen_ = lines.size();
     return fresh;
   }
 
  private:
-  std::size_t seen_ = 0;
+  size_t seen_ = 0;
 };
 
 }  // namespace quilon::printer

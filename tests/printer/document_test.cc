@@ -20,23 +20,23 @@ constexpr const char* kLine = "1;0;0^lChleb\r2\rA/4.50/9/";
 constexpr const char* kInvoice = "1;0;1;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r";
 
 struct Documents : testing::Test, Bench {
-  void open(const std::string& header = kHeader) {
-    EXPECT_EQ(verdict(header), 0);
-    EXPECT_EQ(verdict(kLine), 0);
+  void Open(const std::string& header = kHeader) {
+    EXPECT_EQ(Verdict(header), 0);
+    EXPECT_EQ(Verdict(kLine), 0);
   }
-  std::int64_t receipts() const { return sum_of(device.books.receipts); }
-  std::int64_t invoices() const { return sum_of(device.books.invoices); }
+  int64_t Receipts() const { return SumOf(device.books.receipts); }
+  int64_t Invoices() const { return SumOf(device.books.invoices); }
 };
 
 TEST_F(Documents, AnInvoiceStandsOnPaperAndInItsOwnBooks) {
-  EXPECT_EQ(verdict("1;2;1;5;6;0;7;0;0;8;9$hFV 1/2024\rSprzedawca\rul. Prosta\r"
+  EXPECT_EQ(Verdict("1;2;1;5;6;0;7;0;0;8;9$hFV 1/2024\rSprzedawca\rul. Prosta\r"
                     "000-000-00-00\rJan Nowak\r\rul. D\x92uga\r\rdw\xA2"
                     "ch\ruwag\r"),
             0);
-  EXPECT_EQ(verdict(kLine), 0);
+  EXPECT_EQ(Verdict(kLine), 0);
   // One extra line; code, extra line, three closing texts
-  EXPECT_EQ(verdict("1;2;1;0;0;1;3;4;5$ekod\rdodatek\rraz\r\rtrzy\r9/0/"), 0);
-  EXPECT_THAT(new_paper(),
+  EXPECT_EQ(Verdict("1;2;1;0;0;1;3;4;5$ekod\rdodatek\rraz\r\rtrzy\r9/0/"), 0);
+  EXPECT_THAT(NewPaper(),
               ElementsAre("               Sprzedawca",                 //
                           "               ul. Prosta",                 //
                           "           FAKTURA FV 1/2024",              //
@@ -58,8 +58,8 @@ TEST_F(Documents, AnInvoiceStandsOnPaperAndInItsOwnBooks) {
                           "                  trzy",                    //
                           "1                       2024-01-31 12:05",  //
                           ""));
-  EXPECT_EQ(invoices(), 900);
-  EXPECT_EQ(receipts(), 0);
+  EXPECT_EQ(Invoices(), 900);
+  EXPECT_EQ(Receipts(), 0);
   EXPECT_EQ(device.books.invoice_count, 1);
 }
 
@@ -67,45 +67,45 @@ TEST_F(Documents, AnInvoiceClosesInEveryMode) {
   struct Case {
     const char* mode;
     const char* value;
-    std::int64_t booked;
+    int64_t booked;
   };
   for (const Case& c :
        {Case{"0", "0", 900}, Case{"1", "10", 810}, Case{"2", "10", 990},
         Case{"3", "1.50", 750}, Case{"4", "1.50", 1050}}) {
-    const std::int64_t before = invoices();
-    open(kInvoice);
-    EXPECT_EQ(verdict(std::string("0;0;0;0;") + c.mode +
+    const int64_t before = Invoices();
+    Open(kInvoice);
+    EXPECT_EQ(Verdict(std::string("0;0;0;0;") + c.mode +
                       ";1;0;0;0$e\r\r\r\r9/" + c.value + "/"),
               0)
         << c.mode;
-    EXPECT_EQ(invoices() - before, c.booked) << c.mode;
+    EXPECT_EQ(Invoices() - before, c.booked) << c.mode;
   }
-  open(kInvoice);
-  EXPECT_EQ(verdict("0;0;0;0;5;1;0;0;0$e\r\r\r\r9/0/"), kBadParameter);
-  EXPECT_EQ(verdict("0;0;0;0;0;1;0;0;0$e\r\r\r\r8/0/"), kWrongTotal);
-  EXPECT_EQ(verdict("0;0;4;0;0;1;0;0;0$e\r\r\r\r\r\r\r\r9/0/"), kBadParameter);
-  EXPECT_EQ(verdict("0;0;1;0;0;1;0;0;0$e\r\r\r\r9/0/"), kWrongFieldCount);
+  Open(kInvoice);
+  EXPECT_EQ(Verdict("0;0;0;0;5;1;0;0;0$e\r\r\r\r9/0/"), kBadParameter);
+  EXPECT_EQ(Verdict("0;0;0;0;0;1;0;0;0$e\r\r\r\r8/0/"), kWrongTotal);
+  EXPECT_EQ(Verdict("0;0;4;0;0;1;0;0;0$e\r\r\r\r\r\r\r\r9/0/"), kBadParameter);
+  EXPECT_EQ(Verdict("0;0;1;0;0;1;0;0;0$e\r\r\r\r9/0/"), kWrongFieldCount);
   // The short form closes it, too.
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/9/0/"), 0);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9/0/"), 0);
 }
 
 TEST_F(Documents, AWrongInvoiceHeaderOpensNothing) {
-  EXPECT_EQ(verdict("1;9;1;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r"),
+  EXPECT_EQ(Verdict("1;9;1;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r"),
             kBadParameter);
-  EXPECT_EQ(verdict("1;1;1;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r"),
+  EXPECT_EQ(Verdict("1;1;1;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r"),
             kWrongFieldCount);
-  EXPECT_EQ(verdict("1;0;0;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r"),
+  EXPECT_EQ(Verdict("1;0;0;0;0;0;0;0;0;0;0$h17\r\r\r\r\r\r\r\r"),
             kBadParameter);
   EXPECT_FALSE(device.document);
-  EXPECT_THAT(new_paper(), IsEmpty());
+  EXPECT_THAT(NewPaper(), IsEmpty());
 }
 
 // mode, four numbers, both payment switches, a number; a leading text and eight
 // more; total, value and seven amounts
-std::string totals_closing(const std::string& mode, const std::string& total,
-                           const std::string& value,
-                           const std::string& switches = "0;0",
-                           const std::string& payments = "0/0/") {
+std::string TotalsClosing(const std::string& mode, const std::string& total,
+                          const std::string& value,
+                          const std::string& switches = "0;0",
+                          const std::string& payments = "0/0/") {
   return "5;0;1;" + mode + ";0;0;0;0;" + switches +
          ";0$xpierwszy\r\r\r\r\r\r\r\rostatni\r" + total + "/" + value +
          "/0/0/0/0/" + payments + "0/";
@@ -115,109 +115,109 @@ TEST_F(Documents, ATotalsClosingBooksInEveryMode) {
   struct Case {
     const char* mode;
     const char* value;
-    std::int64_t booked;
+    int64_t booked;
   };
   for (const Case& c :
        {Case{"0", "0", 900}, Case{"1", "10", 810}, Case{"2", "10", 990},
         Case{"3", "1.50", 750}, Case{"4", "1.50", 1050}}) {
-    const std::int64_t before = receipts();
-    open();
-    EXPECT_EQ(verdict(totals_closing(c.mode, "9", c.value)), 0) << c.mode;
-    EXPECT_EQ(receipts() - before, c.booked) << c.mode;
+    const int64_t before = Receipts();
+    Open();
+    EXPECT_EQ(Verdict(TotalsClosing(c.mode, "9", c.value)), 0) << c.mode;
+    EXPECT_EQ(Receipts() - before, c.booked) << c.mode;
   }
-  EXPECT_THAT(new_paper(), Contains("                ostatni"));
+  EXPECT_THAT(NewPaper(), Contains("                ostatni"));
 }
 
 TEST_F(Documents, ATotalsClosingPaysOrSumsUpThePayments) {
-  open();
-  EXPECT_EQ(verdict(totals_closing("0", "9", "0", "1;0", "8.99/0/")), kUnpaid);
-  EXPECT_EQ(verdict(totals_closing("0", "9", "0", "1;1", "8/1/")), 0);
+  Open();
+  EXPECT_EQ(Verdict(TotalsClosing("0", "9", "0", "1;0", "8.99/0/")), kUnpaid);
+  EXPECT_EQ(Verdict(TotalsClosing("0", "9", "0", "1;1", "8/1/")), 0);
 
-  open();
-  send("6$d5/1\r\r");
-  send("10$d4/1\r\r");
-  EXPECT_EQ(verdict(totals_closing("0", "9", "0", "1;1", "4/5/")), kBadPayment);
-  EXPECT_EQ(verdict(totals_closing("0", "9.01", "0", "1;1", "5/4/")),
+  Open();
+  Send("6$d5/1\r\r");
+  Send("10$d4/1\r\r");
+  EXPECT_EQ(Verdict(TotalsClosing("0", "9", "0", "1;1", "4/5/")), kBadPayment);
+  EXPECT_EQ(Verdict(TotalsClosing("0", "9.01", "0", "1;1", "5/4/")),
             kWrongTotal);
-  EXPECT_EQ(verdict(totals_closing("0", "9", "0", "1;1", "5/4/")), 0);
-  EXPECT_EQ(receipts(), 1800);
+  EXPECT_EQ(Verdict(TotalsClosing("0", "9", "0", "1;1", "5/4/")), 0);
+  EXPECT_EQ(Receipts(), 1800);
 }
 
 TEST_F(Documents, AListClosingFollowsItsCounts) {
-  open();
+  Open();
   // One line text, one payment of each form, one rate: parameters end with ";".
   const std::string parameters = "1;0;0;0;3;1;1;0;1;0;0;7;";
   const std::string texts =
       "kod\rkasa\rwstep\rlinia\rstawka\r1\rgotowka\r2\rkarta\r";
-  EXPECT_EQ(verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/5/2.50/"), 0);
-  EXPECT_EQ(receipts(), 750);
-  EXPECT_THAT(new_paper(), Contains("                 linia"));
+  EXPECT_EQ(Verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/5/2.50/"), 0);
+  EXPECT_EQ(Receipts(), 750);
+  EXPECT_THAT(NewPaper(), Contains("                 linia"));
 
-  open();
-  EXPECT_EQ(verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/5/2.49/"),
+  Open();
+  EXPECT_EQ(Verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/5/2.49/"),
             kUnpaid);
-  EXPECT_EQ(verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/5/"),
+  EXPECT_EQ(Verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/5/"),
             kWrongFieldCount);
   EXPECT_EQ(
-      verdict("1;0;0;0;3;1;1;0;2;0;0;7;$y" + texts + "9/1.50/0/0/9/0/5/2.50/"),
+      Verdict("1;0;0;0;3;1;1;0;2;0;0;7;$y" + texts + "9/1.50/0/0/9/0/5/2.50/"),
       kWrongFieldCount);
   EXPECT_EQ(
-      verdict("1;0;0;0;9;1;1;0;1;0;0;7;$y" + texts + "9/1.50/0/0/9/0/5/2.50/"),
+      Verdict("1;0;0;0;9;1;1;0;1;0;0;7;$y" + texts + "9/1.50/0/0/9/0/5/2.50/"),
       kBadParameter);
   EXPECT_FALSE(device.slip_attached);
 }
 
 TEST_F(Documents, AListClosingOfKindThreeMayBeFollowedByASlip) {
-  open();
-  send("6$d9/1\r\r");
+  Open();
+  Send("6$d9/1\r\r");
   EXPECT_EQ(
-      verdict("2;3;0;0;0;1;0;0;0;0;0;$ykod\rkasa\rwstep\r\r\r9/0/0/0/0/9/"), 0);
-  new_paper();
-  EXPECT_EQ(verdict("200;0;0;0;0;0;0$wtekst\r"), 0);
-  EXPECT_EQ(verdict("28;1$z"), 0);
-  EXPECT_THAT(new_paper(),
+      Verdict("2;3;0;0;0;1;0;0;0;0;0;$ykod\rkasa\rwstep\r\r\r9/0/0/0/0/9/"), 0);
+  NewPaper();
+  EXPECT_EQ(Verdict("200;0;0;0;0;0;0$wtekst\r"), 0);
+  EXPECT_EQ(Verdict("28;1$z"), 0);
+  EXPECT_THAT(NewPaper(),
               ElementsAre("tekst", "            # NIEFISKALNY #",
                           "                        2024-01-31 12:05", ""));
-  EXPECT_EQ(verdict("28;1$z"), kNoDocument);
+  EXPECT_EQ(Verdict("28;1$z"), kNoDocument);
 
   // A payment that is not above zero is left out; the slip need not come.
-  open();
+  Open();
   EXPECT_EQ(
-      verdict("2;3;0;0;0;1;1;0;0;0;0;$ykod\rkasa\rwstep\r\r\r\r\r9/0/0/0/0/9/"),
+      Verdict("2;3;0;0;0;1;1;0;0;0;0;$ykod\rkasa\rwstep\r\r\r\r\r9/0/0/0/0/9/"),
       0);
-  EXPECT_EQ(verdict(kHeader), 0);
-  EXPECT_EQ(verdict("200;0;0;0;0;0;0$wtekst\r"), kNoDocument);
+  EXPECT_EQ(Verdict(kHeader), 0);
+  EXPECT_EQ(Verdict("200;0;0;0;0;0;0$wtekst\r"), kNoDocument);
 }
 
 TEST_F(Documents, DepositsArePaidButNotBooked) {
-  open();
-  EXPECT_EQ(verdict("1$l7\r3\rP/0.50/1.50/"), 0);
-  EXPECT_EQ(verdict("1$l7\r3\rP/0.50/1.49/"), kBadDeposit);
-  EXPECT_EQ(verdict("1$l7\r3\rA/0.50/1.50/"), kBadRateLetter);
-  EXPECT_EQ(verdict("1$l7\r0\rP/0.50/0/"), kBadQuantity);
-  EXPECT_EQ(verdict("6$d10.49/1\r\r"), 0);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/9/0/"), kUnpaid);
-  EXPECT_EQ(verdict("6$d0.01/1\r\r"), 0);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/9/0/"), 0);
-  const auto paper = new_paper();
+  Open();
+  EXPECT_EQ(Verdict("1$l7\r3\rP/0.50/1.50/"), 0);
+  EXPECT_EQ(Verdict("1$l7\r3\rP/0.50/1.49/"), kBadDeposit);
+  EXPECT_EQ(Verdict("1$l7\r3\rA/0.50/1.50/"), kBadRateLetter);
+  EXPECT_EQ(Verdict("1$l7\r0\rP/0.50/0/"), kBadQuantity);
+  EXPECT_EQ(Verdict("6$d10.49/1\r\r"), 0);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9/0/"), kUnpaid);
+  EXPECT_EQ(Verdict("6$d0.01/1\r\r"), 0);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9/0/"), 0);
+  const auto paper = NewPaper();
   EXPECT_THAT(paper, Contains("KAUCJE                              1,50"));
   EXPECT_THAT(paper, Contains("DO ZAPŁATY                         10,50"));
-  EXPECT_EQ(receipts(), 900);
+  EXPECT_EQ(Receipts(), 900);
 }
 
 TEST_F(Documents, NotesArePrintedAndChangeNoTotal) {
-  open();
-  new_paper();
-  EXPECT_EQ(verdict("1$ndodatek\r1/"), 0);
-  EXPECT_EQ(verdict("1;2;3$L1/2/rabat\r"), 0);
-  EXPECT_EQ(verdict("1;2$Y1/2/podsuma\r"), 0);
-  EXPECT_EQ(verdict("1;2$b1/forma\r"), 0);
-  EXPECT_EQ(verdict("1;@za\rb\r1/2/"), 0);
-  EXPECT_EQ(verdict("1;2;3;4;a;b;c;5;6;7;8;9@cjeden\rdwa\r"), 0);
-  EXPECT_EQ(verdict("@eklient@poczta\r"), 0);
-  EXPECT_EQ(verdict("1;@eklient\r"), 0);
-  EXPECT_EQ(verdict("3;5;0;@eklient\r9/"), 0);
-  EXPECT_THAT(new_paper(),
+  Open();
+  NewPaper();
+  EXPECT_EQ(Verdict("1$ndodatek\r1/"), 0);
+  EXPECT_EQ(Verdict("1;2;3$L1/2/rabat\r"), 0);
+  EXPECT_EQ(Verdict("1;2$Y1/2/podsuma\r"), 0);
+  EXPECT_EQ(Verdict("1;2$b1/forma\r"), 0);
+  EXPECT_EQ(Verdict("1;@za\rb\r1/2/"), 0);
+  EXPECT_EQ(Verdict("1;2;3;4;a;b;c;5;6;7;8;9@cjeden\rdwa\r"), 0);
+  EXPECT_EQ(Verdict("@eklient@poczta\r"), 0);
+  EXPECT_EQ(Verdict("1;@eklient\r"), 0);
+  EXPECT_EQ(Verdict("3;5;0;@eklient\r9/"), 0);
+  EXPECT_THAT(NewPaper(),
               ElementsAre("                DODATEK", "dodatek",
                           "Kwota 1                             1,00",
                           "           ROZLICZENIE STAWKI",
@@ -235,30 +235,30 @@ TEST_F(Documents, NotesArePrintedAndChangeNoTotal) {
                           "               E-DOKUMENT", "klient@poczta",
                           "               E-DOKUMENT", "klient",
                           "               E-DOKUMENT", "klient", "9"));
-  EXPECT_EQ(verdict("3;5;0;@eklient\r"), kWrongFieldCount);
-  EXPECT_EQ(verdict("3;5;@eklient\r9/"), kWrongFieldCount);
-  EXPECT_EQ(verdict("x$n\r1/"), kBadParameter);
-  EXPECT_EQ(verdict("1;2;3;4;a;b;c;5;6;7;8;x@c\r"), kBadParameter);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/9/0/"), 0);
-  EXPECT_EQ(receipts(), 900);
-  EXPECT_EQ(verdict("1$ndodatek\r1/"), kNoDocument);
+  EXPECT_EQ(Verdict("3;5;0;@eklient\r"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("3;5;@eklient\r9/"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("x$n\r1/"), kBadParameter);
+  EXPECT_EQ(Verdict("1;2;3;4;a;b;c;5;6;7;8;x@c\r"), kBadParameter);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9/0/"), 0);
+  EXPECT_EQ(Receipts(), 900);
+  EXPECT_EQ(Verdict("1$ndodatek\r1/"), kNoDocument);
 }
 
 TEST_F(Documents, ADocumentOfThousandsOfLinesAddsUp) {
-  EXPECT_EQ(verdict(kHeader), 0);
+  EXPECT_EQ(Verdict(kHeader), 0);
   for (int i = 0; i < 5000; ++i) {
-    ASSERT_EQ(verdict(kLine), 0);
+    ASSERT_EQ(Verdict(kLine), 0);
   }
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/45000/0/"), 0);
-  EXPECT_EQ(receipts(), 4'500'000);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/45000/0/"), 0);
+  EXPECT_EQ(Receipts(), 4'500'000);
 }
 
 TEST_F(Documents, TheTotalHasALimit) {
-  EXPECT_EQ(verdict(kHeader), 0);
-  EXPECT_EQ(verdict("1;0;0^lDom\r1\rA/99999999.99/99999999.99/"), 0);
-  EXPECT_EQ(verdict("1;0;0^lDom\r1\rA/0.01/0.01/"), kTotalOverflow);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/99999999.99/0/"), 0);
-  EXPECT_EQ(receipts(), 9'999'999'999);
+  EXPECT_EQ(Verdict(kHeader), 0);
+  EXPECT_EQ(Verdict("1;0;0^lDom\r1\rA/99999999.99/99999999.99/"), 0);
+  EXPECT_EQ(Verdict("1;0;0^lDom\r1\rA/0.01/0.01/"), kTotalOverflow);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/99999999.99/0/"), 0);
+  EXPECT_EQ(Receipts(), 9'999'999'999);
 }
 
 }  // namespace

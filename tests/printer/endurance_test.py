@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""What quilon-printer stands in a long day: clients that come, go and die, garbage, ten thousand receipts, being killed.
+"""What quilon-printer stands in a long day: clients that come, go and die, garbage, ten thousand receipts, death.
 
     endurance_test.py PROGRAM
 
@@ -140,7 +140,7 @@ class Endurance(unittest.TestCase):
         print(f"{sent >> 20} MiB of garbage, at most {max(memory)} KiB of memory", file=sys.stderr)
 
     def test_no_receipt_is_lost_when_the_printer_is_killed(self):
-        """A hundred times: whatever the client was told is printed is in the state file, and at most one receipt more."""
+        """A hundred times: what the client was told is printed is in the state file, and at most one receipt more."""
         dice = random.Random(2)
         known = 0
         surprises = 0

@@ -1,4 +1,4 @@
-#include "printer/frame.h"
+#include "printer/protocol/frame.h"
 
 #include <gtest/gtest.h>
 
@@ -8,11 +8,11 @@
 namespace quilon::printer {
 namespace {
 
-std::vector<Event> parse(const std::string& bytes) {
+std::vector<Event> Parse(const std::string& bytes) {
   FrameParser parser;
   std::vector<Event> events;
   for (const char byte : bytes) {
-    if (auto event = parser.feed(byte)) {
+    if (auto event = parser.Feed(byte)) {
       events.push_back(*event);
     }
   }
@@ -20,24 +20,24 @@ std::vector<Event> parse(const std::string& bytes) {
 }
 
 TEST(Checksum, IsTheXorFromFFInTwoLowerCaseDigits) {
-  EXPECT_EQ(checksum(""), "ff");
+  EXPECT_EQ(ChecksumOf(""), "ff");
   // FF ^ 31 ("1") = CE, ^ 23 ("#") = ED, ^ 65 ("e") = 88
-  EXPECT_EQ(checksum("1#e"), "88");
+  EXPECT_EQ(ChecksumOf("1#e"), "88");
   // FF ^ 32 ^ 34 ^ 33 = CA, ^ 3B = F1, ^ 35 = C4, ^ 24 = E0, ^ 72 = 92
-  EXPECT_EQ(checksum("243;5$r"), "92");
+  EXPECT_EQ(ChecksumOf("243;5$r"), "92");
   // FF ^ F5 = 0A
-  EXPECT_EQ(checksum("\xF5"), "0a");
+  EXPECT_EQ(ChecksumOf("\xF5"), "0a");
 }
 
 TEST(FrameParser, FindsAFrameBetweenNoise) {
-  const auto events = parse("xyz\\\x1BP1#e88\x1B\\tail");
+  const auto events = Parse("xyz\\\x1BP1#e88\x1B\\tail");
   ASSERT_EQ(events.size(), 1U);
   EXPECT_EQ(events[0].kind, Event::Kind::kFrame);
   EXPECT_EQ(events[0].body, "1#e88");
 }
 
 TEST(FrameParser, ReportsControlBytesOutsideFramesOnly) {
-  const auto events = parse("\x10\x05\x1A\x1BP1$d\x10\x05\x1B\\\x10");
+  const auto events = Parse("\x10\x05\x1A\x1BP1$d\x10\x05\x1B\\\x10");
   ASSERT_EQ(events.size(), 5U);
   EXPECT_EQ(events[0].kind, Event::Kind::kControl);
   EXPECT_EQ(events[0].body, "\x10");
@@ -49,25 +49,25 @@ TEST(FrameParser, ReportsControlBytesOutsideFramesOnly) {
 }
 
 TEST(FrameParser, BeginsAnewWhenAFrameBeginsInsideAFrame) {
-  const auto events = parse("\x1BP1#e\x1BP2#e\x1B\\");
+  const auto events = Parse("\x1BP1#e\x1BP2#e\x1B\\");
   ASSERT_EQ(events.size(), 1U);
   EXPECT_EQ(events[0].body, "2#e");
 }
 
 TEST(FrameParser, KeepsAnEscapeThatNeitherBeginsNorEnds) {
-  const auto events = parse("\x1BP1\x1Bx\x1B\x1B\\");
+  const auto events = Parse("\x1BP1\x1Bx\x1B\x1B\\");
   ASSERT_EQ(events.size(), 1U);
   EXPECT_EQ(events[0].body, "1\x1Bx\x1B");
 }
 
 TEST(FrameParser, TakesABodyOfTheFullSizeAndDropsALongerOne) {
   const std::string full(FrameParser::kMaxBody, 'a');
-  auto events = parse("\x1BP" + full + "\x1B\\");
+  auto events = Parse("\x1BP" + full + "\x1B\\");
   ASSERT_EQ(events.size(), 1U);
   EXPECT_EQ(events[0].kind, Event::Kind::kFrame);
   EXPECT_EQ(events[0].body.size(), FrameParser::kMaxBody);
 
-  events = parse("\x1BP" + full + "b\x1B\\\x1BP#n\x1B\\");
+  events = Parse("\x1BP" + full + "b\x1B\\\x1BP#n\x1B\\");
   ASSERT_EQ(events.size(), 2U);
   EXPECT_EQ(events[0].kind, Event::Kind::kOverflow);
   EXPECT_EQ(events[1].kind, Event::Kind::kFrame);

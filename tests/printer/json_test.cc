@@ -1,4 +1,4 @@
-#include "printer/json.h"
+#include "printer/watch/json.h"
 
 #include <gtest/gtest.h>
 
@@ -13,18 +13,18 @@ namespace {
 using nlohmann::json;
 
 // The exchange that some bytes bring about on a fresh printer.
-json heard(const std::string& bytes) {
+json Heard(const std::string& bytes) {
   Bench bench;
-  bench.hear(bytes);
+  bench.Hear(bytes);
   EXPECT_EQ(bench.heard.size(), 1U);
-  json entry = to_json(bench.heard.at(0));
+  json entry = json::parse(JsonOf(bench.heard.at(0)));
   // 2024-01-31T12:05:00.000Z
   EXPECT_EQ(entry.at("time").get<std::string>().size(), 24U);
   entry.erase("time");
   return entry;
 }
 
-json frame(const json& parameters, const std::string& mnemonic,
+json Frame(const json& parameters, const std::string& mnemonic,
            const std::string& fields, const std::string& checksum,
            const std::string& answer, int error) {
   return {{"number", 0},          {"client", 0},
@@ -36,47 +36,47 @@ json frame(const json& parameters, const std::string& mnemonic,
 
 TEST(ExchangeJson, TakesAFrameApart) {
   EXPECT_EQ(
-      heard(framed("0;1;0;1;7$hSk\xA2r\rdobry\r")),
-      frame({"0", "1", "0", "1", "7"}, "$h", "Skór↵dobry↵", "right", "", 0));
+      Heard(Framed("0;1;0;1;7$hSk\xA2r\rdobry\r")),
+      Frame({"0", "1", "0", "1", "7"}, "$h", "Skór↵dobry↵", "right", "", 0));
 }
 
 TEST(ExchangeJson, TellsAWrongChecksumAndWhatCameInstead) {
-  EXPECT_EQ(heard(bare("0;0;0;1;0$h\r00")),
-            frame({"0", "0", "0", "1", "0"}, "$h", "↵00", "wrong", "", 2));
-  EXPECT_EQ(heard(bare("0;0;0;1;0$h")),
-            frame({"0", "0", "0", "1", "0"}, "$h", "", "wrong", "", 2));
+  EXPECT_EQ(Heard(Bare("0;0;0;1;0$h\r00")),
+            Frame({"0", "0", "0", "1", "0"}, "$h", "↵00", "wrong", "", 2));
+  EXPECT_EQ(Heard(Bare("0;0;0;1;0$h")),
+            Frame({"0", "0", "0", "1", "0"}, "$h", "", "wrong", "", 2));
 }
 
 TEST(ExchangeJson, TellsAChecksumThatMayBeMissing) {
-  EXPECT_EQ(heard(bare("#n")), frame(json::array(), "#n", "", "missing",
+  EXPECT_EQ(Heard(Bare("#n")), Frame(json::array(), "#n", "", "missing",
                                      // FF ^ "#E0/" = FF ^ 23 ^ 45 ^ 30 ^ 2F
                                      "#E0/86", 0));
   // FF ^ 23 ^ 6E = B2
-  EXPECT_EQ(heard(bare("#nb2")).at("checksum"), "right");
+  EXPECT_EQ(Heard(Bare("#nb2")).at("checksum"), "right");
   // What a display shows may end like a checksum.
-  EXPECT_EQ(heard(framed("2$dabc")).at("checksum"), "missing");
+  EXPECT_EQ(Heard(Framed("2$dabc")).at("checksum"), "missing");
 }
 
 TEST(ExchangeJson, ShowsAStrangeCommandWhole) {
-  EXPECT_EQ(heard(framed("1;2$Q\x01")),
-            frame({"1", "2"}, "", "$Q☺", "right", "", 1022));
-  EXPECT_EQ(heard(bare("hello")),
-            frame(json::array(), "", "", "wrong", "", 1022));
+  EXPECT_EQ(Heard(Framed("1;2$Q\x01")),
+            Frame({"1", "2"}, "", "$Q☺", "right", "", 1022));
+  EXPECT_EQ(Heard(Bare("hello")),
+            Frame(json::array(), "", "", "wrong", "", 1022));
 }
 
 TEST(ExchangeJson, NamesControlBytes) {
-  EXPECT_EQ(heard("\x10"), (json{{"number", 0},
+  EXPECT_EQ(Heard("\x10"), (json{{"number", 0},
                                  {"client", 0},
                                  {"kind", "control"},
                                  {"mnemonic", "DLE"},
                                  {"answer", "74"}}));
-  EXPECT_EQ(heard("\x05").at("mnemonic"), "ENQ");
-  EXPECT_EQ(heard("\x05").at("answer"), "6d");
-  EXPECT_EQ(heard("\x1A").at("mnemonic"), "SUB");
+  EXPECT_EQ(Heard("\x05").at("mnemonic"), "ENQ");
+  EXPECT_EQ(Heard("\x05").at("answer"), "6d");
+  EXPECT_EQ(Heard("\x1A").at("mnemonic"), "SUB");
 }
 
 TEST(ExchangeJson, TellsAFrameThatIsTooLong) {
-  EXPECT_EQ(heard(bare(std::string(FrameParser::kMaxBody + 1, 'a'))),
+  EXPECT_EQ(Heard(Bare(std::string(FrameParser::kMaxBody + 1, 'a'))),
             (json{{"number", 0},
                   {"client", 0},
                   {"kind", "overflow"},
@@ -88,9 +88,9 @@ TEST(ExchangeJson, TakesAnyBytes) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string body = std::string("2$d") + static_cast<char>(byte);
     Bench bench;
-    bench.hear(bare(body));
+    bench.Hear(Bare(body));
     for (const Exchange& exchange : bench.heard) {
-      EXPECT_NO_THROW(static_cast<void>(to_json(exchange).dump())) << byte;
+      EXPECT_NO_THROW(JsonOf(exchange)) << byte;
     }
   }
 }
@@ -99,8 +99,8 @@ TEST(StatusJson, HoldsTheTotalsOfBothSeries) {
   Bench bench;
   bench.device.books.receipts = {100, 0, 0, 0, 0, 0, 7};
   bench.device.books.receipt_count = 3;
-  bench.device.paper.run_out();
-  const json status = to_json(bench.device.status());
+  bench.device.paper.RunOut();
+  const json status = json::parse(JsonOf(StatusOf(bench.device)));
   EXPECT_EQ(status.at("receipts"),
             (json{{"count", 3}, {"totals", {100, 0, 0, 0, 0, 0, 7}}}));
   EXPECT_EQ(status.at("invoices"),

@@ -1,4 +1,4 @@
-#include "printer/picture.h"
+#include "printer/watch/picture.h"
 
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ namespace {
 // A decoded picture.
 struct Picture {
   explicit Picture(const std::vector<std::string>& lines) {
-    const std::string png = picture_of(lines);
+    const std::string png = PictureOf(lines);
     constexpr int kGrey = 1;
     int channels = 0;
     const std::unique_ptr<stbi_uc, void (*)(void*)> decoded(
@@ -33,27 +33,27 @@ struct Picture {
     EXPECT_TRUE(decoded != nullptr) << stbi_failure_reason();
     EXPECT_EQ(channels, kGrey);
     dots.assign(decoded.get(),
-                decoded.get() + static_cast<std::ptrdiff_t>(width) * height);
+                decoded.get() + static_cast<ptrdiff_t>(width) * height);
   }
 
   // How black the character cell is: 0 for blank paper.
-  int ink(int line, int column) const {
+  int Ink(int line, int column) const {
     // The 40 columns of 10 dots stand in the middle of 456.
     const int left = 28 + 10 * column;
     const int top = 40 + 22 * line;
     int sum = 0;
     for (int y = top; y < top + 22; ++y) {
       for (int x = left; x < left + 10; ++x) {
-        sum += 255 - dots.at(static_cast<std::size_t>(y) *
-                                 static_cast<std::size_t>(width) +
-                             static_cast<std::size_t>(x));
+        sum +=
+            255 - dots.at(static_cast<size_t>(y) * static_cast<size_t>(width) +
+                          static_cast<size_t>(x));
       }
     }
     return sum;
   }
-  int ink() const {
+  int Ink() const {
     int sum = 0;
-    for (const std::uint8_t dot : dots) {
+    for (const uint8_t dot : dots) {
       sum += 255 - dot;
     }
     return sum;
@@ -61,41 +61,41 @@ struct Picture {
 
   int width = 0;
   int height = 0;
-  std::vector<std::uint8_t> dots;
+  std::vector<uint8_t> dots;
 };
 
 TEST(Picture, IsAsWideAsThePaperAndGrowsWithTheLines) {
   // 57 mm of 8 dots; 40 dots of margin above and below, 22 dots a line
   EXPECT_EQ(Picture({}).width, 456);
   EXPECT_EQ(Picture({}).height, 80);
-  EXPECT_EQ(Picture({}).ink(), 0);
+  EXPECT_EQ(Picture({}).Ink(), 0);
   EXPECT_EQ(Picture({"a"}).height, 102);
   EXPECT_EQ(Picture({"a", "", "b"}).height, 146);
 }
 
 TEST(Picture, HasInkWhereTextStands) {
   const Picture picture({"A  B", "", std::string(39, ' ') + "C"});
-  EXPECT_GT(picture.ink(0, 0), 0);
-  EXPECT_EQ(picture.ink(0, 1), 0);
-  EXPECT_EQ(picture.ink(0, 2), 0);
-  EXPECT_GT(picture.ink(0, 3), 0);
-  EXPECT_EQ(picture.ink(1, 0), 0);
-  EXPECT_EQ(picture.ink(2, 0), 0);
-  EXPECT_GT(picture.ink(2, 39), 0);
-  EXPECT_EQ(picture.ink(),
-            picture.ink(0, 0) + picture.ink(0, 3) + picture.ink(2, 39));
+  EXPECT_GT(picture.Ink(0, 0), 0);
+  EXPECT_EQ(picture.Ink(0, 1), 0);
+  EXPECT_EQ(picture.Ink(0, 2), 0);
+  EXPECT_GT(picture.Ink(0, 3), 0);
+  EXPECT_EQ(picture.Ink(1, 0), 0);
+  EXPECT_EQ(picture.Ink(2, 0), 0);
+  EXPECT_GT(picture.Ink(2, 39), 0);
+  EXPECT_EQ(picture.Ink(),
+            picture.Ink(0, 0) + picture.Ink(0, 3) + picture.Ink(2, 39));
 }
 
 TEST(Picture, ShowsPolishLetters) {
   const Picture picture({"L\u0141l\u0142A\u0104Z\u017B"});
   for (int column = 0; column < 8; column += 2) {
-    EXPECT_GT(picture.ink(0, column + 1), picture.ink(0, column)) << column;
+    EXPECT_GT(picture.Ink(0, column + 1), picture.Ink(0, column)) << column;
   }
 }
 
 TEST(Picture, CutsWhatIsLongerThanALine) {
   const Picture picture({std::string(60, 'x')});
-  EXPECT_EQ(picture.ink(), 40 * picture.ink(0, 0));
+  EXPECT_EQ(picture.Ink(), 40 * picture.Ink(0, 0));
 }
 
 TEST(Picture, TakesBytesThatAreNoText) {
@@ -103,7 +103,7 @@ TEST(Picture, TakesBytesThatAreNoText) {
   for (int byte = 1; byte < 256; ++byte) {
     bytes += static_cast<char>(byte);
   }
-  for (std::size_t start = 0; start < bytes.size(); ++start) {
+  for (size_t start = 0; start < bytes.size(); ++start) {
     EXPECT_EQ(Picture({bytes.substr(start, 40)}).height, 102);
   }
   EXPECT_EQ(Picture({"\xF4", "\xF4\x8F"}).height, 124);
@@ -114,13 +114,13 @@ TEST(Picture, ShowsTheEndOfAnEndlessPrintout) {
   lines.back() = "y";
   const Picture picture(lines);
   EXPECT_EQ(picture.height, 80 + 22 * 1400);
-  EXPECT_GT(picture.ink(0, 0), 0);
+  EXPECT_GT(picture.Ink(0, 0), 0);
   const Picture sample({"[... 1101 ...]", "x", "y"});
   for (int column = 0; column < 14; ++column) {
-    EXPECT_EQ(picture.ink(0, column), sample.ink(0, column)) << column;
+    EXPECT_EQ(picture.Ink(0, column), sample.Ink(0, column)) << column;
   }
-  EXPECT_EQ(picture.ink(1, 0), sample.ink(1, 0));
-  EXPECT_EQ(picture.ink(1399, 0), sample.ink(2, 0));
+  EXPECT_EQ(picture.Ink(1, 0), sample.Ink(1, 0));
+  EXPECT_EQ(picture.Ink(1399, 0), sample.Ink(2, 0));
 }
 
 }  // namespace

@@ -9,8 +9,8 @@ import threading
 PATIENCE = 60
 ESC = b"\x1b"
 ENQ = b"\x05"
-# What scripts/demo prints, without its last line: the number and the time. Tax at 23 %: 24.50 * 23 / 123 = 4.58; at 5 %:
-# 42.35 * 5 / 105 = 2.02.
+# What scripts/demo prints, without its last line: the number and the time. Tax at 23 %: 24.50 * 23 / 123 = 4.58;
+# at 5 %: 42.35 * 5 / 105 = 2.02.
 DEMO_RECEIPT = pathlib.Path(__file__).parent.parent / "golden/demo_receipt.txt"
 
 

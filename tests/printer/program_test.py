@@ -13,12 +13,12 @@ import sys
 import tempfile
 import unittest
 
-from printer_process import CLOSING, ENQ, ESC, HEADER, LINE, RECEIPT, Printer, books, connect, framed
+from printer_process import ENQ, ESC, HEADER, RECEIPT, Printer, books, connect, framed
 
 COMMAND = []
 FAULTS = [
-    "book-nothing", "book-twice", "book-other", "lose-closing", "die-after-closing", "silent", "dead", "cut", "late", "paper-out",
-    "bad-checksum", "refuse", "garble",
+    "book-nothing", "book-twice", "book-other", "lose-closing", "die-after-closing", "silent", "dead", "cut", "late",
+    "paper-out", "bad-checksum", "refuse", "garble",
 ]
 PAPER = """\
             PARAGON FISKALNY
@@ -119,14 +119,14 @@ class Program(unittest.TestCase):
             self.assertRegex(entry.pop("time"), r"^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d\.\d{3}Z$")
         frame = {"kind": "frame", "client": 1, "answer": ""}
         self.assertEqual(entries, [
-            {**frame, "number": 1, "parameters": ["0", "0", "0", "1", "0"], "mnemonic": "$h", "fields": "↵", "checksum": "right",
-             "error": 0},
+            {**frame, "number": 1, "parameters": ["0", "0", "0", "1", "0"], "mnemonic": "$h", "fields": "↵",
+             "checksum": "right", "error": 0},
             {**frame, "number": 2, "parameters": ["1", "0", "0"], "mnemonic": "^l", "fields": "Chleb↵2↵A/4.50/9/00",
              "checksum": "wrong", "error": 2},
             # Document open, not the last command OK
             {"number": 3, "kind": "control", "client": 1, "mnemonic": "ENQ", "answer": "6a"},
-            {**frame, "number": 4, "client": 2, "parameters": ["7"], "mnemonic": "", "fields": "$Q", "checksum": "right",
-             "error": 1022},
+            {**frame, "number": 4, "client": 2, "parameters": ["7"], "mnemonic": "", "fields": "$Q",
+             "checksum": "right", "error": 1022},
             {"number": 5, "kind": "control", "client": 2, "mnemonic": "ENQ", "answer": "6a"},
         ])
 
@@ -157,7 +157,8 @@ class Program(unittest.TestCase):
 
     def test_accepts_what_a_script_expects(self):
         script = {"quiet_seconds": 0, "refused": 0, "documents": [
-            {"kind": "receipt", "total": "9.00", "rates": {"A": "9"}, "due": "9.00", "paid": "9.00", "lines": ["Chleb", "SUMA PLN"]},
+            {"kind": "receipt", "total": "9.00", "rates": {"A": "9"}, "due": "9.00", "paid": "9.00",
+             "lines": ["Chleb", "SUMA PLN"]},
             {"kind": "cancelled"},
         ]}
         self.assertEqual(self.run_script(script, RECEIPT + HEADER + framed(b"0$e")), (0, [
@@ -193,8 +194,8 @@ class Program(unittest.TestCase):
         self.assertEqual(printer.stop(), 0)
         for fault in FAULTS:
             self.assertRegex(text, rf"(?m)^  {fault}[=@].*\n      .*: {fault}\b")
-        for option in ("--tcp", "--pty", "--serial", "--paper", "--png", "--log", "--web", "--state", "--fault", "--seed",
-                       "--latency", "--baud", "--script"):
+        for option in ("--tcp", "--pty", "--serial", "--paper", "--png", "--log", "--web", "--state", "--fault",
+                       "--seed", "--latency", "--baud", "--script"):
             self.assertIn(option + " ", text)
 
     def test_refuses_wrong_options(self):

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "printer/fields.h"
+#include "printer/protocol/fields.h"
 #include "tests/printer/bench.h"
 
 namespace quilon::printer {
@@ -13,76 +13,76 @@ using testing::StartsWith;
 
 struct Query : testing::Test, Bench {
   // Sells 9.00 at rate A and 8.00 at rate G, and closes the receipt.
-  void sell() {
-    EXPECT_EQ(verdict("0;0;0;1;0$h\r"), 0);
-    EXPECT_EQ(verdict("1;0;0^lChleb\r2\rA/4.50/9/"), 0);
-    EXPECT_EQ(verdict("1;0;0^lMleko\r2\rG/4/8/"), 0);
-    EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/17/0/"), 0);
+  void Sell() {
+    EXPECT_EQ(Verdict("0;0;0;1;0$h\r"), 0);
+    EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.50/9/"), 0);
+    EXPECT_EQ(Verdict("1;0;0^lMleko\r2\rG/4/8/"), 0);
+    EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/17/0/"), 0);
     EXPECT_EQ(device.books.receipts[6], 800);
   }
-  std::string ask(std::string_view body) { return hear(bare(body)); }
+  std::string Ask(std::string_view body) { return Hear(Bare(body)); }
 };
 
 // The last text runs up to the ESC, so these answers carry no checksum.
 TEST_F(Query, DeviceTellsNameAndVersion) {
-  EXPECT_EQ(ask("#v"), bare("#RQuilon Virtual\r1.00"));
+  EXPECT_EQ(Ask("#v"), Bare("#RQuilon Virtual\r1.00"));
 }
 
 TEST_F(Query, TotalsTellRatesAndSumsOfTheAskedSeries) {
-  sell();
+  Sell();
   // fiscal, no document, last closed, no error, mode; date; reports; rates;
   // documents; totals; their sum; number
   EXPECT_EQ(
-      ask("23#s"),
-      bare("#X1/0/1/0/0/2024/1/31/0/23.00/8.00/5.00/0.00/100.00/7.00/4.00/1/"
+      Ask("23#s"),
+      Bare("#X1/0/1/0/0/2024/1/31/0/23.00/8.00/5.00/0.00/100.00/7.00/4.00/1/"
            "9.00/0.00/0.00/0.00/0.00/0.00/8.00/17.00/QVP0000000001"));
-  EXPECT_EQ(send("243;1$r"), "");
+  EXPECT_EQ(Send("243;1$r"), "");
   EXPECT_EQ(
-      ask("22#s"),
-      bare("#X1/0/1/0/1/2024/1/31/0/23.00/8.00/5.00/0.00/100.00/7.00/4.00/0/"
+      Ask("22#s"),
+      Bare("#X1/0/1/0/1/2024/1/31/0/23.00/8.00/5.00/0.00/100.00/7.00/4.00/0/"
            "0.00/0.00/0.00/0.00/0.00/0.00/0.00/0.00/QVP0000000001"));
 }
 
 TEST_F(Query, TotalsAreToldWithTheirChecksumToo) {
-  EXPECT_EQ(send("23#s"), ask("23#s"));
+  EXPECT_EQ(Send("23#s"), Ask("23#s"));
 }
 
 TEST_F(Query, ClockIsTold) {
-  EXPECT_EQ(ask("#c"), framed("#C2024/1/31/12/5/0/"));
+  EXPECT_EQ(Ask("#c"), Framed("#C2024/1/31/12/5/0/"));
 }
 
 TEST_F(Query, MemoryIsTold) {
-  sell();
-  EXPECT_EQ(ask("210#s"), framed("#XPF\rQVP0000000001\r1/0/30000/30000/"));
+  Sell();
+  EXPECT_EQ(Ask("210#s"), Framed("#XPF\rQVP0000000001\r1/0/30000/30000/"));
 }
 
 TEST_F(Query, LogProcessesAndReportsAreTold) {
-  sell();
-  EXPECT_EQ(send("#LOG7/"), framed("#LOG2024-01-31 12:05\r7/"));
-  EXPECT_EQ(send("?PROC"), framed("?PROCSERWER\rBEZCZYNNY\r100/0/"));
-  EXPECT_EQ(send("12;1$o"), framed("#X1/0/0/2024-01-31 12:05\r"));
-  EXPECT_EQ(send("1@PMI123456789012/1/2/3/"),
-            framed("@PMD1/2/3/0/123456789012\rPARAGONY 1\r0000001\r"));
-  EXPECT_EQ(send("?e"), framed("?e1/0/"));
-  EXPECT_EQ(verdict("1@PMIx/1/2/3/"), kBadParameter);
+  Sell();
+  EXPECT_EQ(Send("#LOG7/"), Framed("#LOG2024-01-31 12:05\r7/"));
+  EXPECT_EQ(Send("?PROC"), Framed("?PROCSERWER\rBEZCZYNNY\r100/0/"));
+  EXPECT_EQ(Send("12;1$o"), Framed("#X1/0/0/2024-01-31 12:05\r"));
+  EXPECT_EQ(Send("1@PMI123456789012/1/2/3/"),
+            Framed("@PMD1/2/3/0/123456789012\rPARAGONY 1\r0000001\r"));
+  EXPECT_EQ(Send("?e"), Framed("?e1/0/"));
+  EXPECT_EQ(Verdict("1@PMIx/1/2/3/"), kBadParameter);
 }
 
 TEST_F(Query, JournalHoldsThePaper) {
-  EXPECT_EQ(verdict("0;1;0;1;0$hZielona \xA7"
+  EXPECT_EQ(Verdict("0;1;0;1;0$hZielona \xA7"
                     "abka; a/b\\c\r\r"),
             0);
   // Two lines; a backslash cannot stand in an answer.
-  EXPECT_EQ(send("!e1/2/3/4/"),
-            framed("!e0/3/4/2/1/1/          Zielona \xA7"
+  EXPECT_EQ(Send("!e1/2/3/4/"),
+            Framed("!e0/3/4/2/1/1/          Zielona \xA7"
                    "abka; a/b?c\n            PARAGON FISKALNY\n\r"));
 }
 
 TEST_F(Query, JournalStateHasAFormForEachKind) {
-  sell();
-  EXPECT_EQ(send("0?EDB5/6/"), framed("?EDB5/6/1/"));
-  EXPECT_EQ(send("1?EDB5/6/"), framed("0?EDB5/6/1/"));
-  EXPECT_EQ(send("2?EDB5/6/"), framed("0?EDB5/6/1/"));
-  EXPECT_EQ(verdict("3?EDB5/6/"), kBadParameter);
+  Sell();
+  EXPECT_EQ(Send("0?EDB5/6/"), Framed("?EDB5/6/1/"));
+  EXPECT_EQ(Send("1?EDB5/6/"), Framed("0?EDB5/6/1/"));
+  EXPECT_EQ(Send("2?EDB5/6/"), Framed("0?EDB5/6/1/"));
+  EXPECT_EQ(Verdict("3?EDB5/6/"), kBadParameter);
 }
 
 // How many numbers (i), texts (t) and texts with separators (l) each block has.
@@ -98,16 +98,16 @@ TEST_F(Query, BlocksHaveTheirForms) {
         Case{"59", "i"}, Case{"60", "iiittiiiiiiiiiittttt"},
         Case{"61", "iiiiiiiiiil"}, Case{"62", "iiiiiii"},
         Case{"64", "ittlliii"}}) {
-    const std::string answer = ask(std::string(c.number) + "$i");
+    const std::string answer = Ask(std::string(c.number) + "$i");
     ASSERT_THAT(answer, StartsWith("\x1BP$I")) << c.number;
     // Without ESC "P$I", checksum, ESC "\"
     const std::string_view whole = answer;
     Fields fields(whole.substr(4, whole.size() - 8));
     for (const char kind : std::string(c.form)) {
       if (kind == 'i') {
-        EXPECT_NO_THROW(fields.integer('/')) << c.number;
+        EXPECT_NO_THROW(fields.Integer('/')) << c.number;
       } else {
-        const std::string text = fields.text();
+        const std::string text = fields.Text();
         EXPECT_FALSE(text.empty()) << c.number;
         EXPECT_TRUE(kind == 'l' ||
                     text.find_first_of("/;") == std::string::npos)
@@ -116,27 +116,27 @@ TEST_F(Query, BlocksHaveTheirForms) {
     }
     EXPECT_TRUE(fields.empty()) << c.number;
   }
-  send("44$i");
+  Send("44$i");
   EXPECT_EQ(device.error, kBadParameter);
 }
 
 TEST_F(Query, BlocksFollowTheState) {
-  sell();
-  send("1$d");
-  EXPECT_EQ(ask("57$i"), framed("$I1/"));
-  EXPECT_EQ(ask("62$i"), framed("$I9/0/0/0/0/0/8/"));
-  EXPECT_EQ(ask("43$i"), framed("$I1/0/0/0/0/0/1/0/0/"));
+  Sell();
+  Send("1$d");
+  EXPECT_EQ(Ask("57$i"), Framed("$I1/"));
+  EXPECT_EQ(Ask("62$i"), Framed("$I9/0/0/0/0/0/8/"));
+  EXPECT_EQ(Ask("43$i"), Framed("$I1/0/0/0/0/0/1/0/0/"));
 }
 
 TEST_F(Query, ErrorReportsComeAtOnceWhenAskedFor) {
-  EXPECT_EQ(send("1$Q"), "");
-  EXPECT_EQ(verdict("4#e"), kBadParameter);
-  EXPECT_EQ(verdict("1#e"), 0);
+  EXPECT_EQ(Send("1$Q"), "");
+  EXPECT_EQ(Verdict("4#e"), kBadParameter);
+  EXPECT_EQ(Verdict("1#e"), 0);
   // No checksum: the text behind the mark runs up to the ESC.
-  EXPECT_EQ(send("1$Q"), bare("1022#Z"));
-  EXPECT_EQ(send("0$e"), bare("0029#Z$e"));
-  EXPECT_EQ(verdict("0#e"), 0);
-  EXPECT_EQ(send("1$Q"), "");
+  EXPECT_EQ(Send("1$Q"), Bare("1022#Z"));
+  EXPECT_EQ(Send("0$e"), Bare("0029#Z$e"));
+  EXPECT_EQ(Verdict("0#e"), 0);
+  EXPECT_EQ(Send("1$Q"), "");
 }
 
 }  // namespace

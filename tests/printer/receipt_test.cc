@@ -23,17 +23,17 @@ struct Receipt : testing::Test, Bench {};
 
 TEST_F(Receipt, StandsOnPaperWithPolishLetters) {
   // "Sklep Żabka Łódź": Ż = A1, Ł = 9C, ó = A2, ź = A6; "Chałwa": ł = 92
-  EXPECT_EQ(verdict("0;1;0;1;0$hSklep \x9C\xA2"
+  EXPECT_EQ(Verdict("0;1;0;1;0$hSklep \x9C\xA2"
                     "d\xA6\rDo widzenia\r"),
             0);
-  EXPECT_EQ(verdict("1;0;0^lCha\x92wa\r2 szt\rA/4.50/9/"), 0);
+  EXPECT_EQ(Verdict("1;0;0^lCha\x92wa\r2 szt\rA/4.50/9/"), 0);
   // 1.05 kg at 3.99 = 4.1895, that is 4.19
-  EXPECT_EQ(verdict("2;0;0;1$lJab\x92ka\r1.5000000 kg\rC/3.99/4.19/luzem\r"),
+  EXPECT_EQ(Verdict("2;0;0;1$lJab\x92ka\r1.5000000 kg\rC/3.99/4.19/luzem\r"),
             0);
-  EXPECT_EQ(verdict("6$d20/1\r1\r"), 0);
-  EXPECT_EQ(verdict("1;0;1;0;0;0$ekod\rDzi\x91kujemy\r20/13.19/0/"), 0);
+  EXPECT_EQ(Verdict("6$d20/1\r1\r"), 0);
+  EXPECT_EQ(Verdict("1;0;1;0;0;0$ekod\rDzi\x91kujemy\r20/13.19/0/"), 0);
   // 9.00 x 23/123 = 1.6829; 4.19 x 5/105 = 0.1995
-  EXPECT_THAT(new_paper(),
+  EXPECT_THAT(NewPaper(),
               ElementsAre("               Sklep Łódź",                 //
                           "              Do widzenia",                 //
                           "            PARAGON FISKALNY",              //
@@ -62,14 +62,14 @@ TEST_F(Receipt, StandsOnPaperWithPolishLetters) {
 }
 
 TEST_F(Receipt, KeepsTheSecondNameLineApartFromTheQuantity) {
-  send(kHeader);
-  new_paper();
-  EXPECT_EQ(verdict("1;0;0^lChleb\rrazowy 1/2\r2\rA/4.50/9/"), 0);
-  EXPECT_THAT(new_paper(),
+  Send(kHeader);
+  NewPaper();
+  EXPECT_EQ(Verdict("1;0;0^lChleb\rrazowy 1/2\r2\rA/4.50/9/"), 0);
+  EXPECT_THAT(NewPaper(),
               ElementsAre("Chleb", "razowy 1/2",
                           "  2 x 4,50                        9,00 A"));
-  EXPECT_EQ(verdict("1;0;0^lChleb\r\r2\rA/4.50/9/"), 0);
-  EXPECT_THAT(new_paper(),
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r\r2\rA/4.50/9/"), 0);
+  EXPECT_THAT(NewPaper(),
               ElementsAre("Chleb", "  2 x 4,50                        9,00 A"));
 }
 
@@ -80,78 +80,78 @@ TEST_F(Receipt, AdjustsALineByEachMode) {
         std::tuple{"2", "10", 990, "  Narzut 10,00% stały"},
         std::tuple{"3", "1.50", 750, "  Rabat 1,50 stały"},
         std::tuple{"4", "1.50", 1050, "  Narzut 1,50 stały"}}) {
-    send(kHeader);
-    EXPECT_EQ(verdict(std::string("1;") + mode + ";0^lChleb\r2\rB/4.50/9/" +
+    Send(kHeader);
+    EXPECT_EQ(Verdict(std::string("1;") + mode + ";0^lChleb\r2\rB/4.50/9/" +
                       value + "/sta\x92y\r"),
               0);
-    EXPECT_EQ(sum_of(device.document->sales), booked);
-    EXPECT_THAT(new_paper(), Contains(HasSubstr(text)));
-    send("0$e");
+    EXPECT_EQ(SumOf(device.document->sales), booked);
+    EXPECT_THAT(NewPaper(), Contains(HasSubstr(text)));
+    Send("0$e");
   }
 }
 
 TEST_F(Receipt, RefusesAnImpossibleLineAdjustment) {
-  send(kHeader);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\rB/4.50/9/1/rabat\r"), kBadAdjustment);
-  EXPECT_EQ(verdict("1;3;0^lChleb\r2\rB/4.50/9/9/rabat\r"), kBadAdjustment);
-  EXPECT_EQ(verdict("1;3;0^lChleb\r2\rB/4.50/9/-1/rabat\r"), kBadAdjustment);
-  EXPECT_EQ(verdict("1;5;0^lChleb\r2\rB/4.50/9/1/rabat\r"), kBadParameter);
+  Send(kHeader);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rB/4.50/9/1/rabat\r"), kBadAdjustment);
+  EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/9/rabat\r"), kBadAdjustment);
+  EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/-1/rabat\r"), kBadAdjustment);
+  EXPECT_EQ(Verdict("1;5;0^lChleb\r2\rB/4.50/9/1/rabat\r"), kBadParameter);
   EXPECT_EQ(device.document->items, 0U);
 }
 
 TEST_F(Receipt, RefusesWrongLinesAndStaysUsable) {
-  EXPECT_EQ(verdict(kLine), kNoDocument);
-  EXPECT_EQ(verdict(kHeader), 0);
-  new_paper();
-  EXPECT_EQ(verdict(kHeader), kDocumentAlreadyOpen);
-  EXPECT_EQ(verdict("1;0;0^l\r2\rA/4.50/9/"), kBadItemName);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r\rA/4.50/9/"), kBadQuantity);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r-2\rA/4.50/9/"), kBadQuantity);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2x\rA/4.50/9/"), kBadQuantity);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\rH/4.50/9/"), kBadRateLetter);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\r/4.50/9/"), kBadRateLetter);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\rA/0/0/"), kBadPrice);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\rA/-4.-50/-9/"), kBadPrice);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\rA/4.5/9/"), kBadPrice);
-  EXPECT_EQ(verdict("1;0;0^lChleb\r2\rA/4.50/9.01/"), kWrongValue);
-  EXPECT_EQ(verdict("1;0;0;2$lChleb\r2\rA/4.50/9/\r"), kBadParameter);
-  EXPECT_EQ(verdict("1;0;0;1$lChleb\r2\rA/4.50/9/"), kWrongFieldCount);
-  EXPECT_THAT(new_paper(), IsEmpty());
-  EXPECT_EQ(verdict(kLine), 0);
-  EXPECT_EQ(verdict(kClose), 0);
+  EXPECT_EQ(Verdict(kLine), kNoDocument);
+  EXPECT_EQ(Verdict(kHeader), 0);
+  NewPaper();
+  EXPECT_EQ(Verdict(kHeader), kDocumentAlreadyOpen);
+  EXPECT_EQ(Verdict("1;0;0^l\r2\rA/4.50/9/"), kBadItemName);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r\rA/4.50/9/"), kBadQuantity);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r-2\rA/4.50/9/"), kBadQuantity);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2x\rA/4.50/9/"), kBadQuantity);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rH/4.50/9/"), kBadRateLetter);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\r/4.50/9/"), kBadRateLetter);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/0/0/"), kBadPrice);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/-4.-50/-9/"), kBadPrice);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.5/9/"), kBadPrice);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.50/9.01/"), kWrongValue);
+  EXPECT_EQ(Verdict("1;0;0;2$lChleb\r2\rA/4.50/9/\r"), kBadParameter);
+  EXPECT_EQ(Verdict("1;0;0;1$lChleb\r2\rA/4.50/9/"), kWrongFieldCount);
+  EXPECT_THAT(NewPaper(), IsEmpty());
+  EXPECT_EQ(Verdict(kLine), 0);
+  EXPECT_EQ(Verdict(kClose), 0);
   EXPECT_EQ(device.books.receipts[0], 900);
 }
 
 TEST_F(Receipt, TakesEveryRateLetter) {
-  send(kHeader);
+  Send(kHeader);
   for (const char letter : std::string("ABCDEFG")) {
-    EXPECT_EQ(verdict(std::string("1;0;0^lChleb\r2\r") + letter + "/4.50/9/"),
+    EXPECT_EQ(Verdict(std::string("1;0;0^lChleb\r2\r") + letter + "/4.50/9/"),
               0);
   }
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/63/0/"), 0);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/63/0/"), 0);
   EXPECT_EQ(device.books.receipts, (Totals{900, 900, 900, 900, 900, 900, 900}));
 }
 
 TEST_F(Receipt, ClosesOnlyWhenItIsRight) {
-  EXPECT_EQ(verdict(kClose), kNoDocument);
-  send(kHeader);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/0/0/"), kNoItems);
-  send(kLine);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r0/9.01/0/"), kWrongTotal);
-  EXPECT_EQ(verdict("1;0;0;0;0;0$e\r8.99/9/0/"), kUnpaid);
-  EXPECT_EQ(verdict("6$d5/1\r\r"), 0);
-  EXPECT_EQ(verdict(kClose), kUnpaid);
+  EXPECT_EQ(Verdict(kClose), kNoDocument);
+  Send(kHeader);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/0/0/"), kNoItems);
+  Send(kLine);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9.01/0/"), kWrongTotal);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r8.99/9/0/"), kUnpaid);
+  EXPECT_EQ(Verdict("6$d5/1\r\r"), 0);
+  EXPECT_EQ(Verdict(kClose), kUnpaid);
   EXPECT_TRUE(device.document);
-  EXPECT_EQ(sum_of(device.books.receipts), 0);
-  EXPECT_EQ(verdict("10$d4/1\r\r"), 0);
-  EXPECT_EQ(verdict(kClose), 0);
-  EXPECT_EQ(sum_of(device.books.receipts), 900);
+  EXPECT_EQ(SumOf(device.books.receipts), 0);
+  EXPECT_EQ(Verdict("10$d4/1\r\r"), 0);
+  EXPECT_EQ(Verdict(kClose), 0);
+  EXPECT_EQ(SumOf(device.books.receipts), 900);
 }
 
 TEST_F(Receipt, BooksTheTotalAfterADiscountOrSurcharge) {
   struct Case {
     const char* close;
-    std::int64_t booked;
+    int64_t booked;
   };
   // Of 9.00: no change; 10% off given in the parameters; 5% off given with the
   // amounts, which outweighs the parameters; 5% on top.
@@ -159,23 +159,23 @@ TEST_F(Receipt, BooksTheTotalAfterADiscountOrSurcharge) {
        {Case{"1;0;0;0;0;0$e\r0/9/0/", 900}, Case{"1;10;0;0;0;0$e\r0/9/0/", 810},
         Case{"1;10;0;0;1;0$e\r0/9/5/", 855},
         Case{"1;0;0;0;2;0$e\r0/9/5/", 945}}) {
-    const std::int64_t before = sum_of(device.books.receipts);
-    send(kHeader);
-    send(kLine);
-    EXPECT_EQ(verdict(c.close), 0) << c.close;
-    EXPECT_EQ(sum_of(device.books.receipts) - before, c.booked) << c.close;
+    const int64_t before = SumOf(device.books.receipts);
+    Send(kHeader);
+    Send(kLine);
+    EXPECT_EQ(Verdict(c.close), 0) << c.close;
+    EXPECT_EQ(SumOf(device.books.receipts) - before, c.booked) << c.close;
   }
 }
 
 TEST_F(Receipt, TakesEveryFormOfPayment) {
-  send(kHeader);
-  send(kLine);
-  EXPECT_EQ(verdict("6$d1/1\r2\r"), 0);
-  EXPECT_EQ(verdict("7$d2/2\r1.50000000\r"), 0);
-  EXPECT_EQ(verdict("10$d3/3\r0\r"), 0);
-  EXPECT_EQ(verdict("11$d3.05/4\r\r"), 0);
-  EXPECT_EQ(verdict(kClose), 0);
-  const auto paper = new_paper();
+  Send(kHeader);
+  Send(kLine);
+  EXPECT_EQ(Verdict("6$d1/1\r2\r"), 0);
+  EXPECT_EQ(Verdict("7$d2/2\r1.50000000\r"), 0);
+  EXPECT_EQ(Verdict("10$d3/3\r0\r"), 0);
+  EXPECT_EQ(Verdict("11$d3.05/4\r\r"), 0);
+  EXPECT_EQ(Verdict(kClose), 0);
+  const auto paper = NewPaper();
   EXPECT_THAT(paper, Contains("Gotówka 1                           1,00"));
   EXPECT_THAT(paper, Contains("Karta 2                             2,00"));
   EXPECT_THAT(paper, Contains("Inna forma 3                        3,00"));
@@ -184,42 +184,42 @@ TEST_F(Receipt, TakesEveryFormOfPayment) {
 }
 
 TEST_F(Receipt, RefusesAWrongPayment) {
-  EXPECT_EQ(verdict("6$d1/1\r\r"), kNoDocument);
-  send(kHeader);
-  EXPECT_EQ(verdict("6$d0/1\r\r"), kBadPayment);
-  EXPECT_EQ(verdict("6$d-1/1\r\r"), kBadPayment);
-  EXPECT_EQ(verdict("6$dx/1\r\r"), kBadPayment);
-  EXPECT_EQ(verdict("6$d1/1\rx\r"), kBadQuantity);
-  EXPECT_EQ(verdict("6$d1/x\r\r"), kBadParameter);
-  EXPECT_EQ(verdict("6$d1/1\r"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("6$d1/1\r\r"), kNoDocument);
+  Send(kHeader);
+  EXPECT_EQ(Verdict("6$d0/1\r\r"), kBadPayment);
+  EXPECT_EQ(Verdict("6$d-1/1\r\r"), kBadPayment);
+  EXPECT_EQ(Verdict("6$dx/1\r\r"), kBadPayment);
+  EXPECT_EQ(Verdict("6$d1/1\rx\r"), kBadQuantity);
+  EXPECT_EQ(Verdict("6$d1/x\r\r"), kBadParameter);
+  EXPECT_EQ(Verdict("6$d1/1\r"), kWrongFieldCount);
   EXPECT_THAT(device.document->payments, IsEmpty());
 }
 
 TEST_F(Receipt, IsCancelledWithoutBooking) {
-  EXPECT_EQ(verdict("0$e"), kNoDocument);
-  send(kHeader);
-  send(kLine);
-  new_paper();
-  EXPECT_EQ(verdict("0$eKasa 1\rJan\r"), 0);
-  EXPECT_THAT(new_paper(),
+  EXPECT_EQ(Verdict("0$e"), kNoDocument);
+  Send(kHeader);
+  Send(kLine);
+  NewPaper();
+  EXPECT_EQ(Verdict("0$eKasa 1\rJan\r"), 0);
+  EXPECT_THAT(NewPaper(),
               ElementsAre("               ANULOWANO", "                 Kasa 1",
                           "                  Jan",
                           "                        2024-01-31 12:05", ""));
-  EXPECT_EQ(sum_of(device.books.receipts), 0);
+  EXPECT_EQ(SumOf(device.books.receipts), 0);
   EXPECT_EQ(device.books.cancelled_count, 1);
   EXPECT_FALSE(device.last_document_closed);
 }
 
 TEST(Spread, KeepsTheSumAndTheProportion) {
   // 8.10 over 6.00 and 3.00 is 5.40 and 2.70
-  EXPECT_EQ(spread({600, 300, 0, 0, 0, 0, 0}, 810),
+  EXPECT_EQ(Spread({600, 300, 0, 0, 0, 0, 0}, 810),
             (Totals{540, 270, 0, 0, 0, 0, 0}));
   // 1.00 over three equal parts: 33, 66 and 100 are the running shares
-  EXPECT_EQ(spread({0, 100, 100, 100, 0, 0, 0}, 100),
+  EXPECT_EQ(Spread({0, 100, 100, 100, 0, 0, 0}, 100),
             (Totals{0, 33, 33, 34, 0, 0, 0}));
   const Totals large{9'999'999'000, 333, 333, 333, 0, 0, 0};
-  EXPECT_EQ(sum_of(spread(large, 9'999'999'998)), 9'999'999'998);
-  EXPECT_EQ(spread(large, 9'999'999'999), large);
+  EXPECT_EQ(SumOf(Spread(large, 9'999'999'998)), 9'999'999'998);
+  EXPECT_EQ(Spread(large, 9'999'999'999), large);
 }
 
 }  // namespace

@@ -75,8 +75,8 @@ class SerialProgram(unittest.TestCase):
         self.addCleanup(printer.stop)
         self.assertEqual(printer.expect("listening on "), f"{printer_port} at 19200 baud")
         shop = subprocess.run(
-            [*LAUNCHER, PROGRAMS[1], "--serial", shop_port, "19200"], stdin=subprocess.DEVNULL, capture_output=True, check=False,
-            timeout=120,
+            [*LAUNCHER, PROGRAMS[1], "--serial", shop_port, "19200"], stdin=subprocess.DEVNULL, capture_output=True,
+            check=False, timeout=120,
         )
         self.assertEqual(shop.returncode, 0, shop.stdout)
         expected = DEMO_RECEIPT.read_text(encoding="utf-8").splitlines()

@@ -18,26 +18,26 @@ TEST_F(Settings, EveryCommandIsAccepted) {
         "1;1;2;3;4;5;6-7$P1/2/3/4/5/6/", "1^c978\reuro\r", "100;1$ztekst\r",
         "1^ba/b/c/d/e/f\rg/", "0;5^ba/b/c/d/e/f\rg/", "$m", "3#ba\rb/c\rd\r",
         "4#l", "@CERT1/2/3/a\r", "!EDB1/", "243;0$r"}) {
-    EXPECT_EQ(verdict(body), 0) << body;
+    EXPECT_EQ(Verdict(body), 0) << body;
   }
   EXPECT_THAT(device.settings["#b"].fields, ElementsAre("a", "b", "c", "d"));
   EXPECT_THAT(device.settings["#l"].parameters, ElementsAre("4"));
 }
 
 TEST_F(Settings, WrongFormsAreRefused) {
-  EXPECT_EQ(verdict("x#l"), kBadParameter);
-  EXPECT_EQ(verdict("#l"), kWrongFieldCount);
-  EXPECT_EQ(verdict("@CERT1/2/3/"), kWrongFieldCount);
-  EXPECT_EQ(verdict("@CERT1/2/x/a\r"), kBadParameter);
-  EXPECT_EQ(verdict("@CERT1/2/3/a\rb\r"), kWrongFieldCount);
-  EXPECT_EQ(verdict("244;0$r"), kBadParameter);
-  EXPECT_EQ(verdict("!EDB2147483648/"), kBadParameter);
+  EXPECT_EQ(Verdict("x#l"), kBadParameter);
+  EXPECT_EQ(Verdict("#l"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("@CERT1/2/3/"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("@CERT1/2/x/a\r"), kBadParameter);
+  EXPECT_EQ(Verdict("@CERT1/2/3/a\rb\r"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("244;0$r"), kBadParameter);
+  EXPECT_EQ(Verdict("!EDB2147483648/"), kBadParameter);
 }
 
 TEST_F(Settings, ClockIsSetAndShownOnPaper) {
-  EXPECT_EQ(verdict("24;12;31;23;59;58$ckasa\rkasjer\r"), 0);
-  EXPECT_EQ(hear(bare("#c")), framed("#C2024/12/31/23/59/58/"));
-  EXPECT_THAT(new_paper(),
+  EXPECT_EQ(Verdict("24;12;31;23;59;58$ckasa\rkasjer\r"), 0);
+  EXPECT_EQ(Hear(Bare("#c")), Framed("#C2024/12/31/23/59/58/"));
+  EXPECT_THAT(NewPaper(),
               ElementsAre("             ZMIANA ZEGARA",
                           "Przed zmianą            2024-01-31 12:05",
                           "Po zmianie              2024-12-31 23:59", ""));
@@ -49,88 +49,88 @@ TEST_F(Settings, AnImpossibleTimeIsRefused) {
         "2024;1;1;24;0;0", "2024;1;1;0;60;0", "2024;1;1;0;0;60",
         "2024;1;1;0;0;-1", "1999;1;1;0;0;0", "2100;1;1;0;0;0", "-1;1;1;0;0;0",
         "2024;-2147483648;1;0;0;0"}) {
-    EXPECT_EQ(verdict(std::string(time) + "$c\r\r"), kBadClock) << time;
+    EXPECT_EQ(Verdict(std::string(time) + "$c\r\r"), kBadClock) << time;
   }
   EXPECT_EQ(device.clock_offset.count(), 0);
 }
 
 TEST_F(Settings, ServiceUsbAndGroupAreReadBack) {
-  EXPECT_EQ(send("?SERW1/"), framed("?SERW0/\r"));
-  EXPECT_EQ(verdict("@SERWprzegl\x86"
+  EXPECT_EQ(Send("?SERW1/"), Framed("?SERW0/\r"));
+  EXPECT_EQ(Verdict("@SERWprzegl\x86"
                     "d; za/rok\r5/"),
             0);
-  EXPECT_EQ(send("?SERW1/"), framed("?SERW5/przegl\x86"
+  EXPECT_EQ(Send("?SERW1/"), Framed("?SERW5/przegl\x86"
                                     "d; za/rok\r"));
 
-  EXPECT_EQ(hear(bare("?usb")), framed("?usb\r\r\r\r0/0/\r\r\r\r"));
-  EXPECT_EQ(verdict("1@usba\rb\rc\rd\r-1/2/e/f/g/h/"), 0);
-  EXPECT_EQ(hear(bare("?usb")), framed("?usba\rb\rc\rd\r-1/2/e\rf\rg\rh\r"));
+  EXPECT_EQ(Hear(Bare("?usb")), Framed("?usb\r\r\r\r0/0/\r\r\r\r"));
+  EXPECT_EQ(Verdict("1@usba\rb\rc\rd\r-1/2/e/f/g/h/"), 0);
+  EXPECT_EQ(Hear(Bare("?usb")), Framed("?usba\rb\rc\rd\r-1/2/e\rf\rg\rh\r"));
 
-  EXPECT_EQ(send("$gtext\rmore/"), framed("$G1/text\r"));
+  EXPECT_EQ(Send("$gtext\rmore/"), Framed("$G1/text\r"));
 }
 
 TEST_F(Settings, EmfKeepsTheNumbersThatAreNotSent) {
-  EXPECT_EQ(send("?EMF"), framed("?EMF\r0/0/"));
-  EXPECT_EQ(verdict("1;1;@EMFadres/;x\r7/8/"), 0);
-  EXPECT_EQ(send("?EMF"), framed("?EMFadres/;x\r7/8/"));
-  EXPECT_EQ(verdict("0;2;@EMFb\r9/"), 0);
-  EXPECT_EQ(send("?EMF"), framed("?EMFb\r7/9/"));
-  EXPECT_EQ(verdict("0;0;@EMFc\r9/"), kWrongFieldCount);
+  EXPECT_EQ(Send("?EMF"), Framed("?EMF\r0/0/"));
+  EXPECT_EQ(Verdict("1;1;@EMFadres/;x\r7/8/"), 0);
+  EXPECT_EQ(Send("?EMF"), Framed("?EMFadres/;x\r7/8/"));
+  EXPECT_EQ(Verdict("0;2;@EMFb\r9/"), 0);
+  EXPECT_EQ(Send("?EMF"), Framed("?EMFb\r7/9/"));
+  EXPECT_EQ(Verdict("0;0;@EMFc\r9/"), kWrongFieldCount);
 }
 
 TEST_F(Settings, EpngIsReadBack) {
-  EXPECT_EQ(send("?EPNG"), framed("?EPNG0/0/0/"));
-  EXPECT_EQ(verdict("@EPNG1/-2/3/"), 0);
-  EXPECT_EQ(send("?EPNG"), framed("?EPNG1/-2/3/"));
+  EXPECT_EQ(Send("?EPNG"), Framed("?EPNG0/0/0/"));
+  EXPECT_EQ(Verdict("@EPNG1/-2/3/"), 0);
+  EXPECT_EQ(Send("?EPNG"), Framed("?EPNG1/-2/3/"));
 }
 
 TEST_F(Settings, ParameterSetsAreKeptByType) {
-  EXPECT_EQ(verdict("@EPARplain/;text\r1/2/3/second\r"), 0);
-  EXPECT_EQ(send("0;?EPAR\r"), framed("0?EPARplain/;text\r1/2/3/second\r"));
-  EXPECT_EQ(verdict("1;@EPARone\r///\r"), 0);
-  EXPECT_EQ(send("1;?EPAR\r"), framed("1?EPARone\r0/0/0/\r0/0/0/0/"));
-  EXPECT_EQ(verdict("2;@EPARtwo\r1/2/3/s\r11/12/13/14/"), 0);
-  EXPECT_EQ(send("2;?EPAR\r"),
-            framed("2?EPARtwo\r1/2/3/s\r11/12/13/14/0/0/0/0/0/"));
+  EXPECT_EQ(Verdict("@EPARplain/;text\r1/2/3/second\r"), 0);
+  EXPECT_EQ(Send("0;?EPAR\r"), Framed("0?EPARplain/;text\r1/2/3/second\r"));
+  EXPECT_EQ(Verdict("1;@EPARone\r///\r"), 0);
+  EXPECT_EQ(Send("1;?EPAR\r"), Framed("1?EPARone\r0/0/0/\r0/0/0/0/"));
+  EXPECT_EQ(Verdict("2;@EPARtwo\r1/2/3/s\r11/12/13/14/"), 0);
+  EXPECT_EQ(Send("2;?EPAR\r"),
+            Framed("2?EPARtwo\r1/2/3/s\r11/12/13/14/0/0/0/0/0/"));
   // The fifth tail number is sent fifth and told last.
-  EXPECT_EQ(verdict("3;@EPARthree\r1/2/3/s\r11/12/13/14/15/"), 0);
-  EXPECT_EQ(send("3;?EPAR\r"),
-            framed("3?EPARthree\r1/2/3/s\r11/12/13/14/0/0/0/0/0/15/"));
-  EXPECT_EQ(verdict("4;@EPARfour\r1/2/3/s\r11/12/13/14/15/"), kBadParameter);
-  EXPECT_EQ(verdict("4;?EPAR\r"), kBadParameter);
+  EXPECT_EQ(Verdict("3;@EPARthree\r1/2/3/s\r11/12/13/14/15/"), 0);
+  EXPECT_EQ(Send("3;?EPAR\r"),
+            Framed("3?EPARthree\r1/2/3/s\r11/12/13/14/0/0/0/0/0/15/"));
+  EXPECT_EQ(Verdict("4;@EPARfour\r1/2/3/s\r11/12/13/14/15/"), kBadParameter);
+  EXPECT_EQ(Verdict("4;?EPAR\r"), kBadParameter);
 }
 
 TEST_F(Settings, AreRefusedInADocumentWhereTheyWouldChangeIt) {
-  send("0;0;0;1;0$h\r");
-  EXPECT_EQ(verdict("24;12;31;23;59;58$ckasa\rkasjer\r"), kForbiddenNow);
-  EXPECT_EQ(verdict("100;1$ztekst\r"), kForbiddenNow);
+  Send("0;0;0;1;0$h\r");
+  EXPECT_EQ(Verdict("24;12;31;23;59;58$ckasa\rkasjer\r"), kForbiddenNow);
+  EXPECT_EQ(Verdict("100;1$ztekst\r"), kForbiddenNow);
 }
 
 struct DisplayAndDrawer : testing::Test, Bench {};
 
 TEST_F(DisplayAndDrawer, TextsAppearOnTheDisplay) {
-  hear(
-      bare("2$d\f\r\nWersja:\r\n1.450\r\nurz\x86"
+  Hear(
+      Bare("2$d\f\r\nWersja:\r\n1.450\r\nurz\x86"
            "dzenia"));
   EXPECT_TRUE(device.last_command_ok);
   EXPECT_THAT(
       device.display.lines(),
       ElementsAre("", "Wersja:", "1.450", "urządzenia", "", "", "", ""));
-  EXPECT_EQ(send("12^t"), framed("^t\rWersja:\r1.450\rurz\x86"
+  EXPECT_EQ(Send("12^t"), Framed("^t\rWersja:\r1.450\rurz\x86"
                                  "dzenia\r\r"));
-  hear(bare("3$d"));
+  Hear(Bare("3$d"));
   EXPECT_THAT(device.display.lines(), testing::Each(""));
 }
 
 // A display text carries no checksum, even if it ends with what looks like one:
 // FF ^ 32 ^ 24 ^ 64 = 8D.
 TEST_F(DisplayAndDrawer, ATextThatLooksLikeAChecksumIsShown) {
-  hear(bare("2$d8d"));
+  Hear(Bare("2$d8d"));
   EXPECT_EQ(device.display.lines()[0], "8d");
 }
 
 TEST_F(DisplayAndDrawer, ALongTextStopsAtTheEnd) {
-  hear(bare("2$d" + std::string(100'000, 'x') + "\ny" + std::string(20, '\n') +
+  Hear(Bare("2$d" + std::string(100'000, 'x') + "\ny" + std::string(20, '\n') +
             "end"));
   EXPECT_EQ(device.display.lines()[0], std::string(80, 'x'));
   EXPECT_EQ(device.display.lines()[1], "y");
@@ -138,18 +138,18 @@ TEST_F(DisplayAndDrawer, ALongTextStopsAtTheEnd) {
 }
 
 TEST_F(DisplayAndDrawer, LinesAreSetOneByOne) {
-  EXPECT_EQ(verdict("3!dtrzecia"), 0);
+  EXPECT_EQ(Verdict("3!dtrzecia"), 0);
   EXPECT_EQ(device.display.lines()[3], "trzecia");
-  EXPECT_EQ(verdict("8!dx"), kBadParameter);
+  EXPECT_EQ(Verdict("8!dx"), kBadParameter);
 }
 
 TEST_F(DisplayAndDrawer, TheDrawerOpens) {
-  EXPECT_EQ(verdict("1$d"), 0);
+  EXPECT_EQ(Verdict("1$d"), 0);
   EXPECT_EQ(device.drawer_openings, 1);
-  hear(bare("1$dtext"));
+  Hear(Bare("1$dtext"));
   EXPECT_EQ(device.drawer_openings, 1);
   EXPECT_EQ(device.display.lines()[0], "text");
-  hear(bare("12$dtext"));
+  Hear(Bare("12$dtext"));
   EXPECT_EQ(device.error, kBadParameter);
 }
 

@@ -1,4 +1,4 @@
-#include "printer/state.h"
+#include "printer/fiscal/state.h"
 
 #include <gtest/gtest.h>
 
@@ -8,6 +8,7 @@
 #include <random>
 #include <string>
 
+#include "printer/state_file.h"
 #include "printer/virtual_printer.h"
 #include "tests/printer/bench.h"
 
@@ -32,23 +33,23 @@ class Folder {
   std::filesystem::path path_;
 };
 
-void use(Bench& bench) {
+void Use(Bench& bench) {
   for (const char* body :
        {"0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rB/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/",
         "2024;12;31;23;59;58$c\r\r", "1$d", "@SERWprzegl\206d\x01\x7F\xFF\r5/",
         "2;@EPARtwo\r1/2/3/s\r11/12/13/14/", "0;0@A1/2/plik\r5c\r",
         "0;0@A9/2/pending\r5c\r", "0;^F0/2/0/2/80\r7/", "243;1$r"}) {
-    EXPECT_EQ(bench.verdict(body), 0) << body;
+    EXPECT_EQ(bench.Verdict(body), 0) << body;
   }
 }
 
 TEST(State, SurvivesTheWayThroughAFile) {
   const Folder folder;
   Bench before;
-  use(before);
-  EXPECT_TRUE(StateFile(folder.file()).save(before.device));
+  Use(before);
+  EXPECT_TRUE(StateFile(folder.file()).Save(before.device));
   Bench after;
-  StateFile(folder.file()).load(after.device);
+  StateFile(folder.file()).Load(after.device);
   EXPECT_EQ(after.device.books.receipts, (Totals{0, 900, 0, 0, 0, 0, 0}));
   EXPECT_EQ(after.device.books.receipt_count, 1);
   EXPECT_EQ(after.device.drawer_openings, 1);
@@ -56,17 +57,17 @@ TEST(State, SurvivesTheWayThroughAFile) {
   EXPECT_EQ(after.device.files.count("pending"), 0U);
   EXPECT_EQ(after.device.logos.at(7).digits, "80");
   for (const char* query : {"#c", "?SERW1/", "2;?EPAR\r"}) {
-    EXPECT_EQ(after.send(query), before.send(query));
+    EXPECT_EQ(after.Send(query), before.Send(query));
   }
-  EXPECT_EQ(state_text(after.device).find("pending"), std::string::npos);
-  EXPECT_EQ(state_text(after.device), state_text(before.device));
+  EXPECT_EQ(StateText(after.device).find("pending"), std::string::npos);
+  EXPECT_EQ(StateText(after.device), StateText(before.device));
 }
 
 TEST(State, CancelsADocumentThatWasOpen) {
   Bench before;
-  before.send("0;0;0;1;0$h\r");
+  before.Send("0;0;0;1;0$h\r");
   Bench after;
-  restore_state(after.device, state_text(before.device));
+  RestoreState(after.device, StateText(before.device));
   EXPECT_FALSE(after.device.document);
   EXPECT_FALSE(after.device.last_document_closed);
   EXPECT_EQ(after.device.books.cancelled_count, 1);
@@ -75,35 +76,35 @@ TEST(State, CancelsADocumentThatWasOpen) {
 TEST(State, RefusesWhatIsNoState) {
   for (const char* text : {"", "{}", "[1", "null", R"({"books": 1})"}) {
     Bench bench;
-    EXPECT_THROW(restore_state(bench.device, text), std::runtime_error) << text;
+    EXPECT_THROW(RestoreState(bench.device, text), std::runtime_error) << text;
   }
 }
 
 TEST(State, BeginsAnewWithoutAFile) {
   const Folder folder;
   Bench bench;
-  StateFile(folder.file()).load(bench.device);
-  StateFile("").load(bench.device);
+  StateFile(folder.file()).Load(bench.device);
+  StateFile("").Load(bench.device);
   EXPECT_EQ(bench.device.books.receipt_count, 0);
-  EXPECT_TRUE(StateFile("").save(bench.device));
+  EXPECT_TRUE(StateFile("").Save(bench.device));
 }
 
 TEST(State, SaysWhenItCannotBeKept) {
   const Folder folder;
   Bench bench;
-  EXPECT_FALSE(StateFile(folder.file() / "no" / "folder").save(bench.device));
+  EXPECT_FALSE(StateFile(folder.file() / "no" / "folder").Save(bench.device));
 }
 
 TEST(State, IsKeptBeforeTheAnswerGoesOut) {
   const Folder folder;
   Bench bench;
   StateFile file(folder.file());
-  use(bench);
-  EXPECT_TRUE(file.save(bench.device));
+  Use(bench);
+  EXPECT_TRUE(file.Save(bench.device));
   {
     std::ifstream stream(folder.file(), std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
-    EXPECT_EQ(text, state_text(bench.device));
+    EXPECT_EQ(text, StateText(bench.device));
   }
   EXPECT_FALSE(std::filesystem::exists(folder.file().string() + ".new"));
 

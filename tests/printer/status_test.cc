@@ -12,75 +12,75 @@ constexpr const char* kEnqByte = "\x05";
 
 TEST(Dle, TellsOnlinePaperAndMechanism) {
   Bench bench;
-  EXPECT_EQ(bench.hear(kDleByte), "\x74");
-  bench.device.paper.run_out();
-  EXPECT_EQ(bench.hear(kDleByte), "\x76");
-  bench.device.paper.refill();
+  EXPECT_EQ(bench.Hear(kDleByte), "\x74");
+  bench.device.paper.RunOut();
+  EXPECT_EQ(bench.Hear(kDleByte), "\x76");
+  bench.device.paper.Refill();
   bench.device.mechanism_error = true;
-  EXPECT_EQ(bench.hear(kDleByte), "\x75");
+  EXPECT_EQ(bench.Hear(kDleByte), "\x75");
   bench.device.mechanism_error = false;
   bench.device.online = false;
-  EXPECT_EQ(bench.hear(kDleByte), "\x70");
+  EXPECT_EQ(bench.Hear(kDleByte), "\x70");
 }
 
 // 0x60 and bit 3 fiscal, bit 2 last command OK, bit 1 document open, bit 0 last
 // document closed properly
 TEST(Enq, FollowsTheDocument) {
   Bench bench;
-  EXPECT_EQ(bench.hear(kEnqByte), "\x6D");
-  bench.send("0;0;0;1;0$h\r");
-  EXPECT_EQ(bench.hear(kEnqByte), "\x6E");
-  bench.send("0;0;0;1;0$h\r");
-  EXPECT_EQ(bench.hear(kEnqByte), "\x6A");
-  bench.send("0$e");
-  EXPECT_EQ(bench.hear(kEnqByte), "\x6C");
+  EXPECT_EQ(bench.Hear(kEnqByte), "\x6D");
+  bench.Send("0;0;0;1;0$h\r");
+  EXPECT_EQ(bench.Hear(kEnqByte), "\x6E");
+  bench.Send("0;0;0;1;0$h\r");
+  EXPECT_EQ(bench.Hear(kEnqByte), "\x6A");
+  bench.Send("0$e");
+  EXPECT_EQ(bench.Hear(kEnqByte), "\x6C");
 }
 
 TEST(Sub, IsAnsweredWithTheExtendedStatus) {
   Bench bench;
-  bench.send("1$Q");
+  bench.Send("1$Q");
   // Error, receipts, invoices; flags: bit 7 fiscal, bit 5 last document closed,
   // bit 0 online = A1
   const std::string body = "@s1022/0/0/000000A1";
-  EXPECT_EQ(bench.hear("\x1A"), framed(body));
+  EXPECT_EQ(bench.Hear("\x1A"), Framed(body));
 }
 
 TEST(ErrorQuery, TellsTheLastErrorAndLeavesIt) {
   Bench bench;
-  EXPECT_EQ(bench.hear(bare("#n")), framed("#E0/"));
-  bench.send("1$Q");
-  EXPECT_EQ(bench.hear(bare("#n")), framed("#E1022/"));
-  EXPECT_EQ(bench.hear(framed("#n")), framed("#E1022/"));
-  EXPECT_EQ(bench.hear(kEnqByte), "\x69");
-  bench.send("0;0;0;1;0$h\r");
-  EXPECT_EQ(bench.hear(bare("#n")), framed("#E0/"));
+  EXPECT_EQ(bench.Hear(Bare("#n")), Framed("#E0/"));
+  bench.Send("1$Q");
+  EXPECT_EQ(bench.Hear(Bare("#n")), Framed("#E1022/"));
+  EXPECT_EQ(bench.Hear(Framed("#n")), Framed("#E1022/"));
+  EXPECT_EQ(bench.Hear(kEnqByte), "\x69");
+  bench.Send("0;0;0;1;0$h\r");
+  EXPECT_EQ(bench.Hear(Bare("#n")), Framed("#E0/"));
 }
 
 TEST(Switches, RefuseWhatThePrinterCannotDo) {
   Bench bench;
-  bench.device.paper.run_out();
-  EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), kNoPaper);
-  bench.device.paper.refill();
+  bench.device.paper.RunOut();
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), kNoPaper);
+  bench.device.paper.Refill();
   bench.device.mechanism_error = true;
-  EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), kPrintMechanism);
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), kPrintMechanism);
   bench.device.mechanism_error = false;
   bench.device.online = false;
-  EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), kBusy);
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), kBusy);
   bench.device.online = true;
   bench.device.next_refusal = 1054;
-  EXPECT_EQ(bench.hear(bare("#n")), framed("#E1034/"));
-  EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), 1054);
-  EXPECT_EQ(bench.verdict("0;0;0;1;0$h\r"), 0);
+  EXPECT_EQ(bench.Hear(Bare("#n")), Framed("#E1034/"));
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), 1054);
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), 0);
 }
 
 TEST(Paper, WaitsForTheRollToBeRefilled) {
   Bench bench;
-  bench.device.paper.run_out_after(1);
-  bench.send("0;1;0;1;0$hfirst\r\r");
-  EXPECT_EQ(bench.new_paper().size(), 1U);
-  EXPECT_EQ(bench.hear(kDleByte), "\x76");
-  bench.device.paper.refill();
-  const auto paper = bench.new_paper();
+  bench.device.paper.RunOutAfter(1);
+  bench.Send("0;1;0;1;0$hfirst\r\r");
+  EXPECT_EQ(bench.NewPaper().size(), 1U);
+  EXPECT_EQ(bench.Hear(kDleByte), "\x76");
+  bench.device.paper.Refill();
+  const auto paper = bench.NewPaper();
   ASSERT_EQ(paper.size(), 1U);
   EXPECT_EQ(paper[0], "            PARAGON FISKALNY");
 }

@@ -10,65 +10,65 @@ namespace {
 struct Transfer : testing::Test, Bench {};
 
 TEST_F(Transfer, StoresAFileSentInBlocks) {
-  EXPECT_EQ(verdict("0;0@A3/4/plik.bin\r00ff\r"), 0);
-  EXPECT_FALSE(device.files.at("plik.bin").complete());
-  EXPECT_EQ(verdict("1;0@A3/2/plik.bin\r5c\r"), 0);
-  EXPECT_TRUE(device.files.at("plik.bin").complete());
+  EXPECT_EQ(Verdict("0;0@A3/4/plik.bin\r00ff\r"), 0);
+  EXPECT_FALSE(device.files.at("plik.bin").IsComplete());
+  EXPECT_EQ(Verdict("1;0@A3/2/plik.bin\r5c\r"), 0);
+  EXPECT_TRUE(device.files.at("plik.bin").IsComplete());
   EXPECT_EQ(device.files.at("plik.bin").bytes, std::string("\x00\xFF\x5C", 3));
 }
 
 TEST_F(Transfer, AnEmptyBlockBeginsAnEmptyFile) {
-  EXPECT_EQ(verdict("0;0@A0/0/plik\r\r"), 0);
-  EXPECT_TRUE(device.files.at("plik").complete());
+  EXPECT_EQ(Verdict("0;0@A0/0/plik\r\r"), 0);
+  EXPECT_TRUE(device.files.at("plik").IsComplete());
 }
 
 TEST_F(Transfer, RefusesBlocksThatDoNotFit) {
-  EXPECT_EQ(verdict("1;0@A3/2/plik\r5c\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A3/4/plik\r5c\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A3/3/plik\r5c5\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A3/2/plik\r5x\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A1/4/plik\r5c5c\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A-1/2/plik\r5c\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A1/2/\r5c\r"), kBadData);
-  EXPECT_EQ(verdict("0;0@A2147483647/2/plik\r5c\r"), kNoSpace);
-  EXPECT_EQ(verdict("2;0@A1/2/plik\r5c\r"), kBadParameter);
+  EXPECT_EQ(Verdict("1;0@A3/2/plik\r5c\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A3/4/plik\r5c\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A3/3/plik\r5c5\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A3/2/plik\r5x\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A1/4/plik\r5c5c\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A-1/2/plik\r5c\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A1/2/\r5c\r"), kBadData);
+  EXPECT_EQ(Verdict("0;0@A2147483647/2/plik\r5c\r"), kNoSpace);
+  EXPECT_EQ(Verdict("2;0@A1/2/plik\r5c\r"), kBadParameter);
   EXPECT_TRUE(device.files.empty());
 }
 
 TEST_F(Transfer, HasRoomForAHundredFiles) {
   for (int i = 0; i < 100; ++i) {
-    EXPECT_EQ(verdict("0;0@A1/2/" + std::to_string(i) + "\r5c\r"), 0);
+    EXPECT_EQ(Verdict("0;0@A1/2/" + std::to_string(i) + "\r5c\r"), 0);
   }
-  EXPECT_EQ(verdict("0;0@A1/2/100\r5c\r"), kNoSpace);
-  EXPECT_EQ(verdict("0;0@A1/2/99\r5d\r"), 0);
+  EXPECT_EQ(Verdict("0;0@A1/2/100\r5c\r"), kNoSpace);
+  EXPECT_EQ(Verdict("0;0@A1/2/99\r5d\r"), 0);
 }
 
 TEST_F(Transfer, StoresALogoAndTellsItsChecksum) {
-  EXPECT_EQ(verdict("1;^F0/0\r7/"), 0);
+  EXPECT_EQ(Verdict("1;^F0/0\r7/"), 0);
   // 8 x 1 pixels: width 0008, height 0001, one row 80; in two blocks
-  EXPECT_EQ(verdict("0;^F0/10/0/8/00080001\r7/"), 0);
-  EXPECT_EQ(verdict("10;^F0/0\r7/"), kBadLogo);
-  EXPECT_EQ(verdict("0;^F0/10/8/2/80\r7/"), 0);
+  EXPECT_EQ(Verdict("0;^F0/10/0/8/00080001\r7/"), 0);
+  EXPECT_EQ(Verdict("10;^F0/0\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("0;^F0/10/8/2/80\r7/"), 0);
   // Byte i counts shifted by i mod 9. Were all 12292 bytes FF, shifts 0 to 6
   // would occur 1366 times, which cancels out, and 7 and 8 1365 times, which
   // leaves FF<<7 ^ FF<<8 = 7F80 ^ FF00 = 8080. The first five bytes differ from
   // FF by FF, F7, FF, FE and 7F; shifted by 0 to 4 and XORed: 00FF ^ 01EE ^
   // 03FC ^ 07F0 ^ 07F0 = 02ED. 8080 ^ 02ED = 826D, and one more is 826E; the
   // low byte stands first.
-  EXPECT_EQ(send("10;^F0/0\r7/"), framed("^f7\r5/8\r1\r6e82\r"));
-  EXPECT_EQ(verdict("1;^F0/0\r7/"), 0);
-  EXPECT_EQ(verdict("10;^F0/0\r7/"), kBadLogo);
+  EXPECT_EQ(Send("10;^F0/0\r7/"), Framed("^f7\r5/8\r1\r6e82\r"));
+  EXPECT_EQ(Verdict("1;^F0/0\r7/"), 0);
+  EXPECT_EQ(Verdict("10;^F0/0\r7/"), kBadLogo);
 }
 
 TEST_F(Transfer, RefusesLogoBlocksThatDoNotFit) {
-  EXPECT_EQ(verdict("0;^F0/10/2/2/80\r7/"), kBadLogo);
-  EXPECT_EQ(verdict("0;^F0/10/0/4/80\r7/"), kBadLogo);
-  EXPECT_EQ(verdict("0;^F0/0/0/0/\r7/"), kBadLogo);
-  EXPECT_EQ(verdict("0;^F0/65538/0/2/80\r7/"), kBadLogo);
-  EXPECT_EQ(verdict("0;^F0/2/0/4/8080\r7/"), kBadLogo);
-  EXPECT_EQ(verdict("0;^F0/2/0/2/8x\r7/"), kBadData);
-  EXPECT_EQ(verdict("0;^F0/2/0/2/80\r256/"), kBadParameter);
-  EXPECT_EQ(verdict("2;^F0/0\r7/"), kBadParameter);
+  EXPECT_EQ(Verdict("0;^F0/10/2/2/80\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("0;^F0/10/0/4/80\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("0;^F0/0/0/0/\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("0;^F0/65538/0/2/80\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("0;^F0/2/0/4/8080\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("0;^F0/2/0/2/8x\r7/"), kBadData);
+  EXPECT_EQ(Verdict("0;^F0/2/0/2/80\r256/"), kBadParameter);
+  EXPECT_EQ(Verdict("2;^F0/0\r7/"), kBadParameter);
 }
 
 }  // namespace

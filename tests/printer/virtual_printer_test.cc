@@ -3,15 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <boost/asio/connect.hpp>
-#include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/read.hpp>
-#include <boost/asio/write.hpp>
 #include <stdexcept>
 #include <string>
 
 #include "tests/printer/bench.h"
+#include "tests/printer/client.h"
 
 namespace quilon::printer {
 namespace {
@@ -19,44 +15,22 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 
-class Client {
- public:
-  explicit Client(const VirtualPrinter& printer) : socket_(context_) {
-    socket_.connect(
-        {boost::asio::ip::address_v4::loopback(), printer.tcp_port()});
-  }
-
-  void send(const std::string& bytes) {
-    boost::asio::write(socket_, boost::asio::buffer(bytes));
-  }
-
-  std::string read(std::size_t count) {
-    std::string bytes(count, '\0');
-    boost::asio::read(socket_, boost::asio::buffer(bytes));
-    return bytes;
-  }
-
- private:
-  boost::asio::io_context context_;
-  boost::asio::ip::tcp::socket socket_;
-};
-
 constexpr const char* kReceipt[] = {
     "0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rA/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/"};
 
-VirtualPrinter::Options bench_options() {
+VirtualPrinter::Options BenchOptions() {
   VirtualPrinter::Options options;
-  options.clock = bench_time;
+  options.clock = BenchTime;
   return options;
 }
 
 TEST(VirtualPrinter, PrintsAReceiptOverTcp) {
-  VirtualPrinter printer(bench_options());
-  Client client(printer);
+  VirtualPrinter printer(BenchOptions());
+  Client client(printer.tcp_port());
   for (const char* command : kReceipt) {
-    client.send(framed(command));
-    client.send("\x10\x05");
-    EXPECT_EQ(client.read(2).substr(0, 1), "\x74");
+    client.Send(Framed(command));
+    client.Send("\x10\x05");
+    EXPECT_EQ(client.Read(2).substr(0, 1), "\x74");
   }
   EXPECT_EQ(printer.books().receipts, (Totals{900, 0, 0, 0, 0, 0, 0}));
   EXPECT_THAT(printer.paper(),
@@ -67,52 +41,52 @@ TEST(VirtualPrinter, PrintsAReceiptOverTcp) {
 
 TEST(VirtualPrinter, TakesAFrameByteByByte) {
   VirtualPrinter printer;
-  Client client(printer);
-  for (const char byte : framed("0;0;0;1;0$h\r")) {
-    client.send({byte});
+  Client client(printer.tcp_port());
+  for (const char byte : Framed("0;0;0;1;0$h\r")) {
+    client.Send({&byte, 1});
   }
-  EXPECT_TRUE(printer.wait_until(
-      [](const Snapshot& now) { return now.document_open; }));
+  EXPECT_TRUE(
+      printer.WaitUntil([](const Snapshot& now) { return now.document_open; }));
   EXPECT_THAT(printer.frames(),
-              ElementsAre(framed("0;0;0;1;0$h\r").substr(2, 14)));
+              ElementsAre(Framed("0;0;0;1;0$h\r").substr(2, 14)));
 }
 
 TEST(VirtualPrinter, ForgetsWhatADeadClientLeftUnfinished) {
   VirtualPrinter printer;
   {
-    Client dying(printer);
-    dying.send("\x1BP0;0;0;1");
+    Client dying(printer.tcp_port());
+    dying.Send("\x1BP0;0;0;1");
   }
-  Client client(printer);
-  client.send("\x05");
-  EXPECT_EQ(client.read(1), "\x6D");
+  Client client(printer.tcp_port());
+  client.Send("\x05");
+  EXPECT_EQ(client.Read(1), "\x6D");
 }
 
 TEST(VirtualPrinter, ServesAHundredClientsInARow) {
   VirtualPrinter printer;
   for (int i = 0; i < 100; ++i) {
-    Client client(printer);
-    client.send("\x10");
-    ASSERT_EQ(client.read(1), "\x74");
+    Client client(printer.tcp_port());
+    client.Send("\x10");
+    ASSERT_EQ(client.Read(1), "\x74");
   }
 }
 
 TEST(VirtualPrinter, ObeysItsSwitches) {
   VirtualPrinter printer;
-  Client client(printer);
+  Client client(printer.tcp_port());
   printer.set_online(false);
-  client.send("\x10");
-  EXPECT_EQ(client.read(1), "\x70");
+  client.Send("\x10");
+  EXPECT_EQ(client.Read(1), "\x70");
   printer.set_online(true);
   printer.set_paper_out(true);
   printer.set_mechanism_error(true);
-  client.send("\x10");
-  EXPECT_EQ(client.read(1), "\x77");
+  client.Send("\x10");
+  EXPECT_EQ(client.Read(1), "\x77");
   printer.set_paper_out(false);
   printer.set_mechanism_error(false);
-  printer.refuse_next(1054);
-  client.send(framed(kReceipt[0]));
-  EXPECT_TRUE(printer.wait_until(
+  printer.RefuseNext(1054);
+  client.Send(Framed(kReceipt[0]));
+  EXPECT_TRUE(printer.WaitUntil(
       [](const Snapshot& now) { return !now.last_command_ok; }));
   EXPECT_EQ(printer.snapshot().error, 1054);
 }
@@ -121,20 +95,20 @@ TEST(VirtualPrinter, ObeysItsSwitches) {
 // printer is gone.
 class Diary : public Watcher {
  public:
-  void on_line(const std::string& line) override {
+  void OnLine(const std::string& line) override {
     entries.push_back("line " + line);
   }
-  void on_printout(const Printout& printout) override {
+  void OnPrintout(const Printout& printout) override {
     printouts.push_back(printout);
     entries.emplace_back("printout");
   }
-  void on_exchange(const Exchange& exchange) override {
+  void OnExchange(const Exchange& exchange) override {
     entries.push_back("exchange " + std::to_string(exchange.number) + " of " +
                       std::to_string(exchange.client) + ": " +
                       exchange.event.body.substr(0, 4) + " -> " +
                       exchange.answer + " " + std::to_string(exchange.error));
   }
-  void on_status(const Status& status) override {
+  void OnStatus(const Status& status) override {
     entries.push_back(status.document_open ? "status: open" : "status");
   }
 
@@ -145,15 +119,15 @@ class Diary : public Watcher {
 TEST(VirtualPrinter, TellsItsWatchersWhatHappensInOrder) {
   Diary diary;
   {
-    VirtualPrinter::Options options = bench_options();
+    VirtualPrinter::Options options = BenchOptions();
     options.watchers = {&diary};
     VirtualPrinter printer(std::move(options));
-    Client first(printer);
-    first.send(framed(kReceipt[0]) + "\x05");
-    EXPECT_EQ(first.read(1), "\x6E");
-    Client second(printer);
-    second.send(framed("1$Q") + "\x05");
-    EXPECT_EQ(second.read(1), "\x6A");
+    Client first(printer.tcp_port());
+    first.Send(Framed(kReceipt[0]) + "\x05");
+    EXPECT_EQ(first.Read(1), "\x6E");
+    Client second(printer.tcp_port());
+    second.Send(Framed("1$Q") + "\x05");
+    EXPECT_EQ(second.Read(1), "\x6A");
   }
   EXPECT_THAT(diary.entries,
               ElementsAre("status", "line             PARAGON FISKALNY",
@@ -166,20 +140,20 @@ TEST(VirtualPrinter, TellsItsWatchersWhatHappensInOrder) {
 TEST(VirtualPrinter, TellsItsWatchersOfPrintouts) {
   Diary diary;
   {
-    VirtualPrinter::Options options = bench_options();
+    VirtualPrinter::Options options = BenchOptions();
     options.watchers = {&diary};
     VirtualPrinter printer(std::move(options));
-    Client client(printer);
+    Client client(printer.tcp_port());
     for (const char* command : {kReceipt[0], kReceipt[1], "6$d10/1\r\r",
                                 kReceipt[2], kReceipt[0], "0$e", "0#r"}) {
-      client.send(framed(command));
+      client.Send(Framed(command));
     }
-    client.send("\x05");
-    client.read(1);
+    client.Send("\x05");
+    client.Read(1);
   }
   ASSERT_EQ(diary.printouts.size(), 3U);
   const Printout& receipt = diary.printouts[0];
-  EXPECT_EQ(name_of(receipt.kind), "receipt");
+  EXPECT_EQ(NameOf(receipt.kind), "receipt");
   EXPECT_EQ(receipt.number, 1);
   EXPECT_EQ(receipt.fiscal_number, 1);
   EXPECT_EQ(receipt.sales, (Totals{900, 0, 0, 0, 0, 0, 0}));
@@ -187,16 +161,16 @@ TEST(VirtualPrinter, TellsItsWatchersOfPrintouts) {
   EXPECT_EQ(receipt.paid, 1000);
   EXPECT_EQ(receipt.lines.front(), "            PARAGON FISKALNY");
   EXPECT_EQ(receipt.lines.back(), "1                       2024-01-31 12:05");
-  EXPECT_EQ(name_of(diary.printouts[1].kind), "cancelled");
+  EXPECT_EQ(NameOf(diary.printouts[1].kind), "cancelled");
   EXPECT_EQ(diary.printouts[1].lines.size(), 3U);
-  EXPECT_EQ(name_of(diary.printouts[2].kind), "report");
+  EXPECT_EQ(NameOf(diary.printouts[2].kind), "report");
   EXPECT_EQ(diary.printouts[2].number, 3);
 }
 
 TEST(VirtualPrinter, GivesUpWaitingAtItsLimit) {
   const VirtualPrinter printer;
-  EXPECT_FALSE(printer.wait_until([](const Snapshot&) { return false; },
-                                  std::chrono::milliseconds(1)));
+  EXPECT_FALSE(printer.WaitUntil([](const Snapshot&) { return false; },
+                                 std::chrono::milliseconds(1)));
 }
 
 TEST(VirtualPrinter, RefusesABadAddress) {

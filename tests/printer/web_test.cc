@@ -2,15 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <boost/asio/connect.hpp>
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context.hpp>
-#include <boost/asio/ip/tcp.hpp>
-#include <boost/asio/read.hpp>
-#include <boost/asio/read_until.hpp>
-#include <boost/asio/write.hpp>
-#include <boost/beast/core/flat_buffer.hpp>
-#include <boost/beast/http.hpp>
+#include <map>
 #include <string>
 #include <thread>
 
@@ -18,18 +12,41 @@
 #include "printer/web/journal.h"
 #include "printer/web/server.h"
 #include "tests/printer/bench.h"
+#include "tests/printer/client.h"
 
 namespace quilon::printer {
 namespace {
 
 namespace asio = boost::asio;
-namespace http = boost::beast::http;
-using asio::ip::tcp;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-using Response = http::response<http::string_body>;
+struct Response {
+  int status = 0;
+  std::map<std::string, std::string> header;
+  std::string body;
+};
+
+// "HTTP/1.1 200 OK", a line for each field of the header, a blank line, and as
+// many bytes as "Content-Length" says.
+Response ReadResponse(Client& client) {
+  Response response;
+  const std::string first = client.ReadUpTo("\r\n");
+  response.status = std::stoi(first.substr(first.find(' ') + 1));
+  std::string line = client.ReadUpTo("\r\n");
+  while (line != "\r\n") {
+    const size_t colon = line.find(": ");
+    response.header[line.substr(0, colon)] =
+        line.substr(colon + 2, line.size() - colon - 4);
+    line = client.ReadUpTo("\r\n");
+  }
+  if (response.header.count("Content-Length") > 0) {
+    response.body =
+        client.Read(std::stoul(response.header.at("Content-Length")));
+  }
+  return response;
+}
 
 // A printer with a page.
 class Web : public testing::Test {
@@ -43,147 +60,133 @@ class Web : public testing::Test {
   }
 
   // "http://127.0.0.1:PORT/#TOKEN"
-  std::string token() const {
+  std::string Token() const {
     return server_.url().substr(server_.url().find('#') + 1);
   }
-  std::uint16_t port() const {
+  uint16_t Port() const {
     const std::string url = server_.url();
-    return static_cast<std::uint16_t>(
-        std::stoi(url.substr(url.rfind(':') + 1)));
+    return static_cast<uint16_t>(std::stoi(url.substr(url.rfind(':') + 1)));
   }
 
-  tcp::socket connect() {
-    tcp::socket socket(client_context_);
-    socket.connect({asio::ip::address_v4::loopback(), port()});
-    return socket;
+  Response Ask(const std::string& request) const {
+    Client client(Port());
+    client.Send(request);
+    return ReadResponse(client);
   }
 
-  Response ask(const http::request<http::string_body>& request) {
-    tcp::socket socket = connect();
-    http::write(socket, request);
-    boost::beast::flat_buffer buffer;
-    http::response_parser<http::string_body> parser;
-    parser.body_limit(boost::none);
-    http::read(socket, buffer, parser);
-    return parser.release();
+  Response Get(const std::string& target,
+               const std::string& host = "127.0.0.1") const {
+    return Ask("GET " + target + " HTTP/1.1\r\nHost: " + host + "\r\n\r\n");
   }
 
-  Response get(const std::string& target,
-               const std::string& host = "127.0.0.1") {
-    http::request<http::string_body> request(http::verb::get, target, 11);
-    request.set(http::field::host, host);
-    return ask(request);
+  Response Post(const std::string& body, const std::string& token) const {
+    return Ask("POST /orders HTTP/1.1\r\nHost: localhost:1\r\nX-Token: " +
+               token + "\r\nContent-Length: " + std::to_string(body.size()) +
+               "\r\n\r\n" + body);
+  }
+  int Order(const std::string& body) const {
+    return Post(body, Token()).status;
   }
 
-  Response post(const std::string& body, const std::string& token) {
-    http::request<http::string_body> request(http::verb::post, "/orders", 11);
-    request.set(http::field::host, "localhost:1");
-    request.set("X-Token", token);
-    request.body() = body;
-    request.prepare_payload();
-    return ask(request);
+  void Print(const std::string& bytes) {
+    Client client(printer_.tcp_port());
+    client.Send(bytes + "\x10");
+    client.Read(1);
   }
-  unsigned order(const std::string& body) {
-    return post(body, token()).result_int();
+  void PrintReceipt() {
+    Print(Framed("0;0;0;1;0$h\r") + Framed("1;0;0^lChleb\r2\rA/4.50/9/") +
+          Framed("1;0;0;0;0;0$e\r0/9/0/"));
   }
 
-  void print(const std::string& bytes) {
-    tcp::socket socket(client_context_);
-    socket.connect({asio::ip::address_v4::loopback(), printer_.tcp_port()});
-    asio::write(socket, asio::buffer(bytes + "\x10"));
-    char answer = 0;
-    asio::read(socket, asio::buffer(&answer, 1));
-  }
-  void print_receipt() {
-    print(framed("0;0;0;1;0$h\r") + framed("1;0;0^lChleb\r2\rA/4.50/9/") +
-          framed("1;0;0;0;0;0$e\r0/9/0/"));
-  }
-
-  static VirtualPrinter::Options options(Journal& journal) {
+  static VirtualPrinter::Options Options(Journal& journal) {
     VirtualPrinter::Options result;
-    result.clock = bench_time;
+    result.clock = BenchTime;
     result.watchers = {&journal};
     return result;
   }
 
-  asio::io_context client_context_;
   asio::io_context context_;
   asio::executor_work_guard<asio::io_context::executor_type> work_ =
       asio::make_work_guard(context_);
   Journal journal_;
-  VirtualPrinter printer_{options(journal_)};
-  WebServer server_{
-      context_, {asio::ip::address_v4::loopback(), 0}, printer_, journal_};
+  VirtualPrinter printer_{Options(journal_)};
+  WebServer server_{context_, "127.0.0.1:0", printer_, journal_};
   std::thread thread_;
 };
 
 // A stream of news, read as far as a test wants.
-class NewsReader {
+class NewsReader : public Client {
  public:
-  explicit NewsReader(tcp::socket socket, const std::string& last_id = {})
-      : socket_(std::move(socket)) {
-    const std::string request =
-        "GET /events HTTP/1.1\r\nHost: 127.0.0.1\r\n" +
-        (last_id.empty() ? "" : "Last-Event-ID: " + last_id + "\r\n") + "\r\n";
-    asio::write(socket_, asio::buffer(request));
+  explicit NewsReader(uint16_t port, const std::string& last_id = {})
+      : Client(port) {
+    Send("GET /events HTTP/1.1\r\nHost: 127.0.0.1\r\n" +
+         (last_id.empty() ? "" : "Last-Event-ID: " + last_id + "\r\n") +
+         "\r\n");
   }
-
-  // Everything up to and including the text.
-  std::string read_to(const std::string& text) {
-    const std::size_t count =
-        asio::read_until(socket_, asio::dynamic_buffer(bytes_), text);
-    std::string read = bytes_.substr(0, count);
-    bytes_.erase(0, count);
-    return read;
-  }
-
- private:
-  tcp::socket socket_;
-  std::string bytes_;
 };
 
 TEST_F(Web, ServesThePageAndProtectsIt) {
-  for (const char* target : {"/", "/page.css", "/page.js", "/words.js"}) {
-    const Response response = get(target);
-    EXPECT_EQ(response.result_int(), 200U) << target;
-    EXPECT_FALSE(response.body().empty()) << target;
-    EXPECT_THAT(std::string(response["Content-Security-Policy"]),
+  for (const char* target : {"/", "/page.css", "/page.js", "/icon.svg",
+                             "/languages/pl.js", "/readings.json"}) {
+    Response response = Get(target);
+    EXPECT_EQ(response.status, 200) << target;
+    EXPECT_FALSE(response.body.empty()) << target;
+    EXPECT_THAT(response.header["Content-Security-Policy"],
                 StartsWith("default-src 'none'; script-src 'self'"));
-    EXPECT_EQ(response["X-Content-Type-Options"], "nosniff");
+    EXPECT_EQ(response.header["X-Content-Type-Options"], "nosniff");
   }
   // A TrueType font begins so.
-  EXPECT_EQ(get("/font.ttf").body().substr(0, 4), std::string("\0\1\0\0", 4));
+  EXPECT_EQ(Get("/font.ttf").body.substr(0, 4), std::string("\0\1\0\0", 4));
+}
+
+TEST_F(Web, SaysWhatKindOfFileItServes) {
+  const auto type_of = [this](const std::string& target) {
+    return Get(target).header["Content-Type"];
+  };
+  EXPECT_EQ(type_of("/"), "text/html; charset=utf-8");
+  EXPECT_EQ(type_of("/page.css"), "text/css; charset=utf-8");
+  EXPECT_EQ(type_of("/languages/en.js"), "text/javascript; charset=utf-8");
+  EXPECT_EQ(type_of("/readings.json"), "application/json");
+  EXPECT_EQ(type_of("/icon.svg"), "image/svg+xml");
+  EXPECT_EQ(type_of("/font.ttf"), "font/ttf");
+}
+
+TEST_F(Web, ListsLanguagesAndFaults) {
+  EXPECT_THAT(Get("/languages.json").body, HasSubstr(R"("en","pl")"));
+  EXPECT_THAT(Get("/faults.json").body,
+              HasSubstr(R"({"effect":"send that answer so much later",)"
+                        R"("example":"late=800@answer=1x10%",)"
+                        R"("fault":"late=MILLISECONDS@answer=N"})"));
 }
 
 TEST_F(Web, HasNothingElse) {
   for (const char* target :
-       {"/page.html", "//", "/../page.css", "/printouts/1.png",
-        "/printouts/.png", "/printouts/x.txt", "/printouts/-1.txt",
+       {"/page.html", "//", "/languages", "/languages/", "/page", "*",
+        "/../page.css", "/printouts/1.png", "/printouts/.png",
+        "/printouts/x.txt", "/printouts/-1.txt",
         "/printouts/99999999999999999999.txt", "/printouts/", "/?"}) {
-    EXPECT_EQ(get(target).result_int(), 404U) << target;
+    EXPECT_EQ(Get(target).status, 404) << target;
   }
-  EXPECT_EQ(get("/orders").result_int(), 405U);
-  http::request<http::string_body> request(http::verb::put, "/", 11);
-  request.set(http::field::host, "127.0.0.1");
-  EXPECT_EQ(ask(request).result_int(), 405U);
+  EXPECT_EQ(Get("/orders").status, 405);
+  EXPECT_EQ(Ask("PUT / HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n").status, 405);
 }
 
 TEST_F(Web, IsCalledByAddressOnly) {
   for (const char* host : {"127.0.0.1", "127.0.0.1:80", "localhost",
                            "localhost:8080", "[::1]:80", "[::1]", "10.0.0.7"}) {
-    EXPECT_EQ(get("/", host).result_int(), 200U) << host;
+    EXPECT_EQ(Get("/", host).status, 200) << host;
   }
   for (const char* host :
        {"", "printer.example", "127.0.0.1.example:80", "localhost.example"}) {
-    EXPECT_EQ(get("/", host).result_int(), 403U) << host;
-    EXPECT_EQ(get("/events", host).result_int(), 403U) << host;
+    EXPECT_EQ(Get("/", host).status, 403) << host;
+    EXPECT_EQ(Get("/events", host).status, 403) << host;
   }
 }
 
 TEST_F(Web, GivesAReceiptAsPictureAndText) {
-  print_receipt();
-  EXPECT_EQ(get("/printouts/1.png").body().substr(0, 8), "\x89PNG\r\n\x1A\n");
-  EXPECT_EQ(get("/printouts/1.txt").body(),
+  PrintReceipt();
+  EXPECT_EQ(Get("/printouts/1.png").body.substr(0, 8), "\x89PNG\r\n\x1A\n");
+  EXPECT_EQ(Get("/printouts/1.txt").body,
             "            PARAGON FISKALNY\n"
             "Chleb\n"
             "  2 x 4,50                        9,00 A\n"
@@ -193,48 +196,48 @@ TEST_F(Web, GivesAReceiptAsPictureAndText) {
             "SUMA PTU                            1,68\n"
             "SUMA PLN                            9,00\n"
             "1                       2024-01-31 12:05\n");
-  EXPECT_EQ(get("/printouts/2.txt").result_int(), 404U);
+  EXPECT_EQ(Get("/printouts/2.txt").status, 404);
 }
 
 TEST_F(Web, ObeysNobodyWithoutTheToken) {
   const std::string body = R"({"order": "paper-out"})";
-  std::string wrong = token();
+  std::string wrong = Token();
   wrong.back() = wrong.back() == '0' ? '1' : '0';
   for (const std::string& given :
-       {std::string(), wrong, token() + "0", token().substr(1)}) {
-    EXPECT_EQ(post(body, given).result_int(), 403U);
+       {std::string(), wrong, Token() + "0", Token().substr(1)}) {
+    EXPECT_EQ(Post(body, given).status, 403);
   }
   EXPECT_FALSE(printer_.snapshot().paper_out);
-  EXPECT_EQ(token().size(), 32U);
+  EXPECT_EQ(Token().size(), 32U);
 }
 
 TEST_F(Web, CarriesOutOrders) {
-  EXPECT_EQ(order(R"({"order": "paper-out"})"), 204U);
-  EXPECT_EQ(order(R"({"order": "offline"})"), 204U);
-  EXPECT_EQ(order(R"({"order": "error-on"})"), 204U);
+  EXPECT_EQ(Order(R"({"order": "paper-out"})"), 204);
+  EXPECT_EQ(Order(R"({"order": "offline"})"), 204);
+  EXPECT_EQ(Order(R"({"order": "error-on"})"), 204);
   Snapshot now = printer_.snapshot();
   EXPECT_TRUE(now.paper_out && !now.online && now.mechanism_error);
-  EXPECT_EQ(order(R"({"order": "paper-back"})"), 204U);
-  EXPECT_EQ(order(R"({"order": "online"})"), 204U);
-  EXPECT_EQ(order(R"({"order": "error-off"})"), 204U);
+  EXPECT_EQ(Order(R"({"order": "paper-back"})"), 204);
+  EXPECT_EQ(Order(R"({"order": "online"})"), 204);
+  EXPECT_EQ(Order(R"({"order": "error-off"})"), 204);
   now = printer_.snapshot();
   EXPECT_TRUE(!now.paper_out && now.online && !now.mechanism_error);
 
-  EXPECT_EQ(order(R"({"order": "refuse-next", "error": 1054})"), 204U);
-  print_receipt();
+  EXPECT_EQ(Order(R"({"order": "refuse-next", "error": 1054})"), 204);
+  PrintReceipt();
   EXPECT_EQ(printer_.snapshot().books.receipt_count, 0);
-  EXPECT_EQ(order(R"({"order": "fault", "fault": "book-nothing"})"), 204U);
-  print_receipt();
+  EXPECT_EQ(Order(R"({"order": "fault", "fault": "book-nothing"})"), 204);
+  PrintReceipt();
   EXPECT_EQ(printer_.snapshot().books.receipt_count, 1);
-  EXPECT_EQ(sum_of(printer_.books().receipts), 0);
-  EXPECT_EQ(order(R"({"order": "fault", "fault": "book-nothing"})"), 204U);
-  EXPECT_EQ(order(R"({"order": "clear-faults"})"), 204U);
-  print_receipt();
-  EXPECT_EQ(sum_of(printer_.books().receipts), 900);
+  EXPECT_EQ(SumOf(printer_.books().receipts), 0);
+  EXPECT_EQ(Order(R"({"order": "fault", "fault": "book-nothing"})"), 204);
+  EXPECT_EQ(Order(R"({"order": "clear-faults"})"), 204);
+  PrintReceipt();
+  EXPECT_EQ(SumOf(printer_.books().receipts), 900);
 
-  EXPECT_EQ(get("/printouts/1.txt").result_int(), 200U);
-  EXPECT_EQ(order(R"({"order": "tear-off"})"), 204U);
-  EXPECT_EQ(get("/printouts/1.txt").result_int(), 404U);
+  EXPECT_EQ(Get("/printouts/1.txt").status, 200);
+  EXPECT_EQ(Order(R"({"order": "tear-off"})"), 204);
+  EXPECT_EQ(Get("/printouts/1.txt").status, 404);
 }
 
 TEST_F(Web, RefusesWhatIsNoOrder) {
@@ -246,45 +249,45 @@ TEST_F(Web, RefusesWhatIsNoOrder) {
         R"({"order": "refuse-next", "error": "1"})", R"({"order": "fault"})",
         R"({"order": "fault", "fault": "nonsense"})",
         R"({"order": "fault", "fault": 1})"}) {
-    EXPECT_EQ(order(body), 400U) << body;
+    EXPECT_EQ(Order(body), 400) << body;
   }
   EXPECT_THAT(
-      post(R"({"order": "fault", "fault": "cut@line=1"})", token()).body(),
+      Post(R"({"order": "fault", "fault": "cut@line=1"})", Token()).body,
       HasSubstr("not a fault: cut@line=1"));
 }
 
 TEST_F(Web, TellsTheNewsAsItHappens) {
-  NewsReader reader(connect());
-  const std::string begin = reader.read_to("event: status\n");
+  NewsReader reader(Port());
+  const std::string begin = reader.ReadUpTo("event: status\n");
   EXPECT_THAT(begin, HasSubstr("Content-Type: text/event-stream\r\n"));
   EXPECT_THAT(begin, HasSubstr("\r\n\r\nevent: reset\ndata: {}\n\n"));
-  print(framed("0;0;0;1;0$h\r"));
-  reader.read_to("event: line\n");
-  EXPECT_THAT(reader.read_to("\n\n"),
+  Print(Framed("0;0;0;1;0$h\r"));
+  reader.ReadUpTo("event: line\n");
+  EXPECT_THAT(reader.ReadUpTo("\n\n"),
               HasSubstr("data: \"            PARAGON FISKALNY\"\n\n"));
-  reader.read_to("event: exchange\n");
-  EXPECT_THAT(reader.read_to("\n\n"), HasSubstr("\"mnemonic\":\"$h\""));
-  reader.read_to("\"document_open\":true");
-  EXPECT_EQ(order(R"({"order": "offline"})"), 204U);
-  reader.read_to("\"online\":false");
+  reader.ReadUpTo("event: exchange\n");
+  EXPECT_THAT(reader.ReadUpTo("\n\n"), HasSubstr("\"mnemonic\":\"$h\""));
+  reader.ReadUpTo("\"document_open\":true");
+  EXPECT_EQ(Order(R"({"order": "offline"})"), 204);
+  reader.ReadUpTo("\"online\":false");
 }
 
 TEST_F(Web, TellsWhoComesLaterWhatIsKept) {
-  print_receipt();
-  NewsReader first(connect());
-  first.read_to("event: reset\n");
-  first.read_to("event: printout\n");
-  const std::string printout = first.read_to("\n\n");
+  PrintReceipt();
+  NewsReader first(Port());
+  first.ReadUpTo("event: reset\n");
+  first.ReadUpTo("event: printout\n");
+  const std::string printout = first.ReadUpTo("\n\n");
   EXPECT_THAT(printout, HasSubstr("\"total\":900"));
-  const std::size_t id = printout.find("id: ") + 4;
+  const size_t id = printout.find("id: ") + 4;
   const std::string last_id = printout.substr(id, printout.find('\n') - id);
 
-  NewsReader again(connect(), last_id);
-  EXPECT_THAT(again.read_to("event: status\n"),
+  NewsReader again(Port(), last_id);
+  EXPECT_THAT(again.ReadUpTo("event: status\n"),
               Not(testing::AnyOf(HasSubstr("reset"), HasSubstr("printout"))));
-  NewsReader other_run(connect(), "0123-5");
-  other_run.read_to("event: reset\n");
-  other_run.read_to("event: printout\n");
+  NewsReader other_run(Port(), "0123-5");
+  other_run.ReadUpTo("event: reset\n");
+  other_run.ReadUpTo("event: printout\n");
 }
 
 TEST_F(Web, OutlivesBrokenBrowsers) {
@@ -295,24 +298,18 @@ TEST_F(Web, OutlivesBrokenBrowsers) {
         std::string("POST /orders HTTP/1.1\r\nHost: localhost\r\n"
                     "Content-Length: 99999999\r\n\r\n")}) {
     for (int i = 0; i < 20; ++i) {
-      tcp::socket socket = connect();
-      asio::write(socket, asio::buffer(bytes));
+      Client(Port()).Send(bytes);
     }
   }
-  print_receipt();
-  EXPECT_EQ(get("/printouts/1.txt").result_int(), 200U);
+  PrintReceipt();
+  EXPECT_EQ(Get("/printouts/1.txt").status, 200);
 }
 
 TEST_F(Web, AnswersSeveralRequestsOverOneConnection) {
-  tcp::socket socket = connect();
-  boost::beast::flat_buffer buffer;
+  Client client(Port());
   for (int i = 0; i < 3; ++i) {
-    http::request<http::string_body> request(http::verb::get, "/page.css", 11);
-    request.set(http::field::host, "127.0.0.1");
-    http::write(socket, request);
-    Response response;
-    http::read(socket, buffer, response);
-    EXPECT_EQ(response.result_int(), 200U);
+    client.Send("GET /page.css HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n");
+    EXPECT_EQ(ReadResponse(client).status, 200);
   }
 }
 

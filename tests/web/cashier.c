@@ -22,11 +22,11 @@ static DocumentLine line = {
 static DocumentEnd end;
 static DisplayText display = {.mode = 3};
 
-static int32_t command(int32_t code, void* data) {
+static int32_t Command(int32_t code, void* data) {
   return quil_ioctrl(code, data, NULL, QUIL_CHECK_STATUS);
 }
 
-static int32_t take_step(const char* step) {
+static int32_t TakeStep(const char* step) {
   if (strncmp(step, "open ", 5) == 0) {
     const int32_t opened =
         quil_open_tcpip("127.0.0.1", (uint32_t)strtoul(step + 5, NULL, 10));
@@ -35,25 +35,25 @@ static int32_t take_step(const char* step) {
   }
   if (strcmp(step, "header") == 0) {
     end.total = 0;
-    return command(QUIL_DOCUMENT_HEADER, &header);
+    return Command(QUIL_DOCUMENT_HEADER, &header);
   }
   if (strncmp(step, "line ", 5) == 0) {
     snprintf(line.name, sizeof line.name, "%s", step + 5);
-    const int32_t result = command(QUIL_DOCUMENT_LINE, &line);
+    const int32_t result = Command(QUIL_DOCUMENT_LINE, &line);
     end.total += result == 0 ? line.value : 0;
     return result;
   }
   if (strcmp(step, "end") == 0) {
-    return command(QUIL_DOCUMENT_END, &end);
+    return Command(QUIL_DOCUMENT_END, &end);
   }
   if (strncmp(step, "display ", 8) == 0) {
     snprintf(display.text, sizeof display.text, "%s", step + 8);
-    return command(QUIL_DISPLAY, &display);
+    return Command(QUIL_DISPLAY, &display);
   }
   return -1000;
 }
 
-static void tell(int32_t result) {
+static void Tell(int32_t result) {
   LastErrorRecord last;
   quil_get_last_error(&last);
   printf(
@@ -72,7 +72,7 @@ int main(void) {
     if (strcmp(step, "quit") == 0) {
       break;
     }
-    tell(take_step(step));
+    Tell(TakeStep(step));
   }
   quil_close();
   return 0;

@@ -182,6 +182,7 @@ test("the next command is refused with the error that was ordered", () => withPr
 }));
 
 test("a fault is ordered by its text, and a wrong one is refused", () => withPrinter(async () => {
+  await page.locator("#faults option[value='late=800@answer=1x10%']").waitFor({ state: "attached", ...patience });
   const fault = page.getByLabel("Fault:");
   await fault.fill("paper-out@line=0");
   await fault.press("Enter");
@@ -317,6 +318,7 @@ test("nobody changes anything without the token", () => withPrinter(async () => 
 }));
 
 test("language and colours are chosen and remembered", () => withPrinter(async () => {
+  assert.deepEqual(await page.locator("#language option").allTextContents(), ["English", "Polski"]);
   await page.locator("#language").selectOption("pl");
   await waitForLamp("program", "połączono");
   await page.locator("#theme").selectOption("dark");

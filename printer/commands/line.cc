@@ -1,0 +1,70 @@
+#include "printer/commands/line.h"
+
+#include <utility>
+
+#include "printer/fiscal/device.h"
+
+namespace quilon::printer {
+
+Reaction Line::Receive(std::string_view bytes) {
+  Reaction reaction;
+  for (const char byte : bytes) {
+    switch (device_.faults.TakeByte()) {
+      case Faults::ByteFate::kTaken:
+        if (auto event = parser_.Feed(byte)) {
+          React(*std::move(event), reaction);
+        }
+        break;
+      case Faults::ByteFate::kLost:
+        break;
+      case Faults::ByteFate::kCut:
+        reaction.hang_up = true;
+        break;
+    }
+    if (reaction.hang_up) {
+      break;
+    }
+  }
+  return reaction;
+}
+
+void Line::React(Event event, Reaction& reaction) {
+  if (event.kind == Event::Kind::kFrame && device_.faults.DiesOfFrame()) {
+    reaction.hang_up = true;
+    return;
+  }
+  Outcome outcome = Obey(event);
+  if (device_.faults.silent()) {
+    outcome.answer.clear();
+  }
+  if (!outcome.answer.empty()) {
+    if (device_.faults.GarblesAnswer()) {
+      outcome.answer[outcome.answer.size() / 2] ^= 1;
+    }
+    reaction.delay += device_.faults.Delay();
+    reaction.answer += outcome.answer;
+  }
+  sink_(std::move(event), std::move(outcome));
+}
+
+Outcome Line::Obey(const Event& event) {
+  const auto refused = [this](int error) {
+    device_.Refuse(error);
+    return Outcome{{}, error};
+  };
+  switch (event.kind) {
+    case Event::Kind::kControl:
+      return {AnswerControl(device_, event.body.front())};
+    case Event::Kind::kOverflow:
+      return refused(kBufferOverflow);
+    case Event::Kind::kFrame:
+      break;
+  }
+  if (device_.faults.CorruptsFrame()) {
+    return refused(kBadChecksum);
+  }
+  const int error = device_.faults.RefusesFrame();
+  return error == kNoError ? ExecuteFrame(device_, event.body) : refused(error);
+}
+
+}  // namespace quilon::printer

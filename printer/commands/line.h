@@ -1,0 +1,47 @@
+// One client's connection, without the wires: bytes in, bytes out. A new
+// connection begins with a fresh Line, so that what a dead client left
+// unfinished is forgotten; the device behind it is one and the same.
+#ifndef PRINTER_COMMANDS_LINE_H_
+#define PRINTER_COMMANDS_LINE_H_
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "printer/commands/executor.h"
+#include "printer/protocol/frame.h"
+
+namespace quilon::printer {
+
+// What the printer does about received bytes: it waits, sends the answer, and
+// hangs up.
+struct Reaction {
+  std::string answer;
+  std::chrono::milliseconds delay{0};
+  bool hang_up = false;
+};
+
+class Line {
+ public:
+  // Called with everything that came and what it brought about, the answer as
+  // it is sent.
+  using Sink = std::function<void(Event event, Outcome outcome)>;
+
+  Line(Device& device, Sink sink) : device_(device), sink_(std::move(sink)) {}
+
+  // Takes the next bytes. After a hang-up the line takes no more.
+  Reaction Receive(std::string_view bytes);
+
+ private:
+  void React(Event event, Reaction& reaction);
+  Outcome Obey(const Event& event);
+
+  Device& device_;
+  Sink sink_;
+  FrameParser parser_;
+};
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_COMMANDS_LINE_H_

@@ -1,0 +1,22 @@
+// Who the printer says it is.
+#ifndef PRINTER_FISCAL_IDENTITY_H_
+#define PRINTER_FISCAL_IDENTITY_H_
+
+#include <cstdint>
+#include <string_view>
+
+namespace quilon::printer {
+
+inline constexpr std::string_view kDeviceName = "Quilon Virtual";
+inline constexpr std::string_view kFirmwareVersion = "1.00";
+inline constexpr std::string_view kUniqueNumber = "QVP0000000001";
+inline constexpr std::string_view kTaxNumber = "000-000-00-00";
+inline constexpr std::string_view kSerialNumber = "0000001";
+
+// Fiscal and protected memory, in records and in KiB.
+inline constexpr int32_t kFiscalMemorySize = 30000;
+inline constexpr int32_t kProtectedMemorySize = 8 << 20;
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_FISCAL_IDENTITY_H_

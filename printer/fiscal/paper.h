@@ -1,0 +1,75 @@
+// The paper roll: lines of UTF-8, kWidth characters wide.
+//
+// Lines that come while the roll is empty wait in the printer and appear when
+// paper is back.
+#ifndef PRINTER_FISCAL_PAPER_H_
+#define PRINTER_FISCAL_PAPER_H_
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <variant>
+
+#include "printer/fiscal/printout.h"
+
+namespace quilon::printer {
+
+class Paper {
+ public:
+  static constexpr size_t kWidth = 40;
+  // Older lines are forgotten, so that a printer may run for months.
+  static constexpr size_t kKeptLines = 20'000;
+  using LineSink = std::function<void(const std::string& line)>;
+  using PrintoutSink = std::function<void(const Printout& printout)>;
+
+  // Called with every line as it appears, and with every printout behind its
+  // last line.
+  void set_sinks(LineSink line_sink, PrintoutSink printout_sink) {
+    line_sink_ = std::move(line_sink);
+    printout_sink_ = std::move(printout_sink);
+  }
+
+  // A text on as many lines as it takes.
+  void Print(std::string_view utf8);
+  void PrintCentered(std::string_view utf8);
+  // The right text stands at the right margin, on the left text's line when
+  // both fit.
+  void PrintPair(std::string_view left, std::string_view right);
+  void PrintRule();
+  // Ends a printout, of which everything but its number and its lines is given,
+  // with a blank line.
+  void TearOff(Printout printout);
+
+  void RunOut();
+  // Lets the roll end after so many further lines.
+  void RunOutAfter(size_t lines);
+  void Refill();
+  bool out() const { return out_; }
+
+  const std::deque<std::string>& lines() const { return lines_; }
+
+ private:
+  // A line, or the cut behind a printout.
+  using Piece = std::variant<std::string, Printout>;
+
+  void Put(Piece piece);
+  void Show(Piece piece);
+  void ShowLine(std::string line);
+  void ShowCut(Printout printout);
+
+  std::deque<std::string> lines_;
+  std::deque<std::string> sheet_;  // the lines since the last cut
+  std::deque<Piece> waiting_;
+  int64_t printouts_ = 0;
+  LineSink line_sink_;
+  PrintoutSink printout_sink_;
+  bool out_ = false;
+  bool ending_ = false;
+  size_t left_ = 0;  // lines until the roll ends, when it is ending
+};
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_FISCAL_PAPER_H_

@@ -1,0 +1,42 @@
+// A piece of paper that is finished: everything between two cuts.
+#ifndef PRINTER_FISCAL_PRINTOUT_H_
+#define PRINTER_FISCAL_PRINTOUT_H_
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "printer/fiscal/books.h"
+
+namespace quilon::printer {
+
+enum class PrintoutKind {
+  kReceipt,
+  kInvoice,
+  kCancelled,  // a fiscal document that was given up
+  kSlip,
+  kReport,  // also shifts, cash, and whatever else the printer prints
+};
+
+struct Printout {
+  PrintoutKind kind = PrintoutKind::kReport;
+  // Among all printouts since the printer was switched on, from 1.
+  int64_t number = 0;
+  // The printed number of a receipt or an invoice; 0 of the others.
+  int32_t fiscal_number = 0;
+  // What the paper of a receipt or an invoice says was sold, in grosze.
+  Totals sales{};
+  // To be paid, and paid, in grosze.
+  int64_t due = 0;
+  int64_t paid = 0;
+  // UTF-8, without line ends. Of very long ones the newest Paper::kKeptLines.
+  std::vector<std::string> lines{};
+};
+
+// "receipt", "invoice", "cancelled", "slip", "report".
+std::string_view NameOf(PrintoutKind kind);
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_FISCAL_PRINTOUT_H_

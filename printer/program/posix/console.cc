@@ -1,0 +1,7 @@
+#include "printer/program/console.h"
+
+namespace quilon::printer {
+
+void UseUtf8Console() {}
+
+}  // namespace quilon::printer

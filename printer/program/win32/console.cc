@@ -1,0 +1,9 @@
+#include "printer/program/console.h"
+
+#include <windows.h>
+
+namespace quilon::printer {
+
+void UseUtf8Console() { SetConsoleOutputCP(CP_UTF8); }
+
+}  // namespace quilon::printer

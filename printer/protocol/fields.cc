@@ -1,0 +1,45 @@
+#include "printer/protocol/fields.h"
+
+#include <limits>
+
+#include "printer/protocol/frame.h"
+#include "printer/protocol/numbers.h"
+
+namespace quilon::printer {
+
+std::string_view Fields::Until(char end) {
+  const size_t position = rest_.find(end);
+  if (position == std::string_view::npos) {
+    throw Refusal(kWrongFieldCount);
+  }
+  const std::string_view field = rest_.substr(0, position);
+  rest_.remove_prefix(position + 1);
+  return field;
+}
+
+std::string Fields::Text() { return std::string(Until(kCr)); }
+
+int64_t Fields::Amount(int error) {
+  const auto value = ParseAmount(Until('/'));
+  if (!value) {
+    throw Refusal(error);
+  }
+  return *value;
+}
+
+int32_t Fields::Integer(char end, int error) {
+  const auto value = ParseInteger(Until(end));
+  if (!value || *value < std::numeric_limits<int32_t>::min() ||
+      *value > std::numeric_limits<int32_t>::max()) {
+    throw Refusal(error);
+  }
+  return static_cast<int32_t>(*value);
+}
+
+void Fields::Finish() const {
+  if (!rest_.empty()) {
+    throw Refusal(kWrongFieldCount);
+  }
+}
+
+}  // namespace quilon::printer

@@ -1,0 +1,35 @@
+// What happens at the printer as JSON, for programs: the traffic log and the
+// web page. Texts from the wire are UTF-8 in it; of their control bytes CR is
+// shown as U+21B5, the others as the old code page's symbols. Each is an object
+// on one line.
+#ifndef PRINTER_WATCH_JSON_H_
+#define PRINTER_WATCH_JSON_H_
+
+#include <cstddef>
+#include <string>
+
+#include "printer/fiscal/printout.h"
+#include "printer/watch/exchange.h"
+#include "printer/watch/status.h"
+
+namespace quilon::printer {
+
+// "number", "time" (ISO 8601, UTC), "client", "kind" ("frame", "control" or
+// "overflow"), "answer", and of a frame "parameters", "mnemonic", "fields",
+// "checksum" ("right", "wrong" or "missing") and "error". A control
+// byte's mnemonic is its name; the answer to DLE and ENQ is in hexadecimal. Of
+// longer fields and answers only so many characters are given, and "…".
+std::string JsonOf(const Exchange& exchange,
+                   size_t most_characters = std::string::npos);
+// "number", "kind", "fiscal_number", "rates", "total", "due", "paid", "lines".
+// Amounts are in grosze.
+std::string JsonOf(const Printout& printout);
+// The fields of Status under their names; "receipts" and "invoices" hold each
+// the totals per VAT rate, in grosze, and the count; "rates" what each rate is.
+std::string JsonOf(const Status& status);
+// A text in UTF-8, quoted.
+std::string JsonOf(const std::string& text);
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_WATCH_JSON_H_

@@ -1,0 +1,70 @@
+#include "printer/watch/outputs.h"
+
+#include <algorithm>
+#include <iomanip>
+#include <iostream>
+#include <sstream>
+#include <stdexcept>
+
+#include "printer/watch/json.h"
+#include "printer/watch/picture.h"
+
+namespace quilon::printer {
+namespace {
+
+constexpr int kNumberWidth = 6;
+
+void Complain(const std::filesystem::path& path) {
+  std::cerr << "quilon-printer: cannot write " << path.string() << std::endl;
+}
+
+int64_t LeadingNumber(const std::string& name) {
+  int64_t number = 0;
+  std::istringstream(name) >> number;
+  return number;
+}
+
+}  // namespace
+
+LineFile::LineFile(const std::filesystem::path& path)
+    : path_(path), file_(path, std::ios::binary | std::ios::app) {
+  if (!file_) {
+    throw std::runtime_error("cannot write " + path.string());
+  }
+}
+
+void LineFile::Write(const std::string& line) {
+  if (file_ && !(file_ << line << std::endl)) {
+    Complain(path_);
+  }
+}
+
+void PaperOutput::OnLine(const std::string& line) {
+  std::cout << line << std::endl;
+}
+
+void TrafficLog::OnExchange(const Exchange& exchange) {
+  file_.Write(JsonOf(exchange));
+}
+
+PictureFolder::PictureFolder(std::filesystem::path folder)
+    : folder_(std::move(folder)) {
+  std::filesystem::create_directories(folder_);
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    last_ = std::max(last_, LeadingNumber(entry.path().stem().string()));
+  }
+}
+
+void PictureFolder::OnPrintout(const Printout& printout) {
+  std::ostringstream name;
+  name << std::setfill('0') << std::setw(kNumberWidth) << ++last_ << "-"
+       << NameOf(printout.kind) << ".png";
+  const std::filesystem::path path = folder_ / name.str();
+  std::ofstream file(path, std::ios::binary);
+  file << PictureOf(printout.lines);
+  if (!file.flush()) {
+    Complain(path);
+  }
+}
+
+}  // namespace quilon::printer
