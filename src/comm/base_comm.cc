@@ -1,4 +1,4 @@
-#include "comm/base_comm.h"
+#include "src/comm/base_comm.h"
 
 namespace quilon {
 namespace {
@@ -8,8 +8,6 @@ constinit BaseComm* abandoned = nullptr;
 }  // namespace
 
 BaseComm::~BaseComm() = default;
-
-int32_t BaseComm::Purge() { return 0; }
 
 void BaseComm::Abandon(std::unique_ptr<BaseComm> transport) {
   if (transport != nullptr) {

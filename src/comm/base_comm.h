@@ -5,34 +5,56 @@
 #include <cstdint>
 #include <memory>
 
-#include "log/comm_log.h"
+#include "src/log/comm_log.h"
 
 namespace quilon {
 
-// Belongs to one thread at a time, except where a transport says otherwise.
+// Belongs to one thread at a time, but for Interrupt and the log.
 class BaseComm {
  public:
+  // What became of bytes that were to be written.
+  enum class Written {
+    kNo,    // the connection did not take them, or not all
+    kYes,   // it took them
+    kLost,  // it never opened: nobody will ever see them
+  };
+
+  // What Read returns when it brings no byte.
+  static constexpr int32_t kNothingYet = 0;
+  static constexpr int32_t kGone = -1;  // and nothing will come any more
+
   BaseComm() = default;
   virtual ~BaseComm();
   BaseComm(const BaseComm&) = delete;
   BaseComm& operator=(const BaseComm&) = delete;
 
-  // Does nothing and returns 0: every transport is opened by a routine of its
-  // own, which takes its parameters.
-  virtual int32_t Open() = 0;
+  virtual void Close() = 0;
 
-  // Returns 1 when the port was closed, else 0.
-  virtual int32_t Close() = 0;
+  virtual bool IsOpen() const = 0;
 
-  // Reads up to `count` bytes without waiting for more than a moment. Returns
-  // how many came; none: 0, or less from a transport that says so.
-  virtual int32_t Read(void* buffer, int32_t count) = 0;
+  // Whether a frame went out only in part: whatever followed would be taken for
+  // its rest. Nothing is written or read any more.
+  virtual bool IsBroken() const { return false; }
 
-  // Writes `count` bytes. Returns how many were written.
-  virtual int32_t Write(const void* buffer, int32_t count) = 0;
+  // Waits at most `patience` milliseconds for the first byte, or as long as the
+  // port's own time-outs say, and takes up to `count` of those that are there.
+  // Returns how many, kNothingYet, or kGone, for which it does not wait.
+  virtual int32_t Read(void* buffer, int32_t count, uint32_t patience) = 0;
 
-  // Discards what was received and not yet read, as far as the transport can.
-  virtual int32_t Purge();
+  virtual Written Write(const void* buffer, int32_t count) = 0;
+
+  // Discards what the port has received, as far as the transport can. Returns
+  // whether bytes that Read has already handed out are to be forgotten, too.
+  virtual bool Purge() = 0;
+
+  // Whether this is a forked child, and threads that serve the transport stayed
+  // behind in its parent. It cannot be destroyed then: they may have held its
+  // locks.
+  virtual bool IsLeftBehind() const { return false; }
+
+  // Makes a Write of another thread return early. Until the transport is
+  // closed, it may be called again and again, by any thread.
+  virtual void Interrupt() = 0;
 
   CommLog& log() { return log_; }
 

@@ -1,6 +1,6 @@
-#include "comm/last_error.h"
+#include "src/comm/last_error.h"
 
-#include "text/copy_text.h"
+#include "src/text/copy_text.h"
 
 namespace quilon {
 

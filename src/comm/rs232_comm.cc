@@ -1,53 +1,37 @@
-#include "comm/rs232_comm.h"
+#include "src/comm/rs232_comm.h"
 
 #include <utility>
 
-#include "comm/serial_setup.h"
+#include "src/comm/serial_setup.h"
 
 namespace quilon {
 
 RS232Comm::RS232Comm(std::unique_ptr<SerialPort> port)
     : port_(std::move(port)) {}
 
-RS232Comm::~RS232Comm() { RS232Comm::Close(); }
-
 int32_t RS232Comm::OpenConnection(const SerialParams& params,
                                   LastErrorRecord* last_error) {
   return OpenSerialPort(params, port_.get(), &log(), last_error);
 }
 
-int32_t RS232Comm::Close() {
-  if (!port_->Close()) {
-    return 0;
+void RS232Comm::Close() {
+  if (port_->Close()) {
+    log().CloseLog();
   }
-  log().CloseLog();
-  return 1;
 }
 
-int32_t RS232Comm::Read(void* buffer, int32_t count) {
-  if (!port_->IsOpen() || count < 1) {
-    return 0;
-  }
-  const int32_t received = port_->Read(buffer, count);
-  log().WriteIfActive(
-      {static_cast<char*>(buffer), static_cast<size_t>(received)},
-      kLogReceived);
-  return received;
+int32_t RS232Comm::Read(void* buffer, int32_t count, uint32_t patience) {
+  return port_->IsOpen() ? port_->Read(buffer, count, patience) : kGone;
 }
 
-int32_t RS232Comm::Write(const void* buffer, int32_t count) {
-  if (!port_->IsOpen() || count < 1) {
-    return 0;
-  }
-  const int32_t written = port_->Write(buffer, count);
+BaseComm::Written RS232Comm::Write(const void* buffer, int32_t count) {
+  const int32_t written = port_->IsOpen() ? port_->Write(buffer, count) : 0;
   log().WriteIfActive(
       {static_cast<const char*>(buffer), static_cast<size_t>(written)},
       kLogSent);
-  return written;
+  return written > 0 ? Written::kYes : Written::kNo;
 }
 
-int32_t RS232Comm::Purge() {
-  return port_->IsOpen() && port_->ClearReceived() ? 1 : 0;
-}
+bool RS232Comm::Purge() { return port_->IsOpen() && port_->ClearReceived(); }
 
 }  // namespace quilon

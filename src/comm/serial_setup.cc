@@ -1,10 +1,10 @@
-#include "comm/serial_setup.h"
+#include "src/comm/serial_setup.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <string_view>
 
-#include "comm/last_error.h"
+#include "src/comm/last_error.h"
 
 namespace quilon {
 namespace {
@@ -70,8 +70,17 @@ bool ConfigurePort(const SerialParams& params, SerialPort* port, CommLog* log) {
   state.data_bits = static_cast<uint8_t>(params.data_bits);
   state.stop_bits = static_cast<uint8_t>(params.stop_bits);
   state.parity = static_cast<uint8_t>(params.parity);
+  const uint8_t own_xon = state.xon;
+  const uint8_t own_xoff = state.xoff;
   const char* flow_control = SetFlowControl(params.flow_control, &state);
-  if (!port->SetLineState(state)) {
+  bool taken = port->SetLineState(state);
+  if (!taken && state.xon == state.xoff) {
+    // Some systems refuse two characters that are the same.
+    state.xon = own_xon;
+    state.xoff = own_xoff;
+    taken = port->SetLineState(state);
+  }
+  if (!taken) {
     return false;
   }
   LogParams(params, flow_control, log);

@@ -2,9 +2,9 @@
 #ifndef QUILON_COMM_SERIAL_SETUP_H_
 #define QUILON_COMM_SERIAL_SETUP_H_
 
-#include "log/comm_log.h"
-#include "platform/serial_port.h"
 #include "quilon/records.h"
+#include "src/log/comm_log.h"
+#include "src/platform/serial_port.h"
 
 namespace quilon {
 

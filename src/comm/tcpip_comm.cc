@@ -1,21 +1,24 @@
-#include "comm/tcpip_comm.h"
+#include "src/comm/tcpip_comm.h"
 
 #include <cerrno>
 #include <cstdio>
 #include <string_view>
 
-#include "comm/last_error.h"
+#include "src/comm/last_error.h"
+#include "src/platform/clock.h"
 
 namespace quilon {
 namespace {
 
 constexpr int kAddressCapacity = sizeof(TcpParams::address);
+constexpr int32_t kSendPatience = 10000;  // milliseconds
+// How often somebody who waits looks whether he is to stop.
+constexpr uint32_t kWait = 20;  // milliseconds
 
 }  // namespace
 
-TCPIPComm::~TCPIPComm() { TCPIPComm::Close(); }
-
 int32_t TCPIPComm::OpenConnection(const TcpParams& params,
+                                  const std::atomic<bool>& interrupted,
                                   LastErrorRecord* last_error) {
   log().WriteIfActive("Open port", kLogStatus);
   if (!socket_.Create()) {
@@ -31,10 +34,15 @@ int32_t TCPIPComm::OpenConnection(const TcpParams& params,
   char address[kAddressCapacity + 1];
   std::snprintf(address, sizeof(address), "%.*s", kAddressCapacity,
                 params.address);
-  if (!socket_.Connect(address, static_cast<uint16_t>(params.port))) {
+  if (!Connect(address, static_cast<uint16_t>(params.port), interrupted)) {
+    // The system must not go on connecting: nobody would know that it did. What
+    // takes the socket's place has never been connected, and stays so.
+    socket_.Close();
+    socket_.Create();
     return 0;
   }
-  socket_.SetPollingOptions();
+  connected_ = true;
+  socket_.SetOptions();
 
   char text[255];
   std::snprintf(text, sizeof(text), "Params: hostname:%s port: %d", address,
@@ -43,53 +51,66 @@ int32_t TCPIPComm::OpenConnection(const TcpParams& params,
   return 1;
 }
 
-int32_t TCPIPComm::Close() {
-  unread_ = {};
-  if (socket_.Close()) {
-    return 0;
-  }
-  log().CloseLog();
-  return 1;
-}
-
-// Hands out received bytes; when there are none, receives first.
-int32_t TCPIPComm::Receive(void* buffer, int32_t count) {
-  if (unread_.empty()) {
-    const int32_t received = socket_.Receive(received_, sizeof(received_));
-    if (received <= 0) {
-      return received;
+bool TCPIPComm::Connect(const char* address, uint16_t port,
+                        const std::atomic<bool>& interrupted) {
+  using Progress = TcpSocket::Progress;
+  const uint32_t start = ClockMilliseconds();
+  Progress progress = socket_.BeginConnect(address, port);
+  while (progress == Progress::kUnderWay && !interrupted &&
+         !Elapsed(start, ClockMilliseconds(), TcpSocket::kConnectPatience)) {
+    if (socket_.WaitToWrite(kWait)) {
+      progress = socket_.FinishConnect();
     }
-    unread_ = {received_, static_cast<size_t>(received)};
   }
-  const size_t taken =
-      unread_.copy(static_cast<char*>(buffer), static_cast<size_t>(count));
-  unread_.remove_prefix(taken);
-  return static_cast<int32_t>(taken);
+  return progress == Progress::kConnected;
 }
 
-int32_t TCPIPComm::Read(void* buffer, int32_t count) {
-  const int32_t received = Receive(buffer, count);
-  if (received != 0 && received != TcpSocket::kError && count != 0) {
-    log().WriteIfActive(
-        {static_cast<char*>(buffer), static_cast<size_t>(count)}, kLogReceived);
-  }
-  return received;
+void TCPIPComm::Close() {
+  connected_ = false;
+  socket_.Close();
+  log().CloseLog();
 }
 
-int32_t TCPIPComm::Write(const void* buffer, int32_t count) {
-  const int32_t sent = socket_.Send(buffer, count);
-  if (sent != TcpSocket::kError) {
-    log().WriteIfActive(
-        {static_cast<const char*>(buffer), static_cast<size_t>(count)},
-        kLogSent);
-    return sent;
+int32_t TCPIPComm::Read(void* buffer, int32_t count, uint32_t patience) {
+  static_assert(kGone == TcpSocket::kGone);
+  if (!connected_) {
+    return kGone;
+  }
+  return socket_.WaitToRead(patience) ? socket_.Receive(buffer, count)
+                                      : kNothingYet;
+}
+
+BaseComm::Written TCPIPComm::Write(const void* buffer, int32_t count) {
+  const auto* const bytes = static_cast<const char*>(buffer);
+  if (SendAll(bytes, count)) {
+    log().WriteIfActive({bytes, static_cast<size_t>(count)}, kLogSent);
+    return Written::kYes;
   }
   char text[64];
   std::snprintf(text, sizeof(text), "tcp write error %d", errno);
   const std::string_view entry = text;
   // The entry's kind has always been its own length.
   log().WriteIfActive(entry, static_cast<uint32_t>(entry.size()));
-  return sent;
+  broken_ = connected_;
+  return connected_ ? Written::kNo : Written::kLost;
+}
+
+bool TCPIPComm::SendAll(const char* bytes, int32_t count) {
+  const uint32_t start = ClockMilliseconds();
+  while (count > 0) {
+    const int32_t sent = socket_.Send(bytes, count);
+    if (sent == TcpSocket::kGone || interrupted_) {
+      return false;
+    }
+    bytes += sent;
+    count -= sent;
+    if (sent == 0 && !socket_.WaitToWrite(kWait) &&
+        Elapsed(start, ClockMilliseconds(), kSendPatience)) {
+      errno = EAGAIN;
+      return false;
+    }
+  }
+  return true;
 }
 
 }  // namespace quilon

@@ -2,48 +2,48 @@
 #ifndef QUILON_COMM_TCPIP_COMM_H_
 #define QUILON_COMM_TCPIP_COMM_H_
 
-#include <string_view>
+#include <atomic>
 
-#include "comm/base_comm.h"
-#include "platform/tcp_socket.h"
 #include "quilon/records.h"
+#include "src/comm/base_comm.h"
+#include "src/platform/tcp_socket.h"
 
 namespace quilon {
 
 class TCPIPComm final : public BaseComm {
  public:
-  TCPIPComm() = default;
-  ~TCPIPComm() override;
+  // Connects; gives up when `interrupted` becomes true. Returns 1, or 0 when
+  // that failed; `last_error` says why only when the system had no socket.
+  int32_t OpenConnection(const TcpParams& params,
+                         const std::atomic<bool>& interrupted,
+                         LastErrorRecord* last_error);
 
-  // Connects. Returns 1, or 0 when that failed; `last_error` says why only when
-  // the system had no socket.
-  int32_t OpenConnection(const TcpParams& params, LastErrorRecord* last_error);
+  // Closes the log too, whether the connection was open or not.
+  void Close() override;
 
-  int32_t Open() override { return 0; }
+  bool IsOpen() const override { return connected_; }
+  bool IsBroken() const override { return broken_; }
 
-  // The result is upside down, and applications count on it: 0 when the system
-  // closed the socket, which leaves the log open; 1 when there was nothing to
-  // close any more, and then the log is closed.
-  int32_t Close() override;
+  int32_t Read(void* buffer, int32_t count, uint32_t patience) override;
 
-  // Waits 1 ms at most. Returns -1 when nothing came, 0 when the printer has
-  // closed the connection.
-  int32_t Read(void* buffer, int32_t count) override;
+  // Waits 10 s at most for the printer to take all bytes; the connection is
+  // broken when it did not.
+  Written Write(const void* buffer, int32_t count) override;
 
-  // Returns -1 when the connection is broken.
-  int32_t Write(const void* buffer, int32_t count) override;
+  // Discards nothing.
+  bool Purge() override { return false; }
 
-  // Discards nothing and returns 1.
-  int32_t Purge() override { return 1; }
+  void Interrupt() override { interrupted_ = true; }
 
  private:
-  int32_t Receive(void* buffer, int32_t count);
+  bool Connect(const char* address, uint16_t port,
+               const std::atomic<bool>& interrupted);
+  bool SendAll(const char* bytes, int32_t count);
 
   TcpSocket socket_;
-  // The exchange reads byte by byte; asking the system for each would cost more
-  // than all the rest of reading an answer.
-  char received_[2048];
-  std::string_view unread_;
+  bool connected_ = false;
+  bool broken_ = false;
+  std::atomic<bool> interrupted_ = false;
 };
 
 }  // namespace quilon

@@ -1,29 +1,37 @@
-#include "comm/thread_rs232_comm.h"
+#include "src/comm/thread_rs232_comm.h"
 
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <system_error>
+#include <exception>
+#include <new>
 #include <utility>
 
-#include "comm/serial_setup.h"
-#include "platform/clock.h"
-#include "platform/module.h"
+#include "src/comm/serial_setup.h"
+#include "src/platform/clock.h"
+#include "src/platform/module.h"
+#include "src/platform/process.h"
 
 namespace quilon {
 namespace {
 
-constexpr uint32_t kPollPause = 1;  // milliseconds
+// All in milliseconds.
+constexpr uint32_t kPurgePause = 1;
+constexpr std::chrono::milliseconds kInterruptPause{10};
+constexpr std::chrono::milliseconds kRetryPause{10};  // for memory, and room
+constexpr std::chrono::hours kForGood{24 * 365};
+constexpr int32_t kDrainPatience = 2000;
+constexpr int32_t kHeldUp = 200;  // a line that moves nothing so long
+constexpr uint32_t kDrainPause = 10;
+
 constexpr int kPurgeWaits = 20;
-constexpr std::chrono::milliseconds kWritePatience{500};
-constexpr std::chrono::milliseconds kCancelPause{10};
 
 }  // namespace
 
 ThreadRS232Comm::ThreadRS232Comm(std::unique_ptr<SerialPort> port)
     : port_(std::move(port)) {}
 
-ThreadRS232Comm::~ThreadRS232Comm() { ThreadRS232Comm::Close(); }
+ThreadRS232Comm::~ThreadRS232Comm() { StopThreads(); }
 
 int32_t ThreadRS232Comm::OpenConnection(const SerialParams& params,
                                         LastErrorRecord* last_error) {
@@ -34,90 +42,171 @@ int32_t ThreadRS232Comm::OpenConnection(const SerialParams& params,
   return 1;
 }
 
-int32_t ThreadRS232Comm::Close() {
-  StopThreads();
-  if (!port_->Close()) {
-    return 0;
+void ThreadRS232Comm::Close() {
+  if (IsLeftBehind()) {
+    port_->Close();
+    return;
   }
-  log().CloseLog();
-  return 1;
+  if (IsServed()) {
+    Drain();
+  }
+  StopThreads();
+  if (port_->Close()) {
+    log().CloseLog();
+  }
 }
 
-int32_t ThreadRS232Comm::Read(void* buffer, int32_t count) {
-  if (!port_->IsOpen() || count < 1) {
-    return 0;
+bool ThreadRS232Comm::IsLeftBehind() const {
+  return writer_.joinable() && owner_ != ProcessId();
+}
+
+int32_t ThreadRS232Comm::Read(void* buffer, int32_t count, uint32_t patience) {
+  if (!IsServed() || IsLeftBehind()) {
+    return kGone;
   }
-  const size_t taken =
-      input_.TryPop(static_cast<uint8_t*>(buffer), static_cast<size_t>(count));
-  log().WriteIfActive({static_cast<char*>(buffer), taken}, kLogReceived);
+  const size_t taken = input_.Pop(static_cast<uint8_t*>(buffer),
+                                  static_cast<size_t>(count), patience);
+  if (taken == 0) {
+    return gone_ ? kGone : kNothingYet;
+  }
   return static_cast<int32_t>(taken);
 }
 
-int32_t ThreadRS232Comm::Write(const void* buffer, int32_t count) {
+BaseComm::Written ThreadRS232Comm::Write(const void* buffer, int32_t count) {
   const auto length = static_cast<size_t>(count);
-  if (!port_->IsOpen() || count < 1 || !output_.HasRoom(length)) {
-    return 0;
+  if (!IsServed() || IsLeftBehind() || !output_.HasRoom(length)) {
+    return Written::kNo;
   }
   // Logged before it is queued, so that the writer's entry comes later.
   log().WriteIfActive({static_cast<const char*>(buffer), length}, kLogSent);
   output_.Push(static_cast<const uint8_t*>(buffer), length);
-  return count;
+  return Written::kYes;
 }
 
-int32_t ThreadRS232Comm::Purge() {
-  if (!port_->IsOpen()) {
-    return 0;
+bool ThreadRS232Comm::Purge() {
+  if (!IsServed() || IsLeftBehind()) {
+    return false;
   }
   port_->AbortReads();
-  const bool cleared = port_->ClearReceived();
+  port_->ClearReceived();
   for (int i = 0; i < kPurgeWaits && output_.Size() > 0; ++i) {
-    SleepMilliseconds(kPollPause);
+    SleepMilliseconds(kPurgePause);
     log().WriteIfActive("OutQueue waiting", kLogStatus);
   }
-  return cleared ? 1 : 0;
+  return false;
 }
 
 void ThreadRS232Comm::StartThreads() {
   PinModule();
+  owner_ = ProcessId();
   try {
-    writer_ = std::async(std::launch::async, [this] { WritePort(); });
-    reader_ = std::async(std::launch::async, [this] { ReadPort(); });
-  } catch (const std::system_error&) {
-    // Without its threads the port is open and silent: nothing arrives.
+    StartThread(&ThreadRS232Comm::WritePort, &writer_);
+    StartThread(&ThreadRS232Comm::ReadPort, &reader_);
+  } catch (const std::exception&) {
+    // Without its threads the port is open, takes nothing and says that it is
+    // gone.
+  }
+}
+
+// Waits for the queued bytes to leave, unless the line is held up.
+void ThreadRS232Comm::Drain() {
+  const uint32_t start = ClockMilliseconds();
+  uint32_t moved = start;
+  int64_t sent = port_->SentCount();
+  for (uint32_t now = start;
+       !Elapsed(start, now, kDrainPatience) && !Elapsed(moved, now, kHeldUp);
+       now = ClockMilliseconds()) {
+    if (output_.WaitUntilServed(kDrainPause)) {
+      if (port_->IsDrained()) {
+        return;
+      }
+      SleepMilliseconds(kDrainPause);
+    }
+    if (sent != port_->SentCount()) {
+      sent = port_->SentCount();
+      moved = now;
+    }
+  }
+  if (!port_->IsDrained()) {
+    // The system would wait for the rest on closing the port.
+    port_->DiscardUnsent();
   }
 }
 
 void ThreadRS232Comm::StopThreads() {
-  stop_ = true;
-  output_.Interrupt();
-  if (writer_.valid()) {
-    std::chrono::milliseconds patience = kWritePatience;
-    while (writer_.wait_for(patience) == std::future_status::timeout) {
-      port_->CancelWrite();
-      patience = kCancelPause;
+  {
+    std::unique_lock lock(stop_mutex_);
+    stop_ = true;
+    stop_changed_.notify_all();
+    output_.Interrupt();
+    const auto ended = [this] { return serving_ == 0; };
+    while (!ended()) {
+      port_->Interrupt();
+      stop_changed_.wait_for(lock, kInterruptPause, ended);
     }
-    writer_.wait();
   }
-  if (reader_.valid()) {
-    reader_.wait();
+  for (std::thread* thread : {&writer_, &reader_}) {
+    if (thread->joinable()) {
+      thread->join();
+    }
   }
 }
 
+void ThreadRS232Comm::StartThread(void (ThreadRS232Comm::*work)(),
+                                  std::thread* thread) {
+  const std::lock_guard lock(stop_mutex_);
+  *thread = std::thread([this, work] {
+    (this->*work)();
+    const std::lock_guard end(stop_mutex_);
+    --serving_;
+    stop_changed_.notify_all();
+  });
+  ++serving_;
+}
+
+bool ThreadRS232Comm::IsStopped() {
+  const std::lock_guard lock(stop_mutex_);
+  return stop_;
+}
+
+void ThreadRS232Comm::WaitForStop(std::chrono::milliseconds patience) {
+  std::unique_lock lock(stop_mutex_);
+  stop_changed_.wait_for(lock, patience, [this] { return stop_; });
+}
+
 void ThreadRS232Comm::ReadPort() {
-  while (!stop_) {
-    uint8_t byte = 0;
-    // What has no room waits in the port.
-    if (input_.HasRoom(1) && port_->Read(&byte, 1) == 1) {
-      input_.Push(&byte, 1);
-    } else {
-      SleepMilliseconds(kPollPause);
+  std::array<uint8_t, 512> bytes = {};
+  while (!IsStopped()) {
+    const int32_t count = port_->Read(
+        bytes.data(), static_cast<int32_t>(bytes.size()), SerialPort::kForever);
+    if (count == SerialPort::kGone) {
+      gone_ = true;
+      WaitForStop(kForGood);
+    }
+    // What has no room waits here, and what comes behind it in the port.
+    while (count > 0 && !IsStopped() &&
+           !TryQueue(bytes.data(), static_cast<size_t>(count))) {
+      WaitForStop(kRetryPause);
     }
   }
+}
+
+bool ThreadRS232Comm::TryQueue(const uint8_t* bytes, size_t count) {
+  try {
+    if (input_.HasRoom(count)) {
+      input_.Push(bytes, count);
+      return true;
+    }
+  } catch (const std::bad_alloc&) {
+    // There may be memory again in a moment.
+  }
+  return false;
 }
 
 void ThreadRS232Comm::WritePort() {
   std::array<uint8_t, kBatchCapacity> batch = {};
-  while (const size_t length = output_.Pop(batch.data(), batch.size())) {
+  while (const size_t length =
+             output_.Pop(batch.data(), batch.size(), ByteQueue::kForever)) {
     if (port_->Write(batch.data(), static_cast<int32_t>(length)) > 0) {
       log().WriteIfActive("WRITE ASYNC", kLogMessage);
       continue;

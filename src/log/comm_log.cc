@@ -1,14 +1,14 @@
-#include "log/comm_log.h"
+#include "src/log/comm_log.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstring>
-#include <utility>
 
-#include "platform/clock.h"
-#include "platform/files.h"
-#include "text/driver_name.h"
-#include "text/mazovia.h"
+#include "src/platform/clock.h"
+#include "src/platform/files.h"
+#include "src/text/driver_name.h"
+#include "src/text/mazovia.h"
 
 namespace quilon {
 namespace {
@@ -107,8 +107,6 @@ char* RenderByte(uint8_t byte, char* out) {
 
 }  // namespace
 
-CommLog::~CommLog() { CloseFile(); }
-
 void CommLog::SetDirectory(std::string_view directory) {
   const std::lock_guard lock(mutex_);
   const size_t length = directory.copy(directory_, sizeof(directory_) - 1);
@@ -118,16 +116,26 @@ void CommLog::SetDirectory(std::string_view directory) {
 void CommLog::OpenLog() {
   const std::lock_guard lock(mutex_);
   if (state_ == kNoFile) {
-    BeginFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory);
+    if (BeginFile(directory_[0] != '\0' ? directory_ : kDefaultLogDirectory) ==
+        0) {
+      return;
+    }
     WriteEntry(kDriverText, kLogStatus);
     WriteEntry(kSystemName, kLogStatus);
   }
   state_ = kActive;
 }
 
+void CommLog::Resume() {
+  const std::lock_guard lock(mutex_);
+  if (state_ != kNoFile) {
+    state_ = kActive;
+  }
+}
+
 void CommLog::SwitchOff() {
   const std::lock_guard lock(mutex_);
-  state_ = kSwitchedOff;
+  state_ = file_.is_open() ? kSwitchedOff : kNoFile;
 }
 
 int32_t CommLog::OpenLogFile(const char* directory) {
@@ -156,20 +164,20 @@ void CommLog::CloseLog() {
     return;
   }
   WriteEntry("Close port", kLogStatus);
-  CloseFile();
+  file_.Close();
   state_ = kNoFile;
 }
 
 int32_t CommLog::BeginFile(const char* directory) {
-  CloseFile();
+  file_.Close();
   Path path;
   if (MakeFilePath(directory, path)) {
     CreateDirectoryChain(directory);
-    file_ = std::fopen(path, "w");
+    file_.Create(path);
   } else {
     errno = ENAMETOOLONG;
   }
-  if (file_ == nullptr) {
+  if (!file_.is_open()) {
     std::printf("Blad otwierania logu komunikacyjnego %d\n", errno);
     return 0;
   }
@@ -177,7 +185,7 @@ int32_t CommLog::BeginFile(const char* directory) {
 }
 
 int32_t CommLog::WriteEntry(std::string_view data, uint32_t kind) {
-  if (data.empty() || file_ == nullptr) {
+  if (data.empty() || !file_.is_open()) {
     return 0;
   }
   char line[kLineCapacity] = {};
@@ -199,18 +207,7 @@ int32_t CommLog::WriteEntry(std::string_view data, uint32_t kind) {
     end = Append(kTruncationMark, end);
   }
   *end++ = '\n';
-  const auto size = static_cast<size_t>(end - rendered);
-  return std::fwrite(rendered, 1, size, file_) == size &&
-                 std::fflush(file_) == 0
-             ? 1
-             : 0;
-}
-
-void CommLog::CloseFile() {
-  std::FILE* closing = std::exchange(file_, nullptr);
-  if (closing != nullptr) {
-    std::fclose(closing);
-  }
+  return file_.Write(rendered, static_cast<size_t>(end - rendered)) ? 1 : 0;
 }
 
 }  // namespace quilon

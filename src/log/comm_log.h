@@ -6,9 +6,10 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
 #include <mutex>
 #include <string_view>
+
+#include "src/platform/files.h"
 
 namespace quilon {
 
@@ -32,7 +33,6 @@ class CommLog {
   static constexpr size_t kPathCapacity = 256;
 
   CommLog() = default;
-  ~CommLog();
   CommLog(const CommLog&) = delete;
   CommLog& operator=(const CommLog&) = delete;
 
@@ -42,10 +42,14 @@ class CommLog {
   void SetDirectory(std::string_view directory);
 
   // Makes the log active. Without a file one is begun in the directory, with
-  // the driver's name and version at its head.
+  // the driver's name and version at its head; when that is impossible, the log
+  // stays without.
   void OpenLog();
 
-  // Stops writing entries; the file stays open.
+  // Makes the log active again, or for the first time, if it has a file.
+  void Resume();
+
+  // Stops writing entries; a file stays open.
   void SwitchOff();
 
   // Begins a new file in `directory`, instead of the one that may be open.
@@ -66,11 +70,10 @@ class CommLog {
   // These expect the caller to hold the mutex.
   int32_t BeginFile(const char* directory);
   int32_t WriteEntry(std::string_view data, uint32_t kind);
-  void CloseFile();
 
   std::mutex mutex_;
   std::atomic<State> state_ = kNoFile;
-  std::FILE* file_ = nullptr;
+  OutputFile file_;
   char directory_[kPathCapacity] = {};
 };
 

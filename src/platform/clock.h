@@ -19,9 +19,15 @@ struct LocalTime {
   int millisecond;
 };
 
-// Milliseconds of a steady clock that starts at 0 with the first call. It wraps
-// after 49 days: take differences as signed 32-bit values.
+// Milliseconds since the process began, by a steady clock. It wraps after 49
+// days: take differences as signed 32-bit values.
 uint32_t ClockMilliseconds();
+
+// Whether more than `limit` milliseconds have passed between two readings of
+// the clock. A negative limit has always passed.
+inline bool Elapsed(uint32_t start, uint32_t now, int32_t limit) {
+  return static_cast<int32_t>(now - start) > limit;
+}
 
 void SleepMilliseconds(uint32_t milliseconds);
 

@@ -46,6 +46,34 @@ class InputFile {
   int64_t size_ = 0;
 };
 
+// A text file that is begun anew and then written line by line. For one thread
+// at a time.
+class OutputFile {
+ public:
+  OutputFile() = default;
+  ~OutputFile() { Close(); }
+  OutputFile(const OutputFile&) = delete;
+  OutputFile& operator=(const OutputFile&) = delete;
+
+  // Creates the file at `path`, in the process's own encoding, or empties it.
+  // Processes that this one starts do not inherit it. Returns false when that
+  // is impossible; errno then says why.
+  bool Create(const char* path);
+
+  bool is_open() const { return file_ != kNone; }
+
+  // Writes `count` bytes at once; a line feed becomes what ends a line on the
+  // system. Returns false when the system took less.
+  bool Write(const char* bytes, size_t count);
+
+  void Close();
+
+ private:
+  static constexpr int kNone = -1;
+
+  int file_ = kNone;
+};
+
 }  // namespace quilon
 
 #endif  // QUILON_PLATFORM_FILES_H_

@@ -45,12 +45,18 @@ struct SerialTimeouts {
 };
 
 // One thread may read, another one write, and a third one clear, abort and
-// cancel, all at the same time. Everything else needs the port to itself.
+// interrupt, all at the same time. Everything else needs the port to itself.
 //
 // Operations that return bool return false when the system refuses, and on a
 // port that is not open.
 class SerialPort {
  public:
+  // What Read returns when the port is not open, or its line is gone.
+  static constexpr int32_t kGone = -1;
+
+  // For Read: waits until a byte comes.
+  static constexpr uint32_t kForever = 0xFFFFFFFF;
+
   virtual ~SerialPort() = default;
 
   // Opens the port called `name` for this process alone.
@@ -68,9 +74,10 @@ class SerialPort {
 
   virtual bool SetTimeouts(const SerialTimeouts& timeouts) = 0;
 
-  // Reads up to `count` bytes within the time-outs. Returns how many came: 0
-  // when none did, and when the port is not open or is gone.
-  virtual int32_t Read(void* buffer, int32_t count) = 0;
+  // Waits for a byte, and takes up to `count` of those that are there. Linux
+  // waits at most `patience` milliseconds; Windows keeps the port's time-outs
+  // for a single byte. Returns how many came, 0 for none yet, or kGone.
+  virtual int32_t Read(void* buffer, int32_t count, uint32_t patience) = 0;
 
   // Writes `count` bytes within the time-outs. Returns how many were taken.
   virtual int32_t Write(const void* buffer, int32_t count) = 0;
@@ -78,11 +85,22 @@ class SerialPort {
   // The system's number of the error that ended this thread's last Write.
   virtual int32_t LastError() const = 0;
 
-  // Makes the Write of another thread return early. One that begins just now
-  // may slip through: repeat the call until Write has returned.
-  virtual void CancelWrite() = 0;
+  // How many bytes the system has taken since the port was opened, less those
+  // that it still keeps: a number that stands still while the line is held up.
+  virtual int64_t SentCount() const = 0;
 
-  // Makes the Read of another thread return early.
+  // Whether the system has sent all that it took.
+  virtual bool IsDrained() const = 0;
+
+  // Throws away what the system took and has not sent.
+  virtual void DiscardUnsent() = 0;
+
+  // Makes the Read and the Write of other threads return early, until the port
+  // is closed. One that begins just now may slip through: repeat the call until
+  // they have returned.
+  virtual void Interrupt() = 0;
+
+  // Makes the Read of another thread return early, once.
   virtual bool AbortReads() = 0;
 
   // Discards what was received and not yet read.

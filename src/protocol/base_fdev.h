@@ -3,26 +3,29 @@
 #ifndef QUILON_PROTOCOL_BASE_FDEV_H_
 #define QUILON_PROTOCOL_BASE_FDEV_H_
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string>
 #include <string_view>
 
-#include "comm/base_comm.h"
-#include "protocol/frame_builder.h"
-#include "protocol/reply.h"
 #include "quilon/records.h"
-#include "text/mazovia.h"
+#include "src/comm/base_comm.h"
+#include "src/protocol/frame_builder.h"
+#include "src/protocol/reply.h"
+#include "src/text/mazovia.h"
 
 namespace quilon {
 
-// Belongs to one thread at a time.
+// Belongs to one thread at a time, but for the operations on the log and
+// Interrupt, which any thread may call meanwhile.
 //
-// Operations that send return the number of bytes written, less than 1 for none
-// (0 without a connection). Operations that read return 1, and 0 or -1 when no
-// answer came or it lacks what was asked for; numbers in it that are none throw
-// std::invalid_argument or std::out_of_range.
+// Operations that send return whether the connection took the frame. Operations
+// that read return whether an answer came that has what was asked for; numbers
+// in it that are none throw std::invalid_argument or std::out_of_range. All of
+// them throw CallEnded after Interrupt.
 class BaseFDev {
  public:
   static constexpr int32_t kDefaultReplyTimeout = 5000;
@@ -36,15 +39,29 @@ class BaseFDev {
 
   // Starts the log of a connection that is about to be opened, if logging is
   // on.
-  void StartLog(BaseComm* transport) const;
+  void StartLog(BaseComm* transport);
 
-  // Makes `transport` the connection. An earlier one is left open.
+  // Makes `transport` the connection. An earlier one that is open is left so.
   void Attach(std::unique_ptr<BaseComm> transport);
 
-  // Closes and drops the connection. Returns 1.
-  int32_t Close();
+  // Closes and drops the connection.
+  void Close();
 
   bool connected() const { return transport_ != nullptr; }
+
+  // Whether nothing can come from the connection any more, as far as is known.
+  bool IsGone() const;
+
+  // Ends the call that another thread has in progress; it may slip through one
+  // that begins just now, so it is to be repeated until the call has ended. The
+  // connection must be closed then.
+  void Interrupt();
+
+  // True from then on until the connection is closed.
+  const std::atomic<bool>& interrupted() const { return interrupted_; }
+
+  // Lets so much time pass.
+  void Pause(uint32_t milliseconds) const;
 
   // `directory` has at most 255 bytes.
   void EnableLog(std::string_view directory);
@@ -57,6 +74,12 @@ class BaseFDev {
   // Writes a message entry while the connection's log is active.
   void LogDiagnostic(std::string_view text);
 
+  // Whether anything came when the last packet was to be read.
+  bool heard() const { return !reply_.empty(); }
+
+  // Reads the next answer, whatever it is. Returns false when none comes.
+  bool DropAnswer() { return ReadAnswer(); }
+
   // --- Settings -----------------------------------------------------------
 
   // Milliseconds of silence after which reading an answer ends.
@@ -67,21 +90,21 @@ class BaseFDev {
 
   // --- Status and errors (status.cc) --------------------------------------
 
-  int32_t SendDle() { return SendControlByte(0x10); }
-  int32_t SendEnq() { return SendControlByte(0x05); }
-  int32_t SendExtendedStatus() { return SendControlByte(0x1A); }
-  int32_t SendErrorNumber();
+  bool SendDle() { return SendControlByte(0x10); }
+  bool SendEnq() { return SendControlByte(0x05); }
+  bool SendExtendedStatus() { return SendControlByte(0x1A); }
+  bool SendErrorNumber();
 
   // Packets that the printer sent before the status byte are dropped.
-  int32_t ReadDle(DleStatus* status);
-  int32_t ReadEnq(EnqStatus* status);
-  int32_t ReadExtendedStatus(ExtendedStatus* status);
-  int32_t ReadErrorNumber(ErrorNumber* error);
+  bool ReadDle(DleStatus* status);
+  bool ReadEnq(EnqStatus* status);
+  bool ReadExtendedStatus(ExtendedStatus* status);
+  bool ReadErrorNumber(ErrorNumber* error);
 
   // Asks with DLE and ENQ for the printer's state and fills the record with it;
   // with the error number and message, too, when the last command was refused.
-  // Returns 0 when the printer is ready and accepted the command, else -1.
-  int32_t StatusCheck(LastErrorRecord* record);
+  // Returns whether the printer is ready and did not refuse the command.
+  bool StatusCheck(LastErrorRecord* record);
 
   // Asks whether the last command was accepted. If not, asks for the error
   // number, fills the record with it and its message, and returns it; returns
@@ -94,12 +117,16 @@ class BaseFDev {
   // Begins a frame in the command buffer.
   FrameBuilder Frame();
 
-  // Sends the frame up to its first zero byte.
-  int32_t Send(const FrameBuilder& frame);
+  // Sends the frame. A connection that never opened takes it, too, over TCP,
+  // and loses it.
+  bool Send(const FrameBuilder& frame);
 
-  // Reads one byte, waiting for it as long as the reply time-out. Returns 1, or
-  // 0 when none came.
-  int32_t ReadByte(uint8_t* byte);
+  // The same, where a lost frame counts as not sent.
+  bool Deliver(const FrameBuilder& frame);
+
+  // Reads one byte, waiting for it as long as the reply time-out. Returns
+  // whether one came.
+  bool ReadByte(uint8_t* byte);
 
   // Reads up to the next "\", or until the printer is silent for the reply
   // time-out. Returns whether reply() holds at least one byte.
@@ -110,14 +137,14 @@ class BaseFDev {
   bool ReadAnswer();
 
   // Reads the next answer and takes the fields behind `mnemonic` from it; see
-  // reply_fields.h. Returns 1, or 0 without an answer or without the mnemonic.
+  // reply_fields.h. Fails without an answer or without the mnemonic.
   template <typename... Fields>
-  int32_t ReadFields(std::string_view mnemonic, const Fields&... fields) {
+  bool ReadFields(std::string_view mnemonic, const Fields&... fields) {
     if (!ReadAnswer() || !reply_.SkipPast(mnemonic)) {
-      return 0;
+      return false;
     }
     TakeFields(fields...);
-    return 1;
+    return true;
   }
 
   // Takes the next fields from the answer that was read last.
@@ -129,19 +156,31 @@ class BaseFDev {
   Reply& reply() { return reply_; }
 
  private:
-  int32_t SendControlByte(char byte);
+  BaseComm::Written Transmit(const FrameBuilder& frame);
+  bool SendControlByte(char byte);
+  bool Receive();
+  void LogTimeout(uint32_t start, uint32_t now);
   bool ReadPacketBytes();
   template <typename Predicate>
   bool ReadStatusByte(Predicate is_status, uint8_t* byte);
+  void CheckInterrupted() const;
 
   std::unique_ptr<BaseComm> transport_;
   std::string command_buffer_;
   Reply reply_;
-  bool log_enabled_ = false;
+  char received_[2048];
+  std::string_view unread_;  // of what was received
+  bool gone_ = false;        // by the transport's last word
+  std::atomic<bool> log_enabled_ = false;
   char log_directory_[CommLog::kPathCapacity] = {};
   int32_t reply_timeout_ = kDefaultReplyTimeout;
   TextEncoding text_encoding_ = TextEncoding::kCp1250;
   [[maybe_unused]] uint32_t init_argument_;  // kept for the application
+
+  std::atomic<bool> interrupted_ = false;
+  // Guards the directory, and the transport's place against threads that log
+  // or interrupt.
+  std::mutex mutex_;
 };
 
 }  // namespace quilon

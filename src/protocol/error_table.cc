@@ -1,10 +1,10 @@
-#include "protocol/error_table.h"
+#include "src/protocol/error_table.h"
 
 #include <algorithm>
 #include <iterator>
 
-#include "comm/last_error.h"
-#include "text/cp1250.h"
+#include "src/comm/last_error.h"
+#include "src/text/cp1250.h"
 
 namespace quilon {
 namespace {

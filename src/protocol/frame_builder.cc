@@ -1,4 +1,4 @@
-#include "protocol/frame_builder.h"
+#include "src/protocol/frame_builder.h"
 
 #include <charconv>
 #include <stdexcept>

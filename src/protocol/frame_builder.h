@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-#include "text/mazovia.h"
+#include "src/text/mazovia.h"
 
 namespace quilon {
 

@@ -1,4 +1,4 @@
-#include "protocol/reply.h"
+#include "src/protocol/reply.h"
 
 #include <algorithm>
 #include <charconv>

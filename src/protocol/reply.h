@@ -23,7 +23,7 @@ class Reply {
   static constexpr size_t kMaxLength = size_t{1} << 20;
 
   void Clear();
-  void Append(char byte) { bytes_.push_back(byte); }
+  void Append(std::string_view bytes) { bytes_.append(bytes); }
 
   const std::string& bytes() const { return bytes_; }
   bool empty() const { return bytes_.empty(); }

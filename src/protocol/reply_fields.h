@@ -11,8 +11,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "protocol/reply.h"
-#include "text/copy_text.h"
+#include "src/protocol/reply.h"
+#include "src/text/copy_text.h"
 
 namespace quilon {
 
@@ -96,6 +96,12 @@ auto Line(char (&array)[kCapacity], size_t max_length = kCapacity - 1) {
   return [&array, max_length](Reply& reply) {
     CopyText(reply.NextLine(), array, max_length);
   };
+}
+
+// The same for an array of many thousand bytes, whose rest stays as it is.
+template <size_t kCapacity>
+auto LongLine(char (&array)[kCapacity]) {
+  return [&array](Reply& reply) { PutText(reply.NextLine(), array); };
 }
 
 // A text up to ESC; empty when none follows.

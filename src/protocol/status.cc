@@ -1,14 +1,14 @@
 // The single-byte status requests, the error number, and the checks made of
 // them.
 #include <algorithm>
-#include <cstring>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
-#include "comm/last_error.h"
-#include "protocol/base_fdev.h"
-#include "protocol/error_table.h"
-#include "protocol/reply_fields.h"
+#include "src/comm/last_error.h"
+#include "src/protocol/base_fdev.h"
+#include "src/protocol/error_table.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 namespace {
@@ -20,7 +20,7 @@ int32_t Bit(int32_t value, int bit) { return (value >> bit) & 1; }
 
 }  // namespace
 
-int32_t BaseFDev::SendErrorNumber() {
+bool BaseFDev::SendErrorNumber() {
   return Send(Frame().Raw("#n").EndWithoutChecksum());
 }
 
@@ -29,7 +29,7 @@ int32_t BaseFDev::SendErrorNumber() {
 // falls silent; `byte` is then not to be used.
 template <typename Predicate>
 bool BaseFDev::ReadStatusByte(Predicate is_status, uint8_t* byte) {
-  if (ReadByte(byte) == 0) {
+  if (!ReadByte(byte)) {
     return false;
   }
   if (is_status(*byte)) {
@@ -50,10 +50,10 @@ bool BaseFDev::ReadStatusByte(Predicate is_status, uint8_t* byte) {
   return true;
 }
 
-int32_t BaseFDev::ReadDle(DleStatus* status) {
+bool BaseFDev::ReadDle(DleStatus* status) {
   uint8_t byte = 0;
   if (!ReadStatusByte(IsDleStatus, &byte)) {
-    return 0;
+    return false;
   }
   const bool decoded = IsDleStatus(byte);
   status->online = decoded ? Bit(byte, 2) : 0;
@@ -62,21 +62,21 @@ int32_t BaseFDev::ReadDle(DleStatus* status) {
   if (decoded) {
     status->valid = 1;
   }
-  return 1;
+  return true;
 }
 
-int32_t BaseFDev::ReadEnq(EnqStatus* status) {
+bool BaseFDev::ReadEnq(EnqStatus* status) {
   uint8_t byte = 0;
   if (!ReadStatusByte(IsEnqStatus, &byte)) {
-    return 0;
+    return false;
   }
   *status = {Bit(byte, 3), Bit(byte, 2), Bit(byte, 1), Bit(byte, 0)};
-  return 1;
+  return true;
 }
 
-int32_t BaseFDev::ReadExtendedStatus(ExtendedStatus* status) {
+bool BaseFDev::ReadExtendedStatus(ExtendedStatus* status) {
   if (!ReadAnswer()) {
-    return -1;
+    return false;
   }
   reply_.SkipPast("@s");
   for (int32_t& number : status->numbers) {
@@ -100,24 +100,24 @@ int32_t BaseFDev::ReadExtendedStatus(ExtendedStatus* status) {
   for (int i = 0; i < 8; ++i) {
     status->flags[i] = Bit(pair, 7 - i);
   }
-  return 1;
+  return true;
 }
 
-int32_t BaseFDev::ReadErrorNumber(ErrorNumber* error) {
+bool BaseFDev::ReadErrorNumber(ErrorNumber* error) {
   return ReadFields("#E", Int(error->number));
 }
 
-int32_t BaseFDev::StatusCheck(LastErrorRecord* record) {
+bool BaseFDev::StatusCheck(LastErrorRecord* record) {
   record->dle = {};
   std::fill(std::begin(record->reserved2), std::end(record->reserved2), 0);
   record->enq = {};
   const auto fail = [this](std::string_view text) {
     LogMessage(text);
-    return -1;
+    return false;
   };
 
   SendDle();
-  if (ReadDle(&record->dle) == 0) {
+  if (!ReadDle(&record->dle)) {
     return fail("Error read DLE");
   }
   if (record->dle.printer_error == 1) {
@@ -134,28 +134,32 @@ int32_t BaseFDev::StatusCheck(LastErrorRecord* record) {
   // Five reads at the most, and an answer to the fifth comes too late: that is
   // how long applications have always been made to wait.
   for (int retries = 3;; --retries) {
-    const bool answered = ReadEnq(&record->enq) != 0;
+    const bool answered = ReadEnq(&record->enq);
     if (!answered) {
       LogMessage("Error read ENQ, retry...");
     }
     if (retries < 0) {
-      return -1;
+      return false;
     }
     if (answered) {
       break;
     }
   }
   if (record->enq.last_command_ok != 0 || record->enq.flag1 != 1) {
-    return 0;
+    return true;
   }
 
   LogMessage("Error ENQ lastCommandOK = 0");
   SendErrorNumber();
   ErrorNumber error = {};
-  ReadErrorNumber(&error);
+  try {
+    ReadErrorNumber(&error);
+  } catch (const std::logic_error& none) {
+    LogDiagnostic(none.what());
+  }
   record->error_code = error.number;
   FillErrorText(record);
-  return -1;
+  return false;
 }
 
 int32_t BaseFDev::ErrorQuery(int32_t result, LastErrorRecord* record) {

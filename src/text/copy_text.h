@@ -18,6 +18,13 @@ void CopyText(std::string_view text, char (&array)[kCapacity],
   std::fill(array + length, std::end(array), '\0');
 }
 
+// Puts `text`, cut to its room, and a NUL into an array that is too large to be
+// cleared for every text.
+template <size_t kCapacity>
+void PutText(std::string_view text, char (&array)[kCapacity]) {
+  array[text.copy(array, kCapacity - 1)] = '\0';
+}
+
 }  // namespace quilon
 
 #endif  // QUILON_TEXT_COPY_TEXT_H_

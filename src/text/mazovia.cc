@@ -1,9 +1,9 @@
-#include "text/mazovia.h"
+#include "src/text/mazovia.h"
 
 #include <algorithm>
 #include <array>
 
-#include "text/cp1250.h"
+#include "src/text/cp1250.h"
 
 namespace quilon {
 namespace {

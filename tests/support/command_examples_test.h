@@ -11,7 +11,7 @@
 
 #include "printer/virtual_printer.h"
 #include "quilon/quilon.h"
-#include "support/bitmap.h"
+#include "tests/support/bitmap.h"
 
 namespace quilon::testing {
 

@@ -1,4 +1,4 @@
-#include "support/covered_codes.h"
+#include "tests/support/covered_codes.h"
 
 #include <set>
 

@@ -1,6 +1,6 @@
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
-#include "support/covered_codes.h"
+#include "tests/support/covered_codes.h"
 
 namespace quilon::testing {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "quilon/quilon.h"
-#include "support/scripted_peer.h"
+#include "tests/support/scripted_peer.h"
 
 namespace quilon::testing {
 

@@ -1,16 +1,10 @@
-#include "support/fake_serial_port.h"
+#include "tests/support/fake_serial_port.h"
 
 #include <algorithm>
 #include <chrono>
 #include <utility>
 
 namespace quilon::testing {
-namespace {
-
-constexpr std::chrono::milliseconds kReadTime{1};
-
-}  // namespace
-
 class FakeSerialPort final : public SerialPort {
  public:
   explicit FakeSerialPort(SerialScript* script) : script_(*script) {}
@@ -38,8 +32,13 @@ class FakeSerialPort final : public SerialPort {
   }
 
   bool SetLineState(const LineState& state) override {
+    script_.lines_tried.push_back(state);
+    if (!script_.takes_line_state ||
+        (state.xon == state.xoff && !script_.takes_equal_characters)) {
+      return false;
+    }
     script_.line = state;
-    return script_.takes_line_state;
+    return true;
   }
 
   bool SetTimeouts(const SerialTimeouts& timeouts) override {
@@ -47,12 +46,24 @@ class FakeSerialPort final : public SerialPort {
     return script_.takes_timeouts;
   }
 
-  int32_t Read(void* buffer, int32_t count) override {
+  int32_t Read(void* buffer, int32_t count, uint32_t patience) override {
     std::unique_lock lock(script_.mutex_);
     if (script_.unread_.empty()) {
       script_.reader_idle_ = true;
       script_.changed_.notify_all();
-      script_.changed_.wait_for(lock, kReadTime);
+    }
+    const auto awake = [this] {
+      return script_.vanished_ || script_.interrupted_ ||
+             !script_.unread_.empty();
+    };
+    if (patience == kForever) {
+      script_.changed_.wait(lock, awake);
+    } else {
+      script_.changed_.wait_for(lock, std::chrono::milliseconds(patience),
+                                awake);
+    }
+    if (script_.vanished_) {
+      return kGone;
     }
     const size_t length = script_.unread_.copy(static_cast<char*>(buffer),
                                                static_cast<size_t>(count));
@@ -66,16 +77,27 @@ class FakeSerialPort final : public SerialPort {
                                  static_cast<size_t>(count));
     script_.changed_.notify_all();
     script_.changed_.wait(
-        lock, [this] { return cancelled_ || !script_.writes_held_; });
-    return cancelled_ || script_.writes_refused_ ? 0 : count;
+        lock, [this] { return script_.interrupted_ || !script_.writes_held_; });
+    if (script_.writes_held_ || script_.writes_refused_) {
+      return 0;
+    }
+    script_.sent_ += count;
+    return count;
   }
 
   int32_t LastError() const override { return script_.last_error; }
 
-  void CancelWrite() override {
-    script_.Note("cancel");
+  int64_t SentCount() const override {
     const std::lock_guard lock(script_.mutex_);
-    cancelled_ = true;
+    return script_.sent_;
+  }
+
+  bool IsDrained() const override { return true; }
+  void DiscardUnsent() override {}
+
+  void Interrupt() override {
+    const std::lock_guard lock(script_.mutex_);
+    script_.interrupted_ = true;
     script_.changed_.notify_all();
   }
 
@@ -92,7 +114,6 @@ class FakeSerialPort final : public SerialPort {
  private:
   SerialScript& script_;
   bool open_ = false;
-  bool cancelled_ = false;
 };
 
 std::vector<std::string> SerialScript::Operations() {
@@ -136,6 +157,12 @@ void SerialScript::AllowWrites() {
   const std::lock_guard lock(mutex_);
   writes_held_ = false;
   writes_refused_ = false;
+  changed_.notify_all();
+}
+
+void SerialScript::Vanish() {
+  const std::lock_guard lock(mutex_);
+  vanished_ = true;
   changed_.notify_all();
 }
 

@@ -10,7 +10,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/serial_port.h"
+#include "src/platform/serial_port.h"
 
 namespace quilon::testing {
 
@@ -23,15 +23,17 @@ class SerialScript {
   bool closes = true;
   bool tells_line_state = true;
   bool takes_line_state = true;
+  bool takes_equal_characters = true;  // one for both Xon and Xoff
   bool takes_timeouts = true;
   bool purges = true;
   int32_t last_error = 0;
-  LineState line = {};  // changed by SetLineState
+  LineState line = {};  // changed by SetLineState, unless it refuses
 
   // --- What was done ------------------------------------------------------
 
   std::string name;  // of the port
   SerialTimeouts timeouts = {};
+  std::vector<LineState> lines_tried;  // what SetLineState was asked for
 
   // Operations so far, in their order, without reading and writing.
   std::vector<std::string> Operations();
@@ -50,7 +52,7 @@ class SerialScript {
   // Waits until they are read and the reader has come back for more.
   void WaitForReader();
 
-  // Writes wait until they are allowed again, or cancelled.
+  // Writes wait until they are allowed again, or interrupted.
   void HoldWrites();
 
   // Writes take no byte.
@@ -58,12 +60,15 @@ class SerialScript {
 
   void AllowWrites();
 
+  // The line is gone.
+  void Vanish();
+
  private:
   friend class FakeSerialPort;
 
   void Note(const std::string& operation);
 
-  std::mutex mutex_;
+  mutable std::mutex mutex_;
   std::condition_variable changed_;
   std::vector<std::string> operations_;
   std::vector<std::string> writes_;
@@ -71,6 +76,9 @@ class SerialScript {
   bool reader_idle_ = false;
   bool writes_held_ = false;
   bool writes_refused_ = false;
+  bool interrupted_ = false;
+  bool vanished_ = false;
+  int64_t sent_ = 0;
 };
 
 // A port that follows `script`, which must outlive it.

@@ -1,4 +1,4 @@
-#include "support/log_folder.h"
+#include "tests/support/log_folder.h"
 
 #include <gtest/gtest.h>
 

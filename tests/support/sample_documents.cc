@@ -1,8 +1,8 @@
-#include "support/sample_documents.h"
+#include "tests/support/sample_documents.h"
 
 #include <memory>
 
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {
@@ -89,7 +89,7 @@ const std::vector<SampleDocument>& SampleDocuments() {
 
 int64_t Booked(const printer::VirtualPrinter& printer) {
   const printer::Books books = printer.books();
-  return printer::sum_of(books.receipts) + printer::sum_of(books.invoices);
+  return printer::SumOf(books.receipts) + printer::SumOf(books.invoices);
 }
 
 void ConnectTo(const printer::VirtualPrinter& printer, uint32_t reply_timeout) {

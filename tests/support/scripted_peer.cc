@@ -1,4 +1,4 @@
-#include "support/scripted_peer.h"
+#include "tests/support/scripted_peer.h"
 
 #include <array>
 #include <boost/asio.hpp>

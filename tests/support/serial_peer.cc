@@ -1,4 +1,4 @@
-#include "support/serial_peer.h"
+#include "tests/support/serial_peer.h"
 
 #include <array>
 #include <boost/asio.hpp>

@@ -1,4 +1,4 @@
-#include "support/test_file.h"
+#include "tests/support/test_file.h"
 
 #include <gtest/gtest.h>
 

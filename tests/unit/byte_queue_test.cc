@@ -1,7 +1,8 @@
-#include "comm/byte_queue.h"
+#include "src/comm/byte_queue.h"
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <future>
 #include <numeric>
 #include <vector>
@@ -15,16 +16,18 @@ void Push(const Bytes& bytes, ByteQueue* queue) {
   queue->Push(bytes.data(), bytes.size());
 }
 
-Bytes TryPop(size_t count, ByteQueue* queue) {
+Bytes PopWithin(uint32_t patience, size_t count, ByteQueue* queue) {
   Bytes bytes(count);
-  bytes.resize(queue->TryPop(bytes.data(), count));
+  bytes.resize(queue->Pop(bytes.data(), count, patience));
   return bytes;
 }
 
+Bytes TryPop(size_t count, ByteQueue* queue) {
+  return PopWithin(0, count, queue);
+}
+
 Bytes Pop(size_t count, ByteQueue* queue) {
-  Bytes bytes(count);
-  bytes.resize(queue->Pop(bytes.data(), count));
-  return bytes;
+  return PopWithin(ByteQueue::kForever, count, queue);
 }
 
 TEST(ByteQueueTest, KeepsTheOrder) {
@@ -60,7 +63,38 @@ TEST(ByteQueueTest, InterruptEndsWaitingForGood) {
   EXPECT_EQ(popped.get(), Bytes());
   Push({1}, &queue);
   EXPECT_EQ(Pop(10, &queue), Bytes());
-  EXPECT_EQ(TryPop(10, &queue), Bytes{1});
+  EXPECT_EQ(queue.Size(), 1U);
+}
+
+TEST(ByteQueueTest, IsServedWhenWhoeverPoppedComesBack) {
+  ByteQueue queue;
+  EXPECT_TRUE(queue.WaitUntilServed(0));
+  Push({1}, &queue);
+  EXPECT_FALSE(queue.WaitUntilServed(1));
+  EXPECT_EQ(Pop(10, &queue), Bytes{1});
+  EXPECT_FALSE(queue.WaitUntilServed(1));
+  auto served = std::async(std::launch::async, [&] {
+    return queue.WaitUntilServed(ByteQueue::kForever);
+  });
+  EXPECT_EQ(TryPop(10, &queue), Bytes());
+  EXPECT_TRUE(served.get());
+}
+
+TEST(ByteQueueTest, RoomAtTheFrontIsUsedAgain) {
+  ByteQueue queue;
+  Bytes expected;
+  uint8_t next = 0;
+  for (int i = 0; i < 1000; ++i) {
+    const Bytes pushed = {next, static_cast<uint8_t>(next + 1),
+                          static_cast<uint8_t>(next + 2)};
+    next = static_cast<uint8_t>(next + 3);
+    Push(pushed, &queue);
+    expected.insert(expected.end(), pushed.begin(), pushed.end());
+    const Bytes popped = TryPop(2, &queue);
+    ASSERT_EQ(popped, Bytes(expected.begin(), expected.begin() + 2));
+    expected.erase(expected.begin(), expected.begin() + 2);
+  }
+  EXPECT_EQ(TryPop(5000, &queue), expected);
 }
 
 TEST(ByteQueueTest, RoomEndsAtTheCapacity) {

@@ -1,8 +1,8 @@
-#include "log/comm_log.h"
+#include "src/log/comm_log.h"
 
 #include <gtest/gtest.h>
 
-#include "support/log_folder.h"
+#include "tests/support/log_folder.h"
 
 namespace quilon {
 namespace {
@@ -131,7 +131,20 @@ TEST_F(CommLogTest, StateFollowsOpeningAndClosing) {
   EXPECT_EQ(folder_.Entries()[2], "MSG Close port");
 }
 
-TEST_F(CommLogTest, FileThatCannotBeCreatedLeavesTheLogActive) {
+TEST_F(CommLogTest, WithoutAFileThereIsNothingToSwitchOffOrResume) {
+  log_.SwitchOff();
+  EXPECT_EQ(log_.state(), CommLog::kNoFile);
+  log_.Resume();
+  EXPECT_EQ(log_.state(), CommLog::kNoFile);
+  log_.SetDirectory(folder_.path());
+  log_.OpenLog();
+  log_.SwitchOff();
+  log_.Resume();
+  EXPECT_EQ(log_.state(), CommLog::kActive);
+  EXPECT_EQ(log_.WriteIfActive("x", kLogStatus), 1);
+}
+
+TEST_F(CommLogTest, FileThatCannotBeCreatedLeavesNoFile) {
   const std::string file = folder_.path() + "/file";
   std::FILE* const blocker = std::fopen(file.c_str(), "w");
   ASSERT_NE(blocker, nullptr);
@@ -141,7 +154,7 @@ TEST_F(CommLogTest, FileThatCannotBeCreatedLeavesTheLogActive) {
   log_.OpenLog();
   EXPECT_TRUE(::testing::internal::GetCapturedStdout().starts_with(
       "Blad otwierania logu komunikacyjnego "));
-  EXPECT_EQ(log_.state(), CommLog::kActive);
+  EXPECT_EQ(log_.state(), CommLog::kNoFile);
   EXPECT_EQ(log_.WriteIfActive("x", kLogStatus), 0);
   log_.CloseLog();
   EXPECT_EQ(log_.state(), CommLog::kNoFile);

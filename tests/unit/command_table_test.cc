@@ -1,12 +1,12 @@
 // The command table against docs/records.json, which lists every code that an
 // application knows.
-#include "api/command_table.h"
+#include "src/api/command_table.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
 
-#include "support/documented_codes.h"
+#include "tests/support/documented_codes.h"
 
 namespace quilon {
 namespace {
@@ -23,27 +23,43 @@ TEST(CommandTableTest, HasARowForEveryCodeAndNoOther) {
   EXPECT_EQ(rows, documented);
 }
 
-TEST(CommandTableTest, DeviceCommandsHaveTheirSuccessRules) {
-  const std::map<int32_t, SuccessRule> exceptions = {
-      {3, SuccessRule::kOne},          {5, SuccessRule::kOne},
-      {7, SuccessRule::kOne},          {9, SuccessRule::kOne},
-      {31, SuccessRule::kOne},         {32, SuccessRule::kAlways},
-      {34, SuccessRule::kZero},        {36, SuccessRule::kZero},
-      {37, SuccessRule::kZero},        {38, SuccessRule::kAtLeastOne},
-      {39, SuccessRule::kNotMinusOne}, {40, SuccessRule::kAtLeastOne},
-      {41, SuccessRule::kAtLeastOne},
+TEST(CommandTableTest, SaysWhatACommandDoesToTheDocument) {
+  using Kind = DocumentStep::Kind;
+  struct Expected {
+    Kind kind;
+    Series series;
   };
-  for (int32_t code = 2; code <= 404; ++code) {
-    if (code > 93 && code < 400) {
-      continue;
+  const std::map<int32_t, Expected> documents = {
+      {200, {Kind::kOpens, Series::k200}},
+      {219, {Kind::kOpens, Series::k200}},
+      {300, {Kind::kOpens, Series::k300}},
+      {308, {Kind::kOpens, Series::k300}},
+      {202, {Kind::kCloses, Series::k200}},
+      {211, {Kind::kCloses, Series::k200}},
+      {213, {Kind::kCloses, Series::k200}},
+      {302, {Kind::kCloses, Series::k300}},
+      {306, {Kind::kCloses, Series::k300}},
+      {307, {Kind::kCloses, Series::k300}},
+      {203, {Kind::kCancels, Series::k200}},
+  };
+  for (const Command& command : CommandTable()) {
+    const auto found = documents.find(command.code);
+    const bool known = found != documents.end();
+    EXPECT_EQ(command.step.kind, known ? found->second.kind : Kind::kNone)
+        << command.code;
+    if (known) {
+      EXPECT_EQ(command.step.series, found->second.series) << command.code;
     }
-    const Command* const command = FindCommand(code);
-    ASSERT_NE(command, nullptr) << code;
-    const auto exception = exceptions.find(code);
-    EXPECT_EQ(command->rule, exception == exceptions.end()
-                                 ? SuccessRule::kNotZero
-                                 : exception->second)
-        << code;
+    EXPECT_EQ(command.step.expected_total != nullptr,
+              command.step.kind == Kind::kCloses)
+        << command.code;
+  }
+}
+
+TEST(CommandTableTest, OnlyTheEncodingIsSetWithoutChecks) {
+  for (const Command& command : CommandTable()) {
+    EXPECT_EQ(command.checked, command.code != 800 && command.code != 801)
+        << command.code;
   }
 }
 

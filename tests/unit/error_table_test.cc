@@ -1,5 +1,5 @@
 // Every error number and its message, in the bytes of CP1250 (octal).
-#include "protocol/error_table.h"
+#include "src/protocol/error_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // What the builder can do that no command shows by itself.
-#include "protocol/frame_builder.h"
+#include "src/protocol/frame_builder.h"
 
 #include <gtest/gtest.h>
 

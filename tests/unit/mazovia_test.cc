@@ -1,4 +1,4 @@
-#include "text/mazovia.h"
+#include "src/text/mazovia.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
 // Bitmaps as raster images.
-#include "commands/raster_image.h"
+#include "src/commands/raster_image.h"
 
 #include <gtest/gtest.h>
 
 #include <vector>
 
-#include "support/bitmap.h"
+#include "tests/support/bitmap.h"
 
 namespace quilon {
 namespace {

@@ -1,4 +1,4 @@
-#include "protocol/reply.h"
+#include "src/protocol/reply.h"
 
 #include <gtest/gtest.h>
 
@@ -9,9 +9,7 @@ namespace {
 
 Reply ReplyOf(std::string_view bytes) {
   Reply reply;
-  for (const char byte : bytes) {
-    reply.Append(byte);
-  }
+  reply.Append(bytes);
   return reply;
 }
 
@@ -84,7 +82,7 @@ TEST(ReplyTest, ClearStartsAnew) {
   reply.NextField();
   reply.Clear();
   EXPECT_TRUE(reply.empty());
-  reply.Append('b');
+  reply.Append("b");
   EXPECT_EQ(reply.NextField(), "b");
 }
 

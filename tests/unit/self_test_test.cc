@@ -1,6 +1,6 @@
 // The frames of the self-test, without the time for which it shows the versions
 // on the display.
-#include "api/self_test.h"
+#include "src/api/self_test.h"
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "support/checksum.h"
+#include "tests/support/checksum.h"
 
 namespace quilon::testing {
 namespace {
@@ -34,10 +34,10 @@ class PrinterComm final : public BaseComm {
  public:
   explicit PrinterComm(Printer* printer) : printer_(*printer) {}
 
-  int32_t Open() override { return 0; }
-  int32_t Close() override { return 1; }
+  void Close() override {}
+  bool IsOpen() const override { return true; }
 
-  int32_t Read(void* buffer, int32_t count) override {
+  int32_t Read(void* buffer, int32_t count, uint32_t /*patience*/) override {
     ++printer_.read_count;
     const size_t length =
         unread_.copy(static_cast<char*>(buffer), static_cast<size_t>(count));
@@ -45,15 +45,18 @@ class PrinterComm final : public BaseComm {
     return static_cast<int32_t>(length);
   }
 
-  int32_t Write(const void* buffer, int32_t count) override {
+  Written Write(const void* buffer, int32_t count) override {
     printer_.frames.emplace_back(static_cast<const char*>(buffer),
                                  static_cast<size_t>(count));
     const auto answer = printer_.answers.find(printer_.frames.back());
     if (answer != printer_.answers.end()) {
       unread_ += answer->second;
     }
-    return count;
+    return Written::kYes;
   }
+
+  bool Purge() override { return false; }
+  void Interrupt() override {}
 
  private:
   Printer& printer_;
@@ -151,7 +154,7 @@ TEST_F(SelfTestTest, TakesEveryStepWithASilentPrinter) {
 
 TEST_F(SelfTestTest, WaitsForASilentPrinterFourTimes) {
   // A time-out of -1 ms is over when the clock has not moved yet: each wait
-  // polls once.
+  // looks once.
   device_.set_reply_timeout(static_cast<uint32_t>(-1));
   Run();
   EXPECT_EQ(printer_.read_count, 4);

@@ -1,9 +1,9 @@
 // Opening and configuring a port, as both serial transports do it.
-#include "comm/serial_setup.h"
+#include "src/comm/serial_setup.h"
 
 #include <gtest/gtest.h>
 
-#include "support/fake_serial_port.h"
+#include "tests/support/fake_serial_port.h"
 
 namespace quilon::testing {
 namespace {
@@ -107,6 +107,50 @@ TEST_F(SerialSetupTest, XonAndXoffCharacters) {
   EXPECT_EQ(LineAfter(before, 2).xoff, 0x13);
   EXPECT_EQ(LineAfter(before, 0).xon, 0xFF);
   EXPECT_EQ(LineAfter(before, 0).xoff, 0xFF);
+}
+
+TEST_F(SerialSetupTest, PortThatWantsTwoCharactersKeepsItsOwn) {
+  script().takes_equal_characters = false;
+  const LineState before = {.baud_rate = 9600,
+                            .flags = 0x00001311,
+                            .data_bits = 7,
+                            .parity = 2,
+                            .stop_bits = 2,
+                            .xon = 0x21,
+                            .xoff = 0x23};
+  const LineState after = LineAfter(before, 0);
+  EXPECT_EQ(after.xon, 0x21);
+  EXPECT_EQ(after.xoff, 0x23);
+  // Else it is set up as any other.
+  EXPECT_EQ(after.baud_rate, 19200U);
+  EXPECT_EQ(after.flags, 0x00000301U);
+  EXPECT_EQ(after.data_bits, 8);
+  EXPECT_EQ(after.parity, 0);
+  EXPECT_EQ(after.stop_bits, 0);
+  // What printers have always been given was tried first.
+  ASSERT_EQ(script().lines_tried.size(), 2U);
+  EXPECT_EQ(script().lines_tried[0].xon, 0xFF);
+  EXPECT_EQ(script().lines_tried[0].xoff, 0xFF);
+}
+
+TEST_F(SerialSetupTest, SettingsThatAreRefusedTwiceFail) {
+  script().takes_line_state = false;
+  script().line = {.xon = 0x11, .xoff = 0x13};
+  EXPECT_EQ(Open(Params()), 0);
+  EXPECT_EQ(script().lines_tried.size(), 2U);
+  EXPECT_EQ(script().Operations(), (Strings{"open", "close"}));
+}
+
+TEST_F(SerialSetupTest, FlowControlHasItsCharactersOrNone) {
+  script().takes_line_state = false;
+  script().line = {.xon = 0x11, .xoff = 0x13};
+  for (const uint32_t flow_control : {1U, 2U}) {
+    script().lines_tried.clear();
+    SerialParams params = Params();
+    params.flow_control = flow_control;
+    EXPECT_EQ(Open(params), 0);
+    EXPECT_EQ(script().lines_tried.size(), 1U);
+  }
 }
 
 TEST_F(SerialSetupTest, LineAndTimeouts) {

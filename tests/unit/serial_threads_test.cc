@@ -5,9 +5,9 @@
 #include <chrono>
 #include <thread>
 
-#include "comm/thread_rs232_comm.h"
-#include "support/log_folder.h"
-#include "support/pseudo_terminal.h"
+#include "src/comm/thread_rs232_comm.h"
+#include "tests/support/log_folder.h"
+#include "tests/support/pseudo_terminal.h"
 
 namespace quilon::testing {
 namespace {
@@ -29,8 +29,9 @@ class SerialThreadsTest : public ::testing::Test {
     ASSERT_EQ(transport_.OpenConnection(params, &last_error), 1);
   }
 
-  int32_t Write(std::string_view bytes) {
-    return transport_.Write(bytes.data(), static_cast<int32_t>(bytes.size()));
+  bool Write(std::string_view bytes) {
+    return transport_.Write(bytes.data(), static_cast<int32_t>(bytes.size())) ==
+           BaseComm::Written::kYes;
   }
 
   // Reads `count` bytes as they come, for 60 s at most.
@@ -39,9 +40,10 @@ class SerialThreadsTest : public ::testing::Test {
     size_t length = 0;
     const Clock::time_point deadline = Clock::now() + std::chrono::seconds(60);
     while (length < count && Clock::now() < deadline) {
-      length += static_cast<size_t>(transport_.Read(
-          &bytes[length], static_cast<int32_t>(count - length)));
-      std::this_thread::yield();
+      const int32_t part = transport_.Read(
+          &bytes[length], static_cast<int32_t>(count - length), 10);
+      EXPECT_GE(part, 0);
+      length += static_cast<size_t>(part);
     }
     bytes.resize(length);
     return bytes;
@@ -74,18 +76,18 @@ TEST_F(SerialThreadsTest, EverythingBusyWhileThePortIsClosed) {
   });
   std::string read(1000, '\0');
   for (int i = 0; i < 300; ++i) {
-    EXPECT_EQ(Write(read), 1000);
-    transport().Read(read.data(), 1000);
+    EXPECT_TRUE(Write(read));
+    transport().Read(read.data(), 1000, 0);
     if (i % 10 == 0) {
-      EXPECT_EQ(transport().Purge(), 1);
+      transport().Purge();
       transport().log().SwitchOff();
       transport().log().OpenLog();
     }
   }
-  EXPECT_EQ(Write(std::string(100000, 'x')), 100000);
+  EXPECT_TRUE(Write(std::string(100000, 'x')));
   const Clock::time_point start = Clock::now();
-  EXPECT_EQ(transport().Close(), 1);
-  EXPECT_LT(Clock::now() - start, std::chrono::seconds(1));
+  transport().Close();
+  EXPECT_LT(Clock::now() - start, std::chrono::seconds(4));
   enough = true;
   printer.join();
 }
@@ -95,7 +97,7 @@ TEST_F(SerialThreadsTest, OrderSurvivesAPeerThatStopsReading) {
   const Clock::time_point start = Clock::now();
   for (size_t i = 0; i < bytes.size(); i += 1000) {
     const std::string_view piece = std::string_view(bytes).substr(i, 1000);
-    ASSERT_EQ(Write(piece), static_cast<int32_t>(piece.size()));
+    ASSERT_TRUE(Write(piece));
   }
   // Nobody has read yet, and a write to the port waits 10 s.
   EXPECT_LT(Clock::now() - start, std::chrono::seconds(10));

@@ -5,8 +5,8 @@
 
 #include <cerrno>
 
-#include "comm/tcpip_comm.h"
-#include "support/log_folder.h"
+#include "src/comm/tcpip_comm.h"
+#include "tests/support/log_folder.h"
 
 namespace quilon {
 namespace {
@@ -23,7 +23,7 @@ TEST(SocketShortageTest, SaysSoInTheLastErrorAndTheLog) {
   LastErrorRecord error = {};
   error.enq.flag3 = 1;
   const TcpParams params = {};
-  EXPECT_EQ(comm.OpenConnection(params, &error), 0);
+  EXPECT_EQ(comm.OpenConnection(params, false, &error), 0);
   ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &before), 0);
 
   const std::string text =

@@ -1,5 +1,5 @@
 // The arithmetic of the totals comparison.
-#include "api/totals_guard.h"
+#include "src/api/totals_guard.h"
 
 #include <gtest/gtest.h>
 

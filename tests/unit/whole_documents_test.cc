@@ -1,10 +1,10 @@
 // A whole document on a transport that cannot write.
-#include "api/whole_documents.h"
+#include "src/api/whole_documents.h"
 
 #include <gtest/gtest.h>
 
-#include "support/totals.h"
-#include "unit/fake_comm.h"
+#include "tests/support/totals.h"
+#include "tests/unit/fake_comm.h"
 
 namespace quilon {
 namespace {
@@ -24,8 +24,9 @@ TEST(WholeDocumentsTest, StepsGoOnBehindAFailedOneAndTheCallFails) {
   EXPECT_EQ(PrintWholeDocument(&driver, *document), 1);
   const std::string all_steps = comm->calls;
 
-  // The totals are right, but a step was not written: 0, or less over TCP.
-  for (const int32_t failure : {0, -1}) {
+  // The totals are right, but a step was not written.
+  for (const auto failure :
+       {FakeComm::Written::kNo, FakeComm::Written::kLost}) {
     comm->to_read = totals;
     comm->calls.clear();
     comm->write_result = failure;

@@ -1,10 +1,13 @@
-#include "platform/files.h"
+#include "src/platform/files.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <utility>
+
+#include "src/platform/posix/descriptor.h"
 
 namespace quilon {
 
@@ -16,7 +19,8 @@ void CreateDirectoryAt(const char* path) { mkdir(path, 0777); }
 
 InputFile::InputFile(const char* path) {
   // A pipe must not make the caller wait for its other end.
-  const int opened = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  const int opened =
+      AwayFromStandard(open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (opened < 0) {
     return;
   }
@@ -48,6 +52,32 @@ size_t InputFile::Read(void* buffer, size_t count) {
     }
   }
   return length;
+}
+
+bool OutputFile::Create(const char* path) {
+  Close();
+  file_ = AwayFromStandard(
+      open(path, O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
+  return is_open();
+}
+
+bool OutputFile::Write(const char* bytes, size_t count) {
+  while (count > 0) {
+    const ssize_t part = write(file_, bytes, count);
+    if (part > 0) {
+      bytes += part;
+      count -= static_cast<size_t>(part);
+    } else if (part == 0 || errno != EINTR) {
+      return false;
+    }
+  }
+  return true;
+}
+
+void OutputFile::Close() {
+  if (is_open()) {
+    close(std::exchange(file_, kNone));
+  }
 }
 
 }  // namespace quilon

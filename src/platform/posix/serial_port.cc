@@ -1,4 +1,4 @@
-#include "platform/serial_port.h"
+#include "src/platform/serial_port.h"
 
 // The system's own header knows every baud rate; it excludes <termios.h>.
 #include <asm/termbits.h>
@@ -10,10 +10,14 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <chrono>
 #include <string>
 #include <utility>
+
+#include "src/platform/posix/descriptor.h"
+#include "src/platform/process.h"
 
 namespace quilon {
 namespace {
@@ -89,35 +93,44 @@ class PosixSerialPort final : public SerialPort {
   bool GetLineState(LineState* state) override;
   bool SetLineState(const LineState& state) override;
   bool SetTimeouts(const SerialTimeouts& timeouts) override;
-  int32_t Read(void* buffer, int32_t count) override;
+  int32_t Read(void* buffer, int32_t count, uint32_t patience) override;
   int32_t Write(const void* buffer, int32_t count) override;
   int32_t LastError() const override { return errno; }
-  void CancelWrite() override { eventfd_write(cancel_, 1); }
-  // No read lasts long enough to be worth it.
+  int64_t SentCount() const override { return taken_ - Unsent(); }
+  bool IsDrained() const override { return Unsent() == 0; }
+  void DiscardUnsent() override { ioctl(port_, TCFLSH, TCOFLUSH); }
+  void Interrupt() override { eventfd_write(interrupted_, 1); }
+  // A read takes what is there: there is nothing to abort.
   bool AbortReads() override { return IsOpen(); }
   bool ClearReceived() override { return ioctl(port_, TCFLSH, TCIFLUSH) == 0; }
 
  private:
   void SetSignal(int signal, bool on);
-  bool WaitToRead(Clock::time_point deadline);
-  bool WaitToWrite(Clock::time_point deadline);
+  int Unsent() const;
+  bool WaitToRead(uint32_t patience) const;
+  bool WaitToWrite(Clock::time_point deadline) const;
 
   int port_ = kNone;
-  int cancel_ = kNone;  // readable once a write was cancelled
+  int interrupted_ = kNone;  // readable once it was
+  uint32_t owner_ = 0;       // the process that opened the port
   SerialTimeouts timeouts_ = {};
+  std::atomic<int64_t> taken_ = 0;
 };
 
 bool PosixSerialPort::Open(std::string_view name) {
   const std::string path =
       name.starts_with('/') ? std::string(name) : "/dev/" + std::string(name);
-  port_ = open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+  port_ = AwayFromStandard(
+      open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
   if (port_ == kNone) {
     return false;
   }
-  cancel_ = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  owner_ = ProcessId();
+  taken_ = 0;
+  interrupted_ = AwayFromStandard(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK));
   // The lock keeps out privileged programs too, which may open an exclusive
   // terminal.
-  if (cancel_ == kNone || flock(port_, LOCK_EX | LOCK_NB) != 0) {
+  if (interrupted_ == kNone || flock(port_, LOCK_EX | LOCK_NB) != 0) {
     Close();
     return false;
   }
@@ -126,13 +139,16 @@ bool PosixSerialPort::Open(std::string_view name) {
 }
 
 bool PosixSerialPort::Close() {
-  if (cancel_ != kNone) {
-    close(std::exchange(cancel_, kNone));
+  if (interrupted_ != kNone) {
+    close(std::exchange(interrupted_, kNone));
   }
   if (!IsOpen()) {
     return false;
   }
-  ioctl(port_, TIOCNXCL);
+  // A forked child only lets go of a port that stays its parent's.
+  if (owner_ == ProcessId()) {
+    ioctl(port_, TIOCNXCL);
+  }
   return close(std::exchange(port_, kNone)) == 0;
 }
 
@@ -193,24 +209,18 @@ bool PosixSerialPort::SetTimeouts(const SerialTimeouts& timeouts) {
   return IsOpen();
 }
 
-int32_t PosixSerialPort::Read(void* buffer, int32_t count) {
-  const Clock::time_point last =
-      DeadlineFor(timeouts_.read_constant, timeouts_.read_per_byte, count);
-  Clock::time_point deadline = last;
-  int32_t received = 0;
-  while (received < count) {
-    const ssize_t length =
-        read(port_, static_cast<char*>(buffer) + received,
-             static_cast<size_t>(count) - static_cast<size_t>(received));
-    if (length > 0) {
-      received += static_cast<int32_t>(length);
-      deadline =
-          std::min(last, Clock::now() + milliseconds(timeouts_.read_interval));
-    } else if (length == 0 || !WouldWait() || !WaitToRead(deadline)) {
-      break;
-    }
+int32_t PosixSerialPort::Read(void* buffer, int32_t count, uint32_t patience) {
+  if (!IsOpen()) {
+    return kGone;
   }
-  return received;
+  if (!WaitToRead(patience)) {
+    return 0;
+  }
+  const ssize_t length = read(port_, buffer, static_cast<size_t>(count));
+  if (length > 0) {
+    return static_cast<int32_t>(length);
+  }
+  return length < 0 && WouldWait() ? 0 : kGone;
 }
 
 int32_t PosixSerialPort::Write(const void* buffer, int32_t count) {
@@ -223,6 +233,7 @@ int32_t PosixSerialPort::Write(const void* buffer, int32_t count) {
               static_cast<size_t>(count) - static_cast<size_t>(written));
     if (length > 0) {
       written += static_cast<int32_t>(length);
+      taken_ += length;
     } else if (!WouldWait() || !WaitToWrite(deadline)) {
       break;
     }
@@ -235,13 +246,20 @@ void PosixSerialPort::SetSignal(int signal, bool on) {
   ioctl(port_, on ? TIOCMBIS : TIOCMBIC, &signal);
 }
 
-bool PosixSerialPort::WaitToRead(Clock::time_point deadline) {
-  pollfd port = {port_, POLLIN, 0};
-  return poll(&port, 1, TimeLeft(deadline)) != 0;
+int PosixSerialPort::Unsent() const {
+  int count = 0;
+  return ioctl(port_, TIOCOUTQ, &count) == 0 ? count : 0;
 }
 
-bool PosixSerialPort::WaitToWrite(Clock::time_point deadline) {
-  pollfd events[] = {{port_, POLLOUT, 0}, {cancel_, POLLIN, 0}};
+bool PosixSerialPort::WaitToRead(uint32_t patience) const {
+  pollfd events[] = {{port_, POLLIN, 0}, {interrupted_, POLLIN, 0}};
+  // kForever is what poll takes for it, too.
+  return poll(events, std::size(events), static_cast<int>(patience)) > 0 &&
+         events[1].revents == 0;
+}
+
+bool PosixSerialPort::WaitToWrite(Clock::time_point deadline) const {
+  pollfd events[] = {{port_, POLLOUT, 0}, {interrupted_, POLLIN, 0}};
   const bool ready = poll(events, std::size(events), TimeLeft(deadline)) != 0;
   if (!ready) {
     errno = ETIMEDOUT;

@@ -1,9 +1,31 @@
-#include "platform/files.h"
+#include "src/platform/files.h"
 
+#include <fcntl.h>
+#include <io.h>
+#include <share.h>
+#include <sys/stat.h>
 #include <windows.h>
+
+#include <utility>
 
 namespace quilon {
 namespace {
+
+// Opens the file on a descriptor other than 0, 1 and 2: in a program that
+// closed these, whatever is printed would get into the file. A duplicate would
+// be inherited by child processes, so the low ones are held meanwhile.
+int OpenAwayFromStandard(const char* path) {
+  constexpr int kFirstOwn = 3;
+  const int opened =
+      _sopen(path, _O_WRONLY | _O_CREAT | _O_TRUNC | _O_TEXT | _O_NOINHERIT,
+             _SH_DENYNO, _S_IREAD | _S_IWRITE);
+  if (opened < 0 || opened >= kFirstOwn) {
+    return opened;
+  }
+  const int higher = OpenAwayFromStandard(path);
+  _close(opened);
+  return higher;
+}
 
 HANDLE HandleOf(intptr_t file) { return reinterpret_cast<HANDLE>(file); }
 
@@ -43,6 +65,23 @@ size_t InputFile::Read(void* buffer, size_t count) {
   ReadFile(HandleOf(file_), buffer, static_cast<DWORD>(count), &length,
            nullptr);
   return length;
+}
+
+bool OutputFile::Create(const char* path) {
+  Close();
+  file_ = OpenAwayFromStandard(path);
+  return is_open();
+}
+
+bool OutputFile::Write(const char* bytes, size_t count) {
+  const auto length = static_cast<unsigned>(count);
+  return _write(file_, bytes, length) == static_cast<int>(length);
+}
+
+void OutputFile::Close() {
+  if (is_open()) {
+    _close(std::exchange(file_, kNone));
+  }
 }
 
 }  // namespace quilon

@@ -1,7 +1,9 @@
-#include "platform/serial_port.h"
+#include "src/platform/serial_port.h"
 
 #include <windows.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -24,19 +26,29 @@ class Win32SerialPort final : public SerialPort {
   bool GetLineState(LineState* state) override;
   bool SetLineState(const LineState& state) override;
   bool SetTimeouts(const SerialTimeouts& timeouts) override;
-  int32_t Read(void* buffer, int32_t count) override;
+  int32_t Read(void* buffer, int32_t count, uint32_t patience) override;
   int32_t Write(const void* buffer, int32_t count) override;
   int32_t LastError() const override {
     return static_cast<int32_t>(GetLastError());
   }
-  void CancelWrite() override;
+  int64_t SentCount() const override { return taken_ - Unsent(); }
+  bool IsDrained() const override { return Unsent() == 0; }
+  void DiscardUnsent() override {
+    PurgeComm(handle_, PURGE_TXABORT | PURGE_TXCLEAR);
+  }
+  void Interrupt() override;
   bool AbortReads() override { return PurgeComm(handle_, PURGE_RXABORT) != 0; }
   bool ClearReceived() override {
     return PurgeComm(handle_, PURGE_RXCLEAR) != 0;
   }
 
  private:
+  COMSTAT Queues() const;
+  int64_t Unsent() const { return Queues().cbOutQue; }
+
   HANDLE handle_ = INVALID_HANDLE_VALUE;
+  std::atomic<int64_t> taken_ = 0;
+  std::atomic<bool> writing_ = false;
   DCB control_block_ = {};  // as the port reported it
 };
 
@@ -98,25 +110,52 @@ bool Win32SerialPort::SetTimeouts(const SerialTimeouts& timeouts) {
   return SetCommTimeouts(handle_, &settings) != 0;
 }
 
-int32_t Win32SerialPort::Read(void* buffer, int32_t count) {
+COMSTAT Win32SerialPort::Queues() const {
+  COMSTAT queues = {};
+  DWORD errors = 0;
+  ClearCommError(handle_, &errors, &queues);
+  return queues;
+}
+
+// Reads a single byte, for which the port's time-outs are short, and then what
+// is there besides.
+int32_t Win32SerialPort::Read(void* buffer, int32_t count,
+                              uint32_t /*patience*/) {
   DWORD received = 0;
-  // What came counts, whatever the call itself says.
-  ReadFile(handle_, buffer, static_cast<DWORD>(count), &received, nullptr);
-  return static_cast<int32_t>(received);
+  // What came counts, whatever the call itself says. It fails for the moment
+  // when the receive buffer is cleared meanwhile.
+  if (ReadFile(handle_, buffer, 1, &received, nullptr) == 0 && received == 0) {
+    return GetLastError() == ERROR_OPERATION_ABORTED ? 0 : kGone;
+  }
+  const DWORD more =
+      received == 0 ? 0
+                    : std::min<DWORD>(Queues().cbInQue,
+                                      static_cast<DWORD>(count) - received);
+  DWORD further = 0;
+  if (more > 0) {
+    ReadFile(handle_, static_cast<char*>(buffer) + received, more, &further,
+             nullptr);
+  }
+  return static_cast<int32_t>(received + further);
 }
 
 int32_t Win32SerialPort::Write(const void* buffer, int32_t count) {
   DWORD written = 0;
+  writing_ = true;
   WriteFile(handle_, buffer, static_cast<DWORD>(count), &written, nullptr);
+  writing_ = false;
+  taken_ += written;
   return static_cast<int32_t>(written);
 }
 
-void Win32SerialPort::CancelWrite() {
+void Win32SerialPort::Interrupt() {
   CancelIoEx(handle_, nullptr);
-  // Under Wine that does nothing. There a write finishes when the bytes that
-  // block it are thrown away, and notices when the line is set up anew.
-  PurgeComm(handle_, PURGE_TXABORT | PURGE_TXCLEAR);
-  SetCommState(handle_, &control_block_);
+  if (writing_) {
+    // Under Wine that does nothing. There a write finishes when the bytes that
+    // block it are thrown away, and notices when the line is set up anew.
+    DiscardUnsent();
+    SetCommState(handle_, &control_block_);
+  }
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "platform/tcp_socket.h"
+#include "src/platform/tcp_socket.h"
 
 #include <winsock2.h>
 
@@ -7,7 +7,6 @@
 namespace quilon {
 namespace {
 
-constexpr DWORD kSendTimeout = 10000;
 constexpr int64_t kReceiveTimeout = 1;
 constexpr int kOn = 1;
 
@@ -17,7 +16,33 @@ void SetOption(uintptr_t socket, int level, int option, const Value& value) {
              sizeof(value));
 }
 
+// A set of one socket, as select wants it.
+fd_set SetOf(uintptr_t socket) {
+  fd_set set;
+  FD_ZERO(&set);
+  set.fd_array[0] = socket;
+  set.fd_count = 1;
+  return set;
+}
+
+// select counts microseconds.
+timeval TimeOf(uint32_t milliseconds) {
+  return {static_cast<long>(milliseconds / 1000),          // NOLINT
+          static_cast<long>(milliseconds % 1000 * 1000)};  // NOLINT
+}
+
+// What a call that does not wait came to: bytes, nothing yet, or kGone.
+int32_t Taken(int length) {
+  if (length >= 0) {
+    return length;
+  }
+  return WSAGetLastError() == WSAEWOULDBLOCK ? 0 : TcpSocket::kGone;
+}
+
 }  // namespace
+
+// Windows itself gives up after some 20 s.
+const int32_t TcpSocket::kConnectPatience = 30000;
 
 void TcpSocket::StartLibrary() {
   WSADATA data;
@@ -27,40 +52,66 @@ void TcpSocket::StartLibrary() {
 int32_t TcpSocket::LastError() { return WSAGetLastError(); }
 
 bool TcpSocket::Create() {
-  socket_ = ::socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-  if (socket_ == INVALID_SOCKET) {
-    return false;
-  }
-  SetOption(socket_, SOL_SOCKET, SO_SNDTIMEO, kSendTimeout);
-  return true;
+  socket_ = WSASocketW(AF_INET, SOCK_STREAM, IPPROTO_TCP, nullptr, 0,
+                       WSA_FLAG_OVERLAPPED | WSA_FLAG_NO_HANDLE_INHERIT);
+  u_long does_not_wait = 1;
+  return IsOpen() && ioctlsocket(socket_, FIONBIO, &does_not_wait) == 0;
 }
 
-bool TcpSocket::Connect(const char* address, uint16_t port) {
+TcpSocket::Progress TcpSocket::BeginConnect(const char* address,
+                                            uint16_t port) {
   sockaddr_in peer = {};
   peer.sin_family = AF_INET;
   peer.sin_port = htons(port);
   peer.sin_addr.s_addr = inet_addr(address);
-  return connect(socket_, reinterpret_cast<sockaddr*>(&peer), sizeof(peer)) ==
-         0;
+  if (connect(socket_, reinterpret_cast<sockaddr*>(&peer), sizeof(peer)) == 0) {
+    return Progress::kConnected;
+  }
+  return WSAGetLastError() == WSAEWOULDBLOCK ? Progress::kUnderWay
+                                             : Progress::kFailed;
 }
 
-void TcpSocket::SetPollingOptions() {
+TcpSocket::Progress TcpSocket::FinishConnect() {
+  fd_set writable = SetOf(socket_);
+  timeval at_once = TimeOf(0);
+  return select(0, nullptr, &writable, nullptr, &at_once) == 1
+             ? Progress::kConnected
+             : Progress::kFailed;
+}
+
+void TcpSocket::SetOptions() {
   SetOption(socket_, SOL_SOCKET, SO_RCVTIMEO, kReceiveTimeout);
   SetOption(socket_, SOL_SOCKET, SO_DEBUG, kOn);
   SetOption(socket_, IPPROTO_TCP, TCP_NODELAY, kOn);
 }
 
+bool TcpSocket::WaitToRead(uint32_t milliseconds) {
+  fd_set readable = SetOf(socket_);
+  timeval limit = TimeOf(milliseconds);
+  return select(0, &readable, nullptr, nullptr, &limit) > 0;
+}
+
+// A connection that failed can be told by its exception only.
+bool TcpSocket::WaitToWrite(uint32_t milliseconds) {
+  fd_set writable = SetOf(socket_);
+  fd_set failed = SetOf(socket_);
+  timeval limit = TimeOf(milliseconds);
+  return select(0, nullptr, &writable, &failed, &limit) > 0;
+}
+
 int32_t TcpSocket::Receive(void* buffer, int32_t count) {
-  return recv(socket_, static_cast<char*>(buffer), count, 0);
+  const int length = recv(socket_, static_cast<char*>(buffer), count, 0);
+  return length == 0 ? kGone : Taken(length);
 }
 
 int32_t TcpSocket::Send(const void* buffer, int32_t count) {
-  return send(socket_, static_cast<const char*>(buffer), count, 0);
+  return Taken(send(socket_, static_cast<const char*>(buffer), count, 0));
 }
 
-bool TcpSocket::Close() {
-  const uintptr_t closing = std::exchange(socket_, kNone);
-  return closing != kNone && closesocket(closing) == 0;
+void TcpSocket::Close() {
+  if (IsOpen()) {
+    closesocket(std::exchange(socket_, kNone));
+  }
 }
 
 }  // namespace quilon

@@ -1,4 +1,4 @@
-#include "support/pseudo_terminal.h"
+#include "tests/support/pseudo_terminal.h"
 
 #include <asm/termbits.h>
 #include <fcntl.h>
