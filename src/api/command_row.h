@@ -4,25 +4,30 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <type_traits>
 
-#include "api/command_table.h"
+#include "src/api/command_table.h"
 
 namespace quilon {
 
-// The type of the record that a handler takes.
-template <typename Handler>
+// The type of the record that a function takes.
+template <typename Function>
 struct RecordOf;
 template <typename Device, typename Record>
-struct RecordOf<int32_t (Device::*)(const Record&)> {
+struct RecordOf<bool (Device::*)(const Record&)> {
   using Type = Record;
 };
 template <typename Device, typename Record>
-struct RecordOf<int32_t (Device::*)(Record*)> {
+struct RecordOf<bool (Device::*)(Record*)> {
   using Type = Record;
 };
 template <typename Record>
-struct RecordOf<int32_t (*)(Driver*, const Record&)> {
+struct RecordOf<bool (*)(Driver*, const Record&)> {
+  using Type = Record;
+};
+template <typename Record>
+struct RecordOf<std::optional<int64_t> (*)(int64_t, const Record&)> {
   using Type = Record;
 };
 
@@ -30,15 +35,15 @@ struct RecordOf<int32_t (*)(Driver*, const Record&)> {
 // Record&), or fills one (Record*); or a function of the whole driver that
 // reads one. The row takes the record's type from it.
 template <auto kHandler>
-consteval Command Row(int32_t code, SuccessRule rule = SuccessRule::kNotZero) {
+consteval Command Row(int32_t code) {
   using Handler = decltype(kHandler);
   if constexpr (std::is_invocable_v<Handler, OnlineFDev&>) {
-    return {code, rule, false, [](Driver& driver, void*, uint32_t) {
+    return {code, false, [](Driver& driver, void*, uint32_t) {
               return std::invoke(kHandler, *driver.device);
             }};
   } else {
     using Record = typename RecordOf<Handler>::Type;
-    return {code, rule, true, [](Driver& driver, void* data, uint32_t) {
+    return {code, true, [](Driver& driver, void* data, uint32_t) {
               auto* record = static_cast<Record*>(data);
               if constexpr (std::is_invocable_v<Handler, Driver*, Record&>) {
                 return kHandler(&driver, *record);
@@ -50,6 +55,38 @@ consteval Command Row(int32_t code, SuccessRule rule = SuccessRule::kNotZero) {
               }
             }};
   }
+}
+
+// The row of a command that opens a document of a series.
+template <auto kHandler>
+consteval Command OpeningRow(int32_t code, Series series) {
+  Command row = Row<kHandler>(code);
+  row.step = {.kind = DocumentStep::Kind::kOpens, .series = series};
+  return row;
+}
+
+// The row of a command that closes one; `kExpected` says what the total becomes
+// by the same record.
+template <auto kHandler, auto kExpected>
+consteval Command ClosingRow(int32_t code, Series series) {
+  using Record = typename RecordOf<decltype(kHandler)>::Type;
+  static_assert(
+      std::is_same_v<Record, typename RecordOf<decltype(kExpected)>::Type>);
+  Command row = Row<kHandler>(code);
+  row.step = {.kind = DocumentStep::Kind::kCloses,
+              .series = series,
+              .expected_total = [](int64_t start, const void* record) {
+                return kExpected(start, *static_cast<const Record*>(record));
+              }};
+  return row;
+}
+
+// The row of a command that ends a document without totals.
+template <auto kHandler>
+consteval Command CancellingRow(int32_t code) {
+  Command row = Row<kHandler>(code);
+  row.step = {.kind = DocumentStep::Kind::kCancels};
+  return row;
 }
 
 }  // namespace quilon

@@ -1,53 +1,55 @@
-#include "api/command_table.h"
+#include "src/api/command_table.h"
 
 #include <algorithm>
 #include <functional>
 #include <iterator>
 
-#include "api/command_row.h"
-#include "api/whole_documents.h"
 #include "quilon/codes.h"
+#include "src/api/command_row.h"
+#include "src/api/whole_documents.h"
 
 namespace quilon {
 namespace {
 
-int32_t DoNothing(Driver& /*driver*/, void* /*data*/, uint32_t /*flags*/) {
-  return 1;
+bool DoNothing(Driver& /*driver*/, void* /*data*/, uint32_t /*flags*/) {
+  return true;
 }
 
+// Exchanges nothing with the printer, not even a check afterwards.
 template <TextEncoding kEncoding>
-int32_t SetTextEncoding(Driver& driver, void* /*data*/, uint32_t /*flags*/) {
-  driver.device->set_text_encoding(kEncoding);
-  return 1;
+consteval Command EncodingRow(int32_t code) {
+  return {.code = code,
+          .needs_record = false,
+          .run =
+              [](Driver& driver, void*, uint32_t) {
+                driver.device->set_text_encoding(kEncoding);
+                return true;
+              },
+          .checked = false};
 }
 
-int32_t CompareTotalsAgain(Driver& driver, void* /*data*/, uint32_t flags) {
+bool CompareTotalsAgain(Driver& driver, void* /*data*/, uint32_t flags) {
   return CheckTotals(driver.device, flags, &driver.comparison);
 }
 
 // The handler takes the number and the text of the record apart.
-int32_t SendEmptyFile(Driver* driver, const FileTransfer& record) {
+bool SendEmptyFile(Driver* driver, const FileTransfer& record) {
   return driver->device->SendEmptyFile(record.continued, TextOf(record.name));
 }
 
 using Device = OnlineFDev;
-constexpr auto kNotZero = SuccessRule::kNotZero;
-constexpr auto kOne = SuccessRule::kOne;
-constexpr auto kZero = SuccessRule::kZero;
-constexpr auto kAtLeastOne = SuccessRule::kAtLeastOne;
-constexpr auto kNotMinusOne = SuccessRule::kNotMinusOne;
-constexpr auto kAlways = SuccessRule::kAlways;
-constexpr auto kAtOnce = SuccessRule::kAtOnce;
+constexpr Series k200 = Series::k200;
+constexpr Series k300 = Series::k300;
 
 constexpr Command kCommands[] = {
     Row<&Device::SendDle>(QUIL_SEND_DLE),
-    Row<&Device::ReadDle>(QUIL_READ_DLE, kOne),
+    Row<&Device::ReadDle>(QUIL_READ_DLE),
     Row<&Device::SendEnq>(QUIL_SEND_ENQ),
-    Row<&Device::ReadEnq>(QUIL_READ_ENQ, kOne),
+    Row<&Device::ReadEnq>(QUIL_READ_ENQ),
     Row<&Device::SendDeviceInfo>(QUIL_SEND_DEVICE_INFO),
-    Row<&Device::ReadDeviceInfo>(QUIL_READ_DEVICE_INFO, kOne),
+    Row<&Device::ReadDeviceInfo>(QUIL_READ_DEVICE_INFO),
     Row<&Device::SendIdentity>(QUIL_SEND_IDENTITY),
-    Row<&Device::ReadIdentity>(QUIL_READ_IDENTITY, kOne),
+    Row<&Device::ReadIdentity>(QUIL_READ_IDENTITY),
     Row<&Device::SendErrorNumber>(QUIL_SEND_ERROR_NUMBER),
     Row<&Device::ReadErrorNumber>(QUIL_READ_ERROR_NUMBER),
     Row<&Device::SendClock>(QUIL_SEND_CLOCK),
@@ -69,17 +71,17 @@ constexpr Command kCommands[] = {
     Row<&Device::SendRaw>(QUIL_SEND_RAW),
     Row<&Device::ReadRaw>(QUIL_READ_RAW),
     Row<&Device::SendExtendedStatus>(QUIL_SEND_EXTENDED_STATUS),
-    Row<&Device::ReadExtendedStatus>(QUIL_READ_EXTENDED_STATUS, kOne),
-    Command{QUIL_NOTHING, kAlways, false, DoNothing},
+    Row<&Device::ReadExtendedStatus>(QUIL_READ_EXTENDED_STATUS),
+    Command{QUIL_NOTHING, false, DoNothing},
     Row<&Device::SendLogoFrame1>(QUIL_LOGO_FRAME_1),
-    Row<&Device::SendLogo>(QUIL_SEND_LOGO, kZero),
+    Row<&Device::SendLogo>(QUIL_SEND_LOGO),
     Row<&Device::SendLogoFrame10>(QUIL_LOGO_FRAME_10),
-    Row<&Device::ReadLogo>(QUIL_READ_LOGO, kZero),
-    Row<&Device::LogoChecksum>(QUIL_LOGO_CHECKSUM, kZero),
-    Row<&Device::SendCaretC>(QUIL_CARET_C, kAtLeastOne),
-    Row<&Device::SendFile>(QUIL_SEND_FILE, kNotMinusOne),
-    Row<&SendEmptyFile>(QUIL_SEND_EMPTY_FILE, kAtLeastOne),
-    Row<&Device::SendDollarZ>(QUIL_DOLLAR_Z, kAtLeastOne),
+    Row<&Device::ReadLogo>(QUIL_READ_LOGO),
+    Row<&Device::LogoChecksum>(QUIL_LOGO_CHECKSUM),
+    Row<&Device::SendCaretC>(QUIL_CARET_C),
+    Row<&Device::SendFile>(QUIL_SEND_FILE),
+    Row<&SendEmptyFile>(QUIL_SEND_EMPTY_FILE),
+    Row<&Device::SendDollarZ>(QUIL_DOLLAR_Z),
     Row<&Device::SendInfoBlock>(QUIL_SEND_INFO_BLOCK),
     Row<&Device::ReadInfo43>(QUIL_READ_INFO_43),
     Row<&Device::SendDollarO10>(QUIL_DOLLAR_O_10),
@@ -148,10 +150,11 @@ constexpr Command kCommands[] = {
     Row<&Device::SendHashI>(QUIL_HASH_I),
     Row<&Device::SendHashD>(QUIL_HASH_D),
 
-    Row<&Device::SendDocumentHeader>(QUIL_DOCUMENT_HEADER),
+    OpeningRow<&Device::SendDocumentHeader>(QUIL_DOCUMENT_HEADER, k200),
     Row<&Device::SendDocumentLine>(QUIL_DOCUMENT_LINE),
-    Row<&Device::SendDocumentEnd>(QUIL_DOCUMENT_END),
-    Row<&Device::SendDocumentShortEnd>(QUIL_DOCUMENT_SHORT_END),
+    ClosingRow<&Device::SendDocumentEnd, &ExpectedTotalOfEnd>(QUIL_DOCUMENT_END,
+                                                              k200),
+    CancellingRow<&Device::SendDocumentShortEnd>(QUIL_DOCUMENT_SHORT_END),
     Row<&Device::SendDollarN>(QUIL_DOLLAR_N),
     Row<&Device::SendDollarCapitalL>(QUIL_DOLLAR_CAPITAL_L),
     Row<&Device::SendDollarCapitalY>(QUIL_DOLLAR_CAPITAL_Y),
@@ -159,24 +162,28 @@ constexpr Command kCommands[] = {
     Row<&Device::SendPayment7>(QUIL_PAYMENT_7),
     Row<&Device::SendPayment10>(QUIL_PAYMENT_10),
     Row<&Device::SendPayment11>(QUIL_PAYMENT_11),
-    Row<&Device::SendDollarX>(QUIL_DOCUMENT_END_X),
+    ClosingRow<&Device::SendDollarX, &ExpectedTotalOfX>(QUIL_DOCUMENT_END_X,
+                                                        k200),
     Row<&Device::SendDollarB>(QUIL_DOLLAR_B),
-    Row<&Device::SendDollarY>(QUIL_DOCUMENT_END_Y),
+    ClosingRow<&Device::SendDollarY, &ExpectedTotalOfY>(QUIL_DOCUMENT_END_Y,
+                                                        k200),
     Row<&PrintWholeDocument>(QUIL_WHOLE_DOCUMENT),
-    Command{QUIL_CHECK_TOTALS, kNotZero, false, CompareTotalsAgain},
+    Command{QUIL_CHECK_TOTALS, false, CompareTotalsAgain},
     Row<&Device::SendAtZ>(QUIL_AT_Z),
     Row<&Device::SendDocumentLineP>(QUIL_DOCUMENT_LINE_P),
     Row<&Device::SendAtE>(QUIL_AT_E),
-    Row<&Device::SendDocumentHeader219>(QUIL_DOCUMENT_HEADER_219),
+    OpeningRow<&Device::SendDocumentHeader219>(QUIL_DOCUMENT_HEADER_219, k200),
 
-    Row<&Device::SendBuyerHeader>(QUIL_BUYER_HEADER),
+    OpeningRow<&Device::SendBuyerHeader>(QUIL_BUYER_HEADER, k300),
     Row<&Device::SendDocumentLine>(QUIL_BUYER_LINE),
-    Row<&Device::SendBuyerEnd>(QUIL_BUYER_END),
+    ClosingRow<&Device::SendBuyerEnd, &ExpectedTotalOfBuyerEnd>(QUIL_BUYER_END,
+                                                                k300),
     Row<&Device::SendAtC>(QUIL_AT_C),
     Row<&PrintWholeBuyerDocument>(QUIL_WHOLE_BUYER_DOCUMENT),
-    Row<&Device::SendDocumentEnd>(QUIL_BUYER_PLAIN_END),
-    Row<&Device::SendDollarX>(QUIL_BUYER_END_X),
-    Row<&Device::SendBuyerHeader>(QUIL_BUYER_HEADER_308),
+    ClosingRow<&Device::SendDocumentEnd, &ExpectedTotalOfPlainEnd>(
+        QUIL_BUYER_PLAIN_END, k300),
+    ClosingRow<&Device::SendDollarX, &ExpectedTotalOfX>(QUIL_BUYER_END_X, k300),
+    OpeningRow<&Device::SendBuyerHeader>(QUIL_BUYER_HEADER_308, k300),
 
     Row<&Device::OpenDrawer>(QUIL_OPEN_DRAWER),
     Row<&Device::Display>(QUIL_DISPLAY),
@@ -195,10 +202,8 @@ constexpr Command kCommands[] = {
 
     Row<&Device::SendDollarZ28>(QUIL_DOLLAR_Z_28),
 
-    Command{QUIL_TEXT_CP1250, kAtOnce, false,
-            SetTextEncoding<TextEncoding::kCp1250>},
-    Command{QUIL_TEXT_UTF8, kAtOnce, false,
-            SetTextEncoding<TextEncoding::kUtf8>},
+    EncodingRow<TextEncoding::kCp1250>(QUIL_TEXT_CP1250),
+    EncodingRow<TextEncoding::kUtf8>(QUIL_TEXT_UTF8),
 };
 static_assert(std::ranges::is_sorted(kCommands, std::less_equal{},
                                      &Command::code),

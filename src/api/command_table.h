@@ -5,26 +5,17 @@
 #include <cstdint>
 #include <span>
 
-#include "api/driver.h"
+#include "src/api/driver.h"
 
 namespace quilon {
 
-// Which results of a handler count as success.
-enum class SuccessRule {
-  kNotZero,
-  kOne,
-  kZero,
-  kAtLeastOne,
-  kNotMinusOne,  // and the handler's result becomes the call's
-  kAtOnce,       // always, and the checks after the command do not run
-  kAlways,
-};
-
 struct Command {
   int32_t code;
-  SuccessRule rule;
   bool needs_record;
-  int32_t (*run)(Driver& driver, void* record, uint32_t flags);
+  // Returns whether the command was sent, or its answer read.
+  bool (*run)(Driver& driver, void* record, uint32_t flags);
+  DocumentStep step = {};  // what it does to the document in progress
+  bool checked = true;     // whether the checks of the flags may follow it
 };
 
 // All commands, sorted by code.

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "api/driver.h"
+#include "src/api/driver.h"
 
 namespace quilon {
 
@@ -14,7 +14,7 @@ namespace quilon {
 int32_t RunCommand(Driver* driver, int32_t code, void* data, uint32_t flags);
 
 // As RunCommand without flags, for commands of the driver's own: a broken
-// answer fails like any other, with -1.
+// answer fails like any other, with -1. Throws CallEnded only.
 int32_t TryCommand(Driver* driver, int32_t code, void* data = nullptr);
 
 }  // namespace quilon

@@ -3,16 +3,23 @@
 #define QUILON_API_DRIVER_H_
 
 #include <exception>
+#include <mutex>
 
-#include "api/totals_guard.h"
-#include "commands/online_fdev.h"
 #include "quilon/records.h"
+#include "src/api/call_gate.h"
+#include "src/api/totals_guard.h"
+#include "src/comm/last_error.h"
+#include "src/commands/online_fdev.h"
+#include "src/protocol/call_ended.h"
 
 namespace quilon {
 
 struct Driver {
+  CallGate gate;
+  // Guards the device's place. Whoever is inside the gate may read it without.
+  std::mutex mutex;
   OnlineFDev* device = nullptr;  // null until quil_init
-  LastErrorRecord last_error = {};
+  SharedLastError last_error;
   ComparisonState comparison;
 };
 
@@ -22,6 +29,8 @@ template <typename Body>
 int32_t Contain(OnlineFDev& device, int32_t failure, Body body) noexcept {
   try {
     return body(device);
+  } catch (const CallEnded&) {
+    return failure;
   } catch (const std::exception& exception) {
     device.LogDiagnostic(exception.what());
     return failure;

@@ -3,21 +3,23 @@
 #include <cstring>
 #include <exception>
 #include <memory>
+#include <mutex>
+#include <new>
 #include <string_view>
 #include <utility>
 
-#include "api/dispatcher.h"
-#include "api/driver.h"
-#include "api/self_test.h"
-#include "api/versions.h"
-#include "comm/rs232_comm.h"
-#include "comm/serial_setup.h"
-#include "comm/tcpip_comm.h"
-#include "comm/thread_rs232_comm.h"
-#include "platform/clock.h"
-#include "platform/tcp_socket.h"
 #include "quilon/quilon.h"
-#include "text/driver_name.h"
+#include "src/api/dispatcher.h"
+#include "src/api/driver.h"
+#include "src/api/self_test.h"
+#include "src/api/versions.h"
+#include "src/comm/rs232_comm.h"
+#include "src/comm/serial_setup.h"
+#include "src/comm/tcpip_comm.h"
+#include "src/comm/thread_rs232_comm.h"
+#include "src/platform/process.h"
+#include "src/platform/tcp_socket.h"
+#include "src/text/driver_name.h"
 
 namespace {
 
@@ -34,26 +36,68 @@ constexpr size_t kMaxMessageLength = 4096;
 // How long the self-test shows the versions on the customer display.
 constexpr uint32_t kDisplayMilliseconds = 4000;
 
-// No destructor runs when the library is unloaded: the system takes back what
-// the driver still holds.
-constinit quilon::Driver driver;
+// What the process has one of. No destructor runs when the library is unloaded:
+// the system takes back what the driver still holds.
+quilon::Driver& TheDriver() noexcept {
+  alignas(quilon::Driver) static char place[sizeof(quilon::Driver)];
+  static quilon::Driver* const driver = new (place) quilon::Driver;
+  return *driver;
+}
 
-// Runs `body` with the device object. Returns `failure` without one, and when
-// something is thrown.
+// A call from outside, as long as it lasts.
+class Call {
+ public:
+  Call() : entered_(TheDriver().gate.Enter()) {}
+  ~Call() {
+    if (entered_) {
+      TheDriver().gate.Leave();
+    }
+  }
+  Call(const Call&) = delete;
+  Call& operator=(const Call&) = delete;
+
+  bool entered() const { return entered_; }
+
+ private:
+  bool entered_;
+};
+
+// Runs `body` with the device object, unless another thread has a call in
+// progress. Returns `failure` then, without a device, and when something is
+// thrown.
 template <typename Body>
 int32_t WithDevice(int32_t failure, Body body) noexcept {
-  return driver.device == nullptr
-             ? failure
-             : quilon::Contain(*driver.device, failure, body);
+  const Call call;
+  return call.entered() && TheDriver().device != nullptr
+             ? quilon::Contain(*TheDriver().device, failure, body)
+             : failure;
+}
+
+// The same for the log, which any thread may use at any time.
+template <typename Body>
+int32_t WithLog(Body body) noexcept {
+  const std::lock_guard lock(TheDriver().mutex);
+  return TheDriver().device == nullptr
+             ? kFailed
+             : quilon::Contain(*TheDriver().device, kFailed, body);
+}
+
+// Makes `device`, which may be null, the driver's. Returns the one before.
+OnlineFDev* Exchange(OnlineFDev* device) {
+  const std::lock_guard lock(TheDriver().mutex);
+  return std::exchange(TheDriver().device, device);
 }
 
 // Opens a connection and makes it the device's, even when it failed.
-template <typename Transport, typename Params>
-int32_t OpenTransport(const Params& params, OnlineFDev* device) {
-  device->set_reply_timeout(params.reply_timeout);
+template <typename Transport, typename... Params>
+int32_t OpenTransport(OnlineFDev* device, uint32_t reply_timeout,
+                      const Params&... params) {
+  device->set_reply_timeout(reply_timeout);
   auto transport = std::make_unique<Transport>();
   device->StartLog(transport.get());
-  const int32_t result = transport->OpenConnection(params, &driver.last_error);
+  LastErrorRecord last_error = TheDriver().last_error.Get();
+  const int32_t result = transport->OpenConnection(params..., &last_error);
+  TheDriver().last_error.Set(last_error);
   device->Attach(std::move(transport));
   return result;
 }
@@ -61,19 +105,27 @@ int32_t OpenTransport(const Params& params, OnlineFDev* device) {
 int32_t OpenSerialTransport(const SerialParams& params) {
   return WithDevice(kFailed, [&params](OnlineFDev& device) {
     return quilon::IsThreaded(params)
-               ? OpenTransport<quilon::ThreadRS232Comm>(params, &device)
-               : OpenTransport<quilon::RS232Comm>(params, &device);
+               ? OpenTransport<quilon::ThreadRS232Comm>(
+                     &device, params.reply_timeout, params)
+               : OpenTransport<quilon::RS232Comm>(&device, params.reply_timeout,
+                                                  params);
   });
 }
 
 }  // namespace
 
 int32_t quil_init(uint32_t argument) {
-  quilon::ClockMilliseconds();  // the driver's time begins here
+  const Call call;
+  if (!call.entered()) {
+    return kFailed;
+  }
   try {
     auto device = std::make_unique<OnlineFDev>(argument);
-    delete std::exchange(driver.device, nullptr);
-    driver.device = device.release();
+    if (OnlineFDev* const earlier = Exchange(device.release())) {
+      delete earlier;
+    } else {
+      quilon::CallInForkedChildren([] { TheDriver().gate.Reset(); });
+    }
   } catch (const std::exception&) {
     return kFailed;
   }
@@ -82,21 +134,32 @@ int32_t quil_init(uint32_t argument) {
 }
 
 int32_t quil_close() {
-  return WithDevice(kFailed, [](OnlineFDev& device) { return device.Close(); });
+  TheDriver().gate.EnterToClose([] {
+    WithLog([](OnlineFDev& device) {
+      device.Interrupt();
+      return kDone;
+    });
+  });
+  const bool any_device = TheDriver().device != nullptr;
+  if (any_device) {
+    TheDriver().device->Close();
+  }
+  TheDriver().gate.Leave();
+  return any_device ? kDone : kFailed;
 }
 
 int32_t quil_get_last_error(LastErrorRecord* record) {
   if (record == nullptr) {
     return kFailed;
   }
-  *record = driver.last_error;
+  *record = TheDriver().last_error.Get();
   return kDone;
 }
 
 int32_t quil_ioctrl(int32_t code, void* data, void* /*reserved*/,
                     uint32_t flags) {
   return WithDevice(-1, [=](OnlineFDev&) {
-    return quilon::RunCommand(&driver, code, data, flags);
+    return quilon::RunCommand(&TheDriver(), code, data, flags);
   });
 }
 
@@ -136,7 +199,8 @@ int32_t quil_open_tcpip_ex(const TcpParams* params) {
     return kFailed;
   }
   return WithDevice(kFailed, [params](OnlineFDev& device) {
-    return OpenTransport<quilon::TCPIPComm>(*params, &device);
+    return OpenTransport<quilon::TCPIPComm>(&device, params->reply_timeout,
+                                            *params, device.interrupted());
   });
 }
 
@@ -149,14 +213,14 @@ int32_t quil_enable_log(const char* directory) {
   if (text.size() == quilon::CommLog::kPathCapacity) {
     return kFailed;
   }
-  return WithDevice(kFailed, [text](OnlineFDev& device) {
+  return WithLog([text](OnlineFDev& device) {
     device.EnableLog(text);
     return kDone;
   });
 }
 
 int32_t quil_disable_log() {
-  return WithDevice(kFailed, [](OnlineFDev& device) {
+  return WithLog([](OnlineFDev& device) {
     device.DisableLog();
     return kDone;
   });
@@ -166,7 +230,7 @@ int32_t quil_log_msg(const char* text) {
   if (text == nullptr) {
     return kFailed;
   }
-  return WithDevice(kFailed, [text](OnlineFDev& device) {
+  return WithLog([text](OnlineFDev& device) {
     return device.LogMessage({text, strnlen(text, kMaxMessageLength)});
   });
 }
@@ -184,14 +248,14 @@ int32_t quil_prn_version(PrinterVersion* version) {
   }
   *version = {};
   return WithDevice(1, [version](OnlineFDev&) {
-    *version = quilon::AskPrinterVersion(&driver);
+    *version = quilon::AskPrinterVersion(&TheDriver());
     return 1;
   });
 }
 
 int32_t quil_auto_test() {
   return WithDevice(0, [](OnlineFDev&) {
-    quilon::RunSelfTest(&driver, kDisplayMilliseconds);
+    quilon::RunSelfTest(&TheDriver(), kDisplayMilliseconds);
     return 0;
   });
 }

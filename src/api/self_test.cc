@@ -1,15 +1,14 @@
-#include "api/self_test.h"
+#include "src/api/self_test.h"
 
 #include <string>
 #include <string_view>
 
-#include "api/dispatcher.h"
-#include "api/versions.h"
-#include "platform/clock.h"
 #include "quilon/codes.h"
-#include "text/copy_text.h"
-#include "text/cp1250.h"
-#include "text/driver_name.h"
+#include "src/api/dispatcher.h"
+#include "src/api/versions.h"
+#include "src/text/copy_text.h"
+#include "src/text/cp1250.h"
+#include "src/text/driver_name.h"
 
 namespace quilon {
 namespace {
@@ -78,7 +77,7 @@ void RunSelfTest(Driver* driver, uint32_t display_milliseconds) {
           std::string("\f\r\nWersja sterownika: \r\n") + kDriverText +
               "\r\nWersja urządzenia: \r\n"_cp1250 + printer.version.name +
               " " + printer.version.version + "\r\n");
-  SleepMilliseconds(display_milliseconds);
+  driver->device->Pause(display_milliseconds);
   Display(driver, kClear, "");
 
   PrintSlip(driver, printer);

@@ -4,13 +4,13 @@
 
 #include <cstdint>
 
-#include "api/driver.h"
+#include "src/api/driver.h"
 
 namespace quilon {
 
 // Asks the printer for its identity and memory, shows the versions on its
 // customer display for so many milliseconds, and prints a slip. A step that
-// fails stops no other. The device must exist.
+// fails stops no other. The device must exist. Throws CallEnded only.
 void RunSelfTest(Driver* driver, uint32_t display_milliseconds);
 
 }  // namespace quilon

@@ -1,10 +1,9 @@
-#include "api/totals_guard.h"
+#include "src/api/totals_guard.h"
 
 #include <numeric>
 
-#include "comm/last_error.h"
 #include "quilon/quilon.h"
-#include "text/cp1250.h"
+#include "src/text/cp1250.h"
 
 namespace quilon {
 namespace {
@@ -24,66 +23,9 @@ int64_t WrappingProduct(int64_t a, int64_t b) {
                               static_cast<uint64_t>(b));
 }
 
-std::optional<int64_t> ExpectedTotalOfBuyerEnd(int64_t start,
-                                               const BuyerEnd& end) {
-  // The adjustment counts in full only where it raises the total.
-  const int64_t value = end.comparison_mode == 2
-                            ? end.adjustment
-                            : int64_t{static_cast<int32_t>(end.adjustment)};
-  return ExpectedTotal(end.comparison_mode, start, end.total, value);
-}
-
-std::optional<int64_t> ExpectedTotalOf(int32_t code, const void* record,
-                                       int64_t start) {
-  switch (code) {
-    case QUIL_DOCUMENT_END:
-      return ExpectedTotalOfEnd(start,
-                                *static_cast<const DocumentEnd*>(record));
-    case QUIL_BUYER_PLAIN_END:
-      return ExpectedTotal(0, start,
-                           static_cast<const DocumentEnd*>(record)->total, 0);
-    case QUIL_BUYER_END:
-      return ExpectedTotalOfBuyerEnd(start,
-                                     *static_cast<const BuyerEnd*>(record));
-    case QUIL_DOCUMENT_END_X:
-    case QUIL_BUYER_END_X: {
-      const auto* x = static_cast<const DollarX*>(record);
-      return ExpectedTotal(x->comparison_mode, start, x->total, x->adjustment);
-    }
-    case QUIL_DOCUMENT_END_Y: {
-      const auto* y = static_cast<const DollarY*>(record);
-      return ExpectedTotal(y->comparison_mode, start, y->total, y->adjustment);
-    }
-    default:
-      return std::nullopt;
-  }
-}
-
-bool IsClosing(int32_t code) {
-  switch (code) {
-    case QUIL_DOCUMENT_END:
-    case QUIL_DOCUMENT_END_X:
-    case QUIL_DOCUMENT_END_Y:
-    case QUIL_BUYER_END:
-    case QUIL_BUYER_PLAIN_END:
-    case QUIL_BUYER_END_X:
-      return true;
-    default:
-      return false;
-  }
-}
-
-bool IsOpening200(int32_t code) {
-  return code == QUIL_DOCUMENT_HEADER || code == QUIL_DOCUMENT_HEADER_219;
-}
-
-bool IsOpening300(int32_t code) {
-  return code == QUIL_BUYER_HEADER || code == QUIL_BUYER_HEADER_308;
-}
-
-bool FinishClosing(OnlineFDev* device, int32_t code, ComparisonState* state,
-                   LastErrorRecord* last_error) {
-  if (device->StatusCheck(&state->status) != 0) {
+bool FinishClosing(OnlineFDev* device, Series series, ComparisonState* state,
+                   SharedLastError* last_error) {
+  if (!device->StatusCheck(&state->status)) {
     return false;
   }
   const EnqStatus& enq = state->status.enq;
@@ -93,15 +35,14 @@ bool FinishClosing(OnlineFDev* device, int32_t code, ComparisonState* state,
   if (!state->compareEnabled) {
     return true;
   }
-  const bool buyer_document = code >= QUIL_BUYER_HEADER;
-  state->endTotal = buyer_document ? ReadTotal(device, Series::k300)
-                                   : ReadOpenTotal(device, *state);
+  state->endTotal = series == Series::k300 ? ReadTotal(device, Series::k300)
+                                           : ReadOpenTotal(device, *state);
   if (state->endTotal == kUnreadable) {
-    SetDriverError("Brak danych porównania kwoty"_cp1250, last_error);
+    last_error->SetDriverError("Brak danych porównania kwoty"_cp1250);
     return false;
   }
   if (state->endTotal != state->expectedTotal) {
-    SetDriverError("Błąd porównania kwoty"_cp1250, last_error);
+    last_error->SetDriverError("Błąd porównania kwoty"_cp1250);
     return false;
   }
   return true;
@@ -151,6 +92,28 @@ std::optional<int64_t> ExpectedTotalOfEnd(int64_t start,
   return std::nullopt;
 }
 
+std::optional<int64_t> ExpectedTotalOfPlainEnd(int64_t start,
+                                               const DocumentEnd& end) {
+  return ExpectedTotal(0, start, end.total, 0);
+}
+
+std::optional<int64_t> ExpectedTotalOfBuyerEnd(int64_t start,
+                                               const BuyerEnd& end) {
+  // The adjustment counts in full only where it raises the total.
+  const int64_t value = end.comparison_mode == 2
+                            ? end.adjustment
+                            : int64_t{static_cast<int32_t>(end.adjustment)};
+  return ExpectedTotal(end.comparison_mode, start, end.total, value);
+}
+
+std::optional<int64_t> ExpectedTotalOfX(int64_t start, const DollarX& x) {
+  return ExpectedTotal(x.comparison_mode, start, x.total, x.adjustment);
+}
+
+std::optional<int64_t> ExpectedTotalOfY(int64_t start, const DollarY& y) {
+  return ExpectedTotal(y.comparison_mode, start, y.total, y.adjustment);
+}
+
 int64_t SumTotals32(const Identity& identity) {
   uint32_t sum = 0;
   for (const int32_t total : identity.totals) {
@@ -164,30 +127,22 @@ int64_t SumTotals64(const Identity& identity) {
                          int64_t{0});
 }
 
-bool ReadTotals(OnlineFDev* device, Series series, Identity* identity) {
+bool AskForTotals(OnlineFDev* device, Series series) {
   if (series == Series::k200) {
     device->SetTotalsMode({0});
-    device->SendIdentity();
-  } else {
-    device->SetTotalsMode({1});
-    device->SendTotals();
+    return device->SendIdentity();
   }
-  *identity = {};
-  return device->ReadIdentity(identity) != 0;
+  device->SetTotalsMode({1});
+  return device->SendTotals();
 }
 
 int64_t ReadTotal(OnlineFDev* device, Series series) {
-  Identity identity;
-  if (!ReadTotals(device, series, &identity)) {
+  AskForTotals(device, series);
+  Identity identity = {};
+  if (!device->ReadIdentity(&identity)) {
     return kUnreadable;
   }
   return series == Series::k200 ? SumTotals32(identity) : SumTotals64(identity);
-}
-
-int64_t ReadBareTotal(OnlineFDev* device, Series series) {
-  Identity identity;
-  return ReadTotals(device, series, &identity) ? SumTotals32(identity)
-                                               : kUnreadable;
 }
 
 int64_t ReadOpenTotal(OnlineFDev* device, const ComparisonState& state) {
@@ -198,53 +153,51 @@ int64_t ReadOpenTotal(OnlineFDev* device, const ComparisonState& state) {
                                   : state.endTotal;
 }
 
-bool BeginComparison(OnlineFDev* device, int32_t code, uint32_t flags,
-                     ComparisonState* state) {
-  const bool compare = (flags & QUIL_COMPARE_TOTALS) != 0;
-  if (!compare) {
-    if (IsOpening200(code) || IsOpening300(code)) {
-      state->compareEnabled = false;
-    }
+bool BeginComparison(OnlineFDev* device, const DocumentStep& step,
+                     uint32_t flags, ComparisonState* state) {
+  const bool opens = step.kind == DocumentStep::Kind::kOpens;
+  if ((flags & QUIL_COMPARE_TOTALS) == 0) {
+    state->compareEnabled = state->compareEnabled && !opens;
     return true;
   }
   *state = {};
   state->compareEnabled = true;
-  if (IsOpening200(code)) {
-    state->startTotal = ReadTotal(device, Series::k200);
-  } else if (IsOpening300(code)) {
-    state->startTotal = ReadTotal(device, Series::k300);
+  if (opens) {
+    state->startTotal = ReadTotal(device, step.series);
   }
   return state->startTotal != kUnreadable;
 }
 
-void ExpectTotal(int32_t code, const void* record, ComparisonState* state) {
-  if (state->compareEnabled) {
-    state->expectedTotal = ExpectedTotalOf(code, record, state->startTotal)
+void ExpectTotal(const DocumentStep& step, const void* record,
+                 ComparisonState* state) {
+  if (state->compareEnabled && step.expected_total != nullptr) {
+    state->expectedTotal = step.expected_total(state->startTotal, record)
                                .value_or(state->expectedTotal);
   }
 }
 
-bool FinishComparison(OnlineFDev* device, int32_t code, bool written,
-                      ComparisonState* state, LastErrorRecord* last_error) {
-  if (IsClosing(code)) {
-    return FinishClosing(device, code, state, last_error);
+bool FinishComparison(OnlineFDev* device, const DocumentStep& step,
+                      bool written, ComparisonState* state,
+                      SharedLastError* last_error) {
+  using Kind = DocumentStep::Kind;
+  if (step.kind == Kind::kCloses) {
+    return FinishClosing(device, step.series, state, last_error);
   }
   if (!written) {
     return true;
   }
-  if (IsOpening200(code)) {
+  if (step.kind == Kind::kCancels) {
+    *state = {};
+  } else if (step.kind == Kind::kOpens && step.series == Series::k200) {
     state->receiptOpen = 1;
-  } else if (IsOpening300(code)) {
+  } else if (step.kind == Kind::kOpens) {
     state->series300Open = 1;
     state->receiptOpen = 0;
-  } else if (code == QUIL_DOCUMENT_SHORT_END) {
-    *state = {};
   }
   return true;
 }
 
-int32_t CheckTotals(OnlineFDev* device, uint32_t flags,
-                    ComparisonState* state) {
+bool CheckTotals(OnlineFDev* device, uint32_t flags, ComparisonState* state) {
   const DleStatus& seen = state->device_state;
   if (seen.online == 0 || seen.paper_out != 0 || seen.printer_error != 0 ||
       seen.valid != 1) {
@@ -252,15 +205,15 @@ int32_t CheckTotals(OnlineFDev* device, uint32_t flags,
     device->ReadDle(&state->device_state);
   }
   if (seen.online != 1) {
-    return 0;
+    return false;
   }
   device->StatusCheck(&state->status);
   if (state->status.enq.flag0 == 0 || (flags & QUIL_COMPARE_TOTALS) != 0) {
-    return 0;
+    return false;
   }
   const bool any_open = state->receiptOpen == 1 || state->series300Open == 1;
   const int64_t total = any_open ? ReadOpenTotal(device, *state) : kUnreadable;
-  return total != kUnreadable && total == state->expectedTotal ? 1 : 0;
+  return total != kUnreadable && total == state->expectedTotal;
 }
 
 }  // namespace quilon

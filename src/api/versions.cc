@@ -1,9 +1,9 @@
-#include "api/versions.h"
+#include "src/api/versions.h"
 
-#include "api/dispatcher.h"
 #include "quilon/codes.h"
-#include "text/copy_text.h"
-#include "text/driver_name.h"
+#include "src/api/dispatcher.h"
+#include "src/text/copy_text.h"
+#include "src/text/driver_name.h"
 
 namespace quilon {
 

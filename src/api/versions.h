@@ -2,8 +2,8 @@
 #ifndef QUILON_API_VERSIONS_H_
 #define QUILON_API_VERSIONS_H_
 
-#include "api/driver.h"
 #include "quilon/records.h"
+#include "src/api/driver.h"
 
 namespace quilon {
 

@@ -1,14 +1,14 @@
-#include "api/whole_documents.h"
+#include "src/api/whole_documents.h"
 
 #include <algorithm>
 #include <iterator>
 #include <span>
 #include <string>
 
-#include "comm/last_error.h"
-#include "protocol/frame_builder.h"
-#include "text/copy_text.h"
-#include "text/cp1250.h"
+#include "src/api/patient_totals.h"
+#include "src/protocol/frame_builder.h"
+#include "src/text/copy_text.h"
+#include "src/text/cp1250.h"
 
 namespace quilon {
 namespace {
@@ -18,22 +18,31 @@ namespace {
 class Steps {
  public:
   Steps(Series series, Driver* driver)
-      : series_(series), driver_(*driver), state_(driver->comparison) {}
+      : series_(series),
+        driver_(*driver),
+        state_(driver->comparison),
+        totals_(series, driver->device) {}
 
   // Clears the comparison, marks the series open and reads the start total.
-  void Begin() {
+  // Returns false when it will never be told.
+  bool Begin() {
     state_ = {};
     (series_ == Series::k200 ? state_.receiptOpen : state_.series300Open) = 1;
-    while ((state_.startTotal = ReadTotal()) == kUnreadable) {
-      SetDriverError("Brak danych porównania kwoty startowej"_cp1250,
-                     &driver_.last_error);
+    const auto say = [this] {
+      driver_.last_error.SetDriverError(
+          "Brak danych porównania kwoty startowej"_cp1250);
+    };
+    state_.startTotal = totals_.Read(say);
+    if (state_.startTotal == kUnreadable) {
+      say();
+      return false;
     }
+    return true;
   }
 
   template <typename Record>
-  void Send(int32_t (OnlineFDev::*handler)(const Record&),
-            const Record& record) {
-    all_sent_ = (driver_.device->*handler)(record) > 0 && all_sent_;
+  void Send(bool (OnlineFDev::*handler)(const Record&), const Record& record) {
+    all_sent_ = (driver_.device->*handler)(record) && all_sent_;
   }
 
   // Notes what the closing command that was just sent must lead to.
@@ -46,25 +55,22 @@ class Steps {
 
   // Reads the end total. Returns whether it is the expected one.
   bool Compare() {
-    while ((state_.endTotal = ReadTotal()) == kUnreadable) {
-      // An answer that got lost does not come by waiting: ask again.
+    const int64_t total = totals_.Read([] {});
+    if (total == kUnreadable) {
+      driver_.last_error.SetDriverError("Brak danych porównania kwoty"_cp1250);
+    } else if (total != state_.expectedTotal) {
+      driver_.last_error.SetDriverError("Błąd porównania kwoty"_cp1250);
     }
-    const bool equal = state_.endTotal == state_.expectedTotal;
-    state_.endTotal = 0;
-    if (!equal) {
-      SetDriverError("Błąd porównania kwoty"_cp1250, &driver_.last_error);
-    }
-    return equal;
+    return total != kUnreadable && total == state_.expectedTotal;
   }
 
-  int32_t Result() const { return all_sent_ ? 1 : 0; }
+  bool all_sent() const { return all_sent_; }
 
  private:
-  int64_t ReadTotal() { return ReadBareTotal(driver_.device, series_); }
-
   Series series_;
   Driver& driver_;
   ComparisonState& state_;
+  PatientTotals totals_;
   bool all_sent_ = true;
 };
 
@@ -206,6 +212,11 @@ bool SendClosing(const WholeDocument& document, const DollarY& y,
   }
 }
 
+// Whether slips follow the document.
+bool PrintsSlips(const WholeDocument& document) {
+  return document.mode == 2 && document.y.kind == 3;
+}
+
 void SendSlips(const WholeDocument& document, Steps* steps) {
   for (const NonFiscalLine& slip :
        FirstOf(document.slips, document.slip_count)) {
@@ -216,38 +227,42 @@ void SendSlips(const WholeDocument& document, Steps* steps) {
 
 }  // namespace
 
-int32_t PrintWholeDocument(Driver* driver, const WholeDocument& document) {
+bool PrintWholeDocument(Driver* driver, const WholeDocument& document) {
   DollarY y;
   if (!driver->device->connected() ||
       !Fits(document.line_count, document.lines) ||
-      !Fits(document.slip_count, document.slips) ||
+      (PrintsSlips(document) && !Fits(document.slip_count, document.slips)) ||
       !Fits(document.payment6_count, document.payments6) ||
       !Fits(document.payment10_count, document.payments10) ||
       (document.mode == 2 && !PrepareY(document, &y))) {
-    return 0;
+    return false;
   }
   Steps steps(Series::k200, driver);
-  steps.Begin();
+  if (!steps.Begin()) {
+    return false;
+  }
   SendBody(document, &steps);
   if (!SendClosing(document, y, &steps) || !steps.Compare()) {
-    return 0;
+    return false;
   }
-  if (document.mode == 2 && y.kind == 3) {
+  if (PrintsSlips(document)) {
     SendSlips(document, &steps);
   }
-  return steps.Result();
+  return steps.all_sent();
 }
 
 // --- Code 304 --------------------------------------------------------------
 
-int32_t PrintWholeBuyerDocument(Driver* driver,
-                                const WholeBuyerDocument& document) {
+bool PrintWholeBuyerDocument(Driver* driver,
+                             const WholeBuyerDocument& document) {
   if (!driver->device->connected() ||
       !Fits(document.line_count, document.lines)) {
-    return 0;
+    return false;
   }
   Steps steps(Series::k300, driver);
-  steps.Begin();
+  if (!steps.Begin()) {
+    return false;
+  }
   steps.Send(&OnlineFDev::SendBuyerHeader, document.header);
   for (const DocumentLine& line :
        FirstOf(document.lines, document.line_count)) {
@@ -265,9 +280,9 @@ int32_t PrintWholeBuyerDocument(Driver* driver,
       steps.CheckStatus();
       break;
     default:
-      return 0;
+      return false;
   }
-  return steps.Compare() ? steps.Result() : 0;
+  return steps.Compare() && steps.all_sent();
 }
 
 }  // namespace quilon

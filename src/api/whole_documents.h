@@ -5,17 +5,17 @@
 
 #include <cstdint>
 
-#include "api/driver.h"
 #include "quilon/records.h"
+#include "src/api/driver.h"
 
 namespace quilon {
 
-// Return 1, or 0 when the record cannot be sent as it is, no connection is
+// Return false when the record cannot be sent as it is, no connection is
 // open, a step could not be sent, or the totals did not grow as they had to.
 // They ask for the totals until the printer tells them.
-int32_t PrintWholeDocument(Driver* driver, const WholeDocument& document);
-int32_t PrintWholeBuyerDocument(Driver* driver,
-                                const WholeBuyerDocument& document);
+bool PrintWholeDocument(Driver* driver, const WholeDocument& document);
+bool PrintWholeBuyerDocument(Driver* driver,
+                             const WholeBuyerDocument& document);
 
 }  // namespace quilon
 

@@ -1,10 +1,10 @@
 // Fiscal documents with the buyer's data: header, end and "@c". Their lines are
 // those of document_commands.cc.
-#include "commands/online_fdev.h"
+#include "src/commands/online_fdev.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SendBuyerHeader(const BuyerHeader& record) {
+bool OnlineFDev::SendBuyerHeader(const BuyerHeader& record) {
   FrameBuilder frame = Frame();
   frame
       .Parameters(1, record.line_count, 1, record.integer2, record.integer5, 0,
@@ -15,31 +15,31 @@ int32_t OnlineFDev::SendBuyerHeader(const BuyerHeader& record) {
   } else {
     frame.TextCr(record.number_text);
   }
-  return SendDocument(frame.TextCrList(record.lines, record.line_count)
-                          .TextCr(record.buyer_text1, record.buyer_text2,
-                                  record.buyer_text3, record.buyer_text4,
-                                  record.buyer_text5)
-                          .TextCr(record.closing_text1, record.closing_text2)
-                          .End());
+  return Deliver(frame.TextCrList(record.lines, record.line_count)
+                     .TextCr(record.buyer_text1, record.buyer_text2,
+                             record.buyer_text3, record.buyer_text4,
+                             record.buyer_text5)
+                     .TextCr(record.closing_text1, record.closing_text2)
+                     .End());
 }
 
-int32_t OnlineFDev::SendBuyerEnd(const BuyerEnd& record) {
-  return SendDocument(
-      Frame()
-          .Parameters(record.integer1, record.integer2, record.extra_line_count,
-                      0, record.comparison_mode, 1, record.integer4,
-                      record.integer5, record.integer7)
-          .Raw("$e")
-          .TextCr(record.code_text)
-          .TextCrList(record.extra_lines, record.extra_line_count)
-          .TextCrList(record.closing_texts)
-          .AmountFields(record.total)
-          .Amount32(static_cast<int32_t>(record.adjustment))
-          .Slash()
-          .End());
+bool OnlineFDev::SendBuyerEnd(const BuyerEnd& record) {
+  return Deliver(Frame()
+                     .Parameters(record.integer1, record.integer2,
+                                 record.extra_line_count, 0,
+                                 record.comparison_mode, 1, record.integer4,
+                                 record.integer5, record.integer7)
+                     .Raw("$e")
+                     .TextCr(record.code_text)
+                     .TextCrList(record.extra_lines, record.extra_line_count)
+                     .TextCrList(record.closing_texts)
+                     .AmountFields(record.total)
+                     .Amount32(static_cast<int32_t>(record.adjustment))
+                     .Slash()
+                     .End());
 }
 
-int32_t OnlineFDev::SendAtC(const AtC& record) {
+bool OnlineFDev::SendAtC(const AtC& record) {
   FrameBuilder frame = Frame();
   for (const int32_t integer : record.integers1) {
     frame.Int32(integer).Semicolon();
@@ -54,7 +54,7 @@ int32_t OnlineFDev::SendAtC(const AtC& record) {
   for (const auto& text : record.optional_texts) {
     frame.OptionalTextCr(text);
   }
-  return SendDocument(frame.TextCr(record.closing_text).End());
+  return Deliver(frame.TextCr(record.closing_text).End());
 }
 
 }  // namespace quilon

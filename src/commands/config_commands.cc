@@ -1,10 +1,10 @@
 // Configuration of the printer.
-#include "commands/online_fdev.h"
-#include "protocol/reply_fields.h"
+#include "src/commands/online_fdev.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SendDollarC(const DollarC& record) {
+bool OnlineFDev::SendDollarC(const DollarC& record) {
   const auto& numbers = record.numbers;
   return Send(Frame()
                   .Parameters(numbers[0], numbers[1], numbers[2], numbers[3],
@@ -15,7 +15,7 @@ int32_t OnlineFDev::SendDollarC(const DollarC& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendDollarP(const DollarP& record) {
+bool OnlineFDev::SendDollarP(const DollarP& record) {
   return Send(Frame()
                   .Int32(record.number)
                   .Raw("$p")
@@ -25,7 +25,7 @@ int32_t OnlineFDev::SendDollarP(const DollarP& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendDollarCapitalP(const DollarCapitalP& record) {
+bool OnlineFDev::SendDollarCapitalP(const DollarCapitalP& record) {
   const auto& parameters = record.parameters;
   const auto& values = record.fields.values;
   return Send(Frame()
@@ -38,29 +38,27 @@ int32_t OnlineFDev::SendDollarCapitalP(const DollarCapitalP& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendCaretC(const NumberAndText& record) {
-  return Send(
+bool OnlineFDev::SendCaretC(const NumberAndText& record) {
+  return Deliver(
       Frame().Raw("1^c").Int32(record.number).Cr().TextCr(record.text).End());
 }
 
-int32_t OnlineFDev::SendDollarZ(const SingleText& record) {
-  return Send(Frame().Raw("100;1$z").TextCr(record.text).End());
+bool OnlineFDev::SendDollarZ(const SingleText& record) {
+  return Deliver(Frame().Raw("100;1$z").TextCr(record.text).End());
 }
 
-int32_t OnlineFDev::SendDollarO10(const TwoTexts& record) {
+bool OnlineFDev::SendDollarO10(const TwoTexts& record) {
   return Send(
       Frame().Raw("10$o").RawLines(record.texts[0], record.texts[1]).End());
 }
 
-int32_t OnlineFDev::SendDollarO11(const TwoNumbers& record) {
+bool OnlineFDev::SendDollarO11(const TwoNumbers& record) {
   return Send(Frame().Raw("11$o").NumberFields(record.numbers).End());
 }
 
-int32_t OnlineFDev::SendDollarO12() {
-  return Send(Frame().Raw("12;1$o").End());
-}
+bool OnlineFDev::SendDollarO12() { return Send(Frame().Raw("12;1$o").End()); }
 
-int32_t OnlineFDev::SetSerw(const NumberAndText& record) {
+bool OnlineFDev::SetSerw(const NumberAndText& record) {
   return Send(Frame()
                   .Raw("@SERW")
                   .TextCr(record.text)
@@ -68,15 +66,15 @@ int32_t OnlineFDev::SetSerw(const NumberAndText& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendSerw(const SingleNumber& record) {
+bool OnlineFDev::SendSerw(const SingleNumber& record) {
   return Send(Frame().Raw("?SERW").NumberFields(record.number).End());
 }
 
-int32_t OnlineFDev::ReadSerw(NumberAndText* record) {
+bool OnlineFDev::ReadSerw(NumberAndText* record) {
   return ReadFields("?SERW", Int(record->number), Line(record->text));
 }
 
-int32_t OnlineFDev::SetUsb(const UsbSettings& record) {
+bool OnlineFDev::SetUsb(const UsbSettings& record) {
   const auto& long_texts = record.long_texts;
   const auto& short_texts = record.short_texts;
   return Send(
@@ -90,18 +88,18 @@ int32_t OnlineFDev::SetUsb(const UsbSettings& record) {
           .End());
 }
 
-int32_t OnlineFDev::SendUsb() {
+bool OnlineFDev::SendUsb() {
   return Send(Frame().Raw("?usb").EndWithoutChecksum());
 }
 
-int32_t OnlineFDev::ReadUsb(UsbSettings* record) {
+bool OnlineFDev::ReadUsb(UsbSettings* record) {
   auto& long_texts = record->long_texts;
   return ReadFields("?usb", Text(long_texts[0]), Text(long_texts[2]),
                     Text(long_texts[1]), Text(long_texts[3]),
                     Int(record->numbers), Text(record->short_texts));
 }
 
-int32_t OnlineFDev::SetCert(const CertSettings& record) {
+bool OnlineFDev::SetCert(const CertSettings& record) {
   return Send(Frame()
                   .Raw("@CERT")
                   .NumberFields(record.numbers)
@@ -109,7 +107,7 @@ int32_t OnlineFDev::SetCert(const CertSettings& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SetEmf(const EmfSettings& record) {
+bool OnlineFDev::SetEmf(const EmfSettings& record) {
   FrameBuilder frame = Frame();
   frame.Parameters(record.sends_value1, record.sends_value2, "@EMF")
       .RawLines(record.text);
@@ -122,20 +120,20 @@ int32_t OnlineFDev::SetEmf(const EmfSettings& record) {
   return Send(frame.End());
 }
 
-int32_t OnlineFDev::SendEmf() { return Send(Frame().Raw("?EMF").End()); }
+bool OnlineFDev::SendEmf() { return Send(Frame().Raw("?EMF").End()); }
 
-int32_t OnlineFDev::ReadEmf(EmfSettings* record) {
+bool OnlineFDev::ReadEmf(EmfSettings* record) {
   return ReadFields("?EMF", Line(record->text, 200), Int(record->value1),
                     Int(record->value2));
 }
 
-int32_t OnlineFDev::SetEpng(const ThreeNumbers& record) {
+bool OnlineFDev::SetEpng(const ThreeNumbers& record) {
   return Send(Frame().Raw("@EPNG").NumberFields(record.numbers).End());
 }
 
-int32_t OnlineFDev::SendEpng() { return Send(Frame().Raw("?EPNG").End()); }
+bool OnlineFDev::SendEpng() { return Send(Frame().Raw("?EPNG").End()); }
 
-int32_t OnlineFDev::ReadEpng(ThreeNumbers* record) {
+bool OnlineFDev::ReadEpng(ThreeNumbers* record) {
   return ReadFields("?EPNG", Int(record->numbers));
 }
 

@@ -1,5 +1,5 @@
 // Fiscal documents: header, lines, payments and end.
-#include "commands/online_fdev.h"
+#include "src/commands/online_fdev.h"
 
 namespace quilon {
 namespace {
@@ -19,32 +19,26 @@ void AddQuantity(FrameBuilder& frame, const char (&quantity_text)[kCapacity],
 
 }  // namespace
 
-// A transport that cannot write says so with 0 or with less.
-int32_t OnlineFDev::SendDocument(const FrameBuilder& frame) {
-  const int32_t written = Send(frame);
-  return written > 0 ? written : 0;
+bool OnlineFDev::SendHeader(int32_t first_parameter,
+                            const DocumentHeader& record) {
+  return Deliver(Frame()
+                     .Parameters(first_parameter, record.line_count, 0, 1,
+                                 record.header_integer)
+                     .Raw("$h")
+                     .TextCrList(record.lines, record.line_count)
+                     .TextCr(record.final_text)
+                     .End());
 }
 
-int32_t OnlineFDev::SendHeader(int32_t first_parameter,
-                               const DocumentHeader& record) {
-  return SendDocument(Frame()
-                          .Parameters(first_parameter, record.line_count, 0, 1,
-                                      record.header_integer)
-                          .Raw("$h")
-                          .TextCrList(record.lines, record.line_count)
-                          .TextCr(record.final_text)
-                          .End());
-}
-
-int32_t OnlineFDev::SendDocumentHeader(const DocumentHeader& record) {
+bool OnlineFDev::SendDocumentHeader(const DocumentHeader& record) {
   return SendHeader(0, record);
 }
 
-int32_t OnlineFDev::SendDocumentHeader219(const DocumentHeader& record) {
+bool OnlineFDev::SendDocumentHeader219(const DocumentHeader& record) {
   return SendHeader(1, record);
 }
 
-int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
+bool OnlineFDev::SendDocumentLine(const DocumentLine& record) {
   const bool closed_by_text = record.kind == 1;
   FrameBuilder frame = Frame();
   frame.Parameters(record.integer1, record.integer2, record.integer3);
@@ -71,19 +65,19 @@ int32_t OnlineFDev::SendDocumentLine(const DocumentLine& record) {
   if (closed_by_text) {
     frame.TextCr(record.closing_text);
   }
-  return SendDocument(frame.End());
+  return Deliver(frame.End());
 }
 
-int32_t OnlineFDev::SendDocumentLineP(const DocumentLineP& record) {
+bool OnlineFDev::SendDocumentLineP(const DocumentLineP& record) {
   FrameBuilder frame = Frame();
   frame.Parameters(record.integer).Raw("$l").Int32(record.name_number).Cr();
   AddQuantity(frame, record.quantity_text, record.quantity);
-  return SendDocument(
+  return Deliver(
       frame.Cr().RawFields("P").AmountFields(record.price, record.value).End());
 }
 
-int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
-  return SendDocument(
+bool OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
+  return Deliver(
       Frame()
           .Int32(record.first_parameter)
           .Semicolon()
@@ -97,87 +91,86 @@ int32_t OnlineFDev::SendDocumentEnd(const DocumentEnd& record) {
           .End());
 }
 
-int32_t OnlineFDev::SendDocumentShortEnd(const DocumentShortEnd& record) {
-  return SendDocument(Frame()
-                          .Raw("0$e")
-                          .OptionalTextCr(record.first_text)
-                          .OptionalTextCr(record.second_text)
-                          .End());
+bool OnlineFDev::SendDocumentShortEnd(const DocumentShortEnd& record) {
+  return Deliver(Frame()
+                     .Raw("0$e")
+                     .OptionalTextCr(record.first_text)
+                     .OptionalTextCr(record.second_text)
+                     .End());
 }
 
-int32_t OnlineFDev::SendPayment(std::string_view mnemonic,
-                                const Payment& record) {
+bool OnlineFDev::SendPayment(std::string_view mnemonic, const Payment& record) {
   FrameBuilder frame = Frame();
   frame.Raw(mnemonic).AmountFields(record.amount).Int32(record.number).Cr();
   AddQuantity(frame, record.quantity_text, record.quantity);
-  return SendDocument(frame.Cr().End());
+  return Deliver(frame.Cr().End());
 }
 
-int32_t OnlineFDev::SendPayment6(const Payment& record) {
+bool OnlineFDev::SendPayment6(const Payment& record) {
   return SendPayment("6$d", record);
 }
 
-int32_t OnlineFDev::SendPayment7(const Payment& record) {
+bool OnlineFDev::SendPayment7(const Payment& record) {
   return SendPayment("7$d", record);
 }
 
-int32_t OnlineFDev::SendPayment10(const Payment& record) {
+bool OnlineFDev::SendPayment10(const Payment& record) {
   return SendPayment("10$d", record);
 }
 
-int32_t OnlineFDev::SendPayment11(const Payment& record) {
+bool OnlineFDev::SendPayment11(const Payment& record) {
   return SendPayment("11$d", record);
 }
 
-int32_t OnlineFDev::SendDollarN(const DollarN& record) {
-  return SendDocument(Frame()
-                          .Parameters(record.integer)
-                          .Raw("$n")
-                          .TextCr(record.text)
-                          .AmountFields(record.amount)
-                          .End());
+bool OnlineFDev::SendDollarN(const DollarN& record) {
+  return Deliver(Frame()
+                     .Parameters(record.integer)
+                     .Raw("$n")
+                     .TextCr(record.text)
+                     .AmountFields(record.amount)
+                     .End());
 }
 
-int32_t OnlineFDev::SendDollarCapitalL(const DollarCapitalL& record) {
-  return SendDocument(Frame()
-                          .Parameters(record.integers[0], record.integers[1],
-                                      record.integers[2])
-                          .Raw("$L")
-                          .AmountFieldList(record.amounts)
-                          .TextCr(record.text)
-                          .End());
+bool OnlineFDev::SendDollarCapitalL(const DollarCapitalL& record) {
+  return Deliver(Frame()
+                     .Parameters(record.integers[0], record.integers[1],
+                                 record.integers[2])
+                     .Raw("$L")
+                     .AmountFieldList(record.amounts)
+                     .TextCr(record.text)
+                     .End());
 }
 
-int32_t OnlineFDev::SendDollarCapitalY(const DollarCapitalY& record) {
-  return SendDocument(Frame()
-                          .Parameters(record.integers[0], record.integers[1])
-                          .Raw("$Y")
-                          .AmountFieldList(record.amounts)
-                          .TextCr(record.text)
-                          .End());
+bool OnlineFDev::SendDollarCapitalY(const DollarCapitalY& record) {
+  return Deliver(Frame()
+                     .Parameters(record.integers[0], record.integers[1])
+                     .Raw("$Y")
+                     .AmountFieldList(record.amounts)
+                     .TextCr(record.text)
+                     .End());
 }
 
-int32_t OnlineFDev::SendDollarB(const DollarB& record) {
-  return SendDocument(Frame()
-                          .Parameters(record.integers[0], record.integers[1])
-                          .Raw("$b")
-                          .AmountFields(record.amount)
-                          .TextCr(record.text)
-                          .End());
+bool OnlineFDev::SendDollarB(const DollarB& record) {
+  return Deliver(Frame()
+                     .Parameters(record.integers[0], record.integers[1])
+                     .Raw("$b")
+                     .AmountFields(record.amount)
+                     .TextCr(record.text)
+                     .End());
 }
 
-int32_t OnlineFDev::SendAtZ(const AtZ& record) {
-  return SendDocument(Frame()
-                          .Parameters(record.integer)
-                          .Semicolon()
-                          .Raw("@z")
-                          .TextCr(record.text)
-                          .RawLines(record.raw_text)
-                          .AmountFieldList(record.amounts)
-                          .End());
+bool OnlineFDev::SendAtZ(const AtZ& record) {
+  return Deliver(Frame()
+                     .Parameters(record.integer)
+                     .Semicolon()
+                     .Raw("@z")
+                     .TextCr(record.text)
+                     .RawLines(record.raw_text)
+                     .AmountFieldList(record.amounts)
+                     .End());
 }
 
-int32_t OnlineFDev::SendAtE(const AtE& record) {
+bool OnlineFDev::SendAtE(const AtE& record) {
   const bool full = record.mode == 3;
   FrameBuilder frame = Frame();
   if (record.mode != 0) {
@@ -193,7 +186,7 @@ int32_t OnlineFDev::SendAtE(const AtE& record) {
   if (full && record.integer2 != 0) {
     frame.NumberFields(record.integer2);
   }
-  return SendDocument(frame.End());
+  return Deliver(frame.End());
 }
 
 }  // namespace quilon

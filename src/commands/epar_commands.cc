@@ -1,10 +1,10 @@
 // The EPAR parameter sets.
-#include "commands/online_fdev.h"
-#include "protocol/reply_fields.h"
+#include "src/commands/online_fdev.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SetEparCommon(const EparSet& record) {
+bool OnlineFDev::SetEparCommon(const EparSet& record) {
   return Send(Frame()
                   .Raw("@EPAR")
                   .RawLines(record.first_text)
@@ -13,7 +13,7 @@ int32_t OnlineFDev::SetEparCommon(const EparSet& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SetEpar(const EparSet& record) {
+bool OnlineFDev::SetEpar(const EparSet& record) {
   FrameBuilder frame = Frame();
   if (record.type != 0) {
     frame.Int32(record.type).Semicolon();
@@ -34,25 +34,25 @@ int32_t OnlineFDev::SetEpar(const EparSet& record) {
   return Send(frame.End());
 }
 
-int32_t OnlineFDev::SendEpar(EparSet* record) {
+bool OnlineFDev::SendEpar(EparSet* record) {
   if (record->type < 1 || record->type > 3) {
     record->type = 0;
   }
   return Send(Frame().Parameters(record->type, "?EPAR").Cr().End());
 }
 
-int32_t OnlineFDev::ReadEpar(EparSet* record) {
+bool OnlineFDev::ReadEpar(EparSet* record) {
   if (!ReadAnswer()) {
-    return 0;
+    return false;
   }
   if (record->type == 0) {
     if (!reply().SkipPast("?EPAR")) {
-      return 0;
+      return false;
     }
   } else {
     const std::string_view before = reply().TextUpTo("?EPAR");
     if (before.empty() || before.back() < '0' || before.back() > '9') {
-      return 0;
+      return false;
     }
     record->type = before.back() - '0';
   }
@@ -69,7 +69,7 @@ int32_t OnlineFDev::ReadEpar(EparSet* record) {
   if (record->type == 3) {
     TakeFields(Int(tail[4]));
   }
-  return 1;
+  return true;
 }
 
 }  // namespace quilon

@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "commands/online_fdev.h"
-#include "platform/files.h"
+#include "src/commands/online_fdev.h"
+#include "src/platform/files.h"
 
 namespace quilon {
 
@@ -23,18 +23,17 @@ FrameBuilder OnlineFDev::FileFrame(int32_t continued, int64_t size,
       .End();
 }
 
-int32_t OnlineFDev::SendFile(const FileTransfer& record) {
-  constexpr int32_t kFailed = -1;
+bool OnlineFDev::SendFile(const FileTransfer& record) {
   InputFile file(std::string(TextOf(record.path)).c_str());
   if (!file.is_open()) {
-    return kFailed;
+    return false;
   }
   std::array<uint8_t, 1024> buffer = {};
   for (int64_t sent = 0; sent < file.size();) {
     const auto length = static_cast<size_t>(
         std::min(static_cast<int64_t>(buffer.size()), file.size() - sent));
     if (file.Read(buffer.data(), length) != length) {
-      return kFailed;
+      return false;
     }
     Send(FileFrame(sent == 0 ? 0 : 1, file.size(), TextOf(record.name),
                    std::span(buffer).first(length)));
@@ -44,14 +43,14 @@ int32_t OnlineFDev::SendFile(const FileTransfer& record) {
     EnqStatus status = {};
     ReadEnq(&status);
     if (status.last_command_ok == 0) {
-      return kFailed;
+      return false;
     }
   }
-  return 0;
+  return true;
 }
 
-int32_t OnlineFDev::SendEmptyFile(int32_t continued, std::string_view name) {
-  return Send(FileFrame(continued, 0, name, {}));
+bool OnlineFDev::SendEmptyFile(int32_t continued, std::string_view name) {
+  return Deliver(FileFrame(continued, 0, name, {}));
 }
 
 }  // namespace quilon

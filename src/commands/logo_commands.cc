@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "commands/online_fdev.h"
-#include "commands/raster_image.h"
-#include "platform/files.h"
-#include "protocol/reply_fields.h"
+#include "src/commands/online_fdev.h"
+#include "src/commands/raster_image.h"
+#include "src/platform/files.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 namespace {
@@ -34,19 +34,19 @@ size_t ConvertBitmapFile(const Logo& record, std::span<uint8_t> image) {
 }  // namespace
 
 // A logo frame without data.
-int32_t OnlineFDev::SendLogoFrame1(const Logo& record) {
+bool OnlineFDev::SendLogoFrame1(const Logo& record) {
   return Send(Frame().Raw("1;^F0/0").Cr().NumberFields(record.number).End());
 }
 
-int32_t OnlineFDev::SendLogoFrame10(const Logo& record) {
+bool OnlineFDev::SendLogoFrame10(const Logo& record) {
   return Send(Frame().Raw("10;^F0/0").Cr().NumberFields(record.number).End());
 }
 
-int32_t OnlineFDev::SendLogo(const Logo& record) {
+bool OnlineFDev::SendLogo(const Logo& record) {
   std::vector<uint8_t> buffer(kMaxImageSize);
   const size_t image_size = ConvertBitmapFile(record, buffer);
   if (image_size == 0) {
-    return -1;
+    return false;
   }
   const std::span<const uint8_t> image(buffer.data(), image_size);
   // The printer counts hexadecimal digits, two a byte.
@@ -61,19 +61,20 @@ int32_t OnlineFDev::SendLogo(const Logo& record) {
              .NumberFields(static_cast<uint32_t>(record.number))
              .End());
   }
-  return 0;
+  return true;
 }
 
 // Succeeds whatever comes: the record tells.
-int32_t OnlineFDev::ReadLogo(Logo* record) {
+bool OnlineFDev::ReadLogo(Logo* record) {
   if (ReadPacket() && reply().SkipPast("^f")) {
     TakeFields(SkipText(), Int(record->value), SkipText(), SkipText(),
                Text(record->checksum));
   }
-  return 0;
+  return true;
 }
 
-int32_t OnlineFDev::LogoChecksum(Logo* record) {
+// A checksum of 0 would be success; no bitmap has it.
+bool OnlineFDev::LogoChecksum(Logo* record) {
   // Applications know the checksum of a buffer of this length, and of an image
   // that may take no more than six bytes of it.
   constexpr size_t kBufferLength = 12292;
@@ -86,7 +87,7 @@ int32_t OnlineFDev::LogoChecksum(Logo* record) {
   }
   std::snprintf(record->checksum, sizeof(record->checksum), "%02x%02x",
                 checksum & 0xFF, checksum >> 8);
-  return checksum;
+  return checksum == 0;
 }
 
 }  // namespace quilon

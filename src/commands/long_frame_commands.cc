@@ -1,11 +1,11 @@
 // The two commands that carry whole lists, "#f" and "#m".
 #include <iterator>
 
-#include "commands/online_fdev.h"
+#include "src/commands/online_fdev.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SendHashF(const HashF& record) {
+bool OnlineFDev::SendHashF(const HashF& record) {
   return Send(Frame()
                   .Raw("8;4;4#f")
                   .TextCr(record.text1, record.text2)
@@ -17,7 +17,7 @@ int32_t OnlineFDev::SendHashF(const HashF& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendHashM(const HashM& record) {
+bool OnlineFDev::SendHashM(const HashM& record) {
   FrameBuilder frame = Frame();
   frame.Parameters(record.count_a, record.count_b, record.count_c, "212");
   for (int32_t i = 0; i < record.count_c; ++i) {

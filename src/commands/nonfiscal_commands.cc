@@ -1,9 +1,9 @@
 // Non-fiscal printouts: begin, lines and end, all of them "$w".
-#include "commands/online_fdev.h"
+#include "src/commands/online_fdev.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SendNonFiscalBegin(const NonFiscalBegin& record) {
+bool OnlineFDev::SendNonFiscalBegin(const NonFiscalBegin& record) {
   FrameBuilder frame = Frame();
   frame
       .Parameters("0", record.first_parameter, record.second_parameter,
@@ -19,7 +19,7 @@ int32_t OnlineFDev::SendNonFiscalBegin(const NonFiscalBegin& record) {
   return Send(frame.Cr().End());
 }
 
-int32_t OnlineFDev::SendNonFiscalLine(const NonFiscalLine& record) {
+bool OnlineFDev::SendNonFiscalLine(const NonFiscalLine& record) {
   FrameBuilder frame = Frame();
   frame
       .Parameters(record.parameter1, record.parameter2, record.parameter3,
@@ -32,7 +32,7 @@ int32_t OnlineFDev::SendNonFiscalLine(const NonFiscalLine& record) {
   return Send(frame.End());
 }
 
-int32_t OnlineFDev::SendNonFiscalEnd(const NonFiscalEnd& record) {
+bool OnlineFDev::SendNonFiscalEnd(const NonFiscalEnd& record) {
   FrameBuilder frame = Frame();
   frame.Parameters("1", record.second_parameter, record.third_parameter,
                    record.closing_line_count);

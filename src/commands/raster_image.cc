@@ -1,4 +1,4 @@
-#include "commands/raster_image.h"
+#include "src/commands/raster_image.h"
 
 #include <algorithm>
 #include <optional>
@@ -51,8 +51,8 @@ struct Picture {
   size_t height = 0;
   size_t pixels_position = 0;
 
-  size_t row_length() const { return (width + 7) / 8; }
-  size_t image_size() const { return height * row_length() + kSizeLength; }
+  size_t RowLength() const { return (width + 7) / 8; }
+  size_t ImageSize() const { return height * RowLength() + kSizeLength; }
 };
 
 BitmapResult ReadHeaders(std::span<const uint8_t> bitmap, Picture* picture) {
@@ -116,7 +116,7 @@ BitmapResult ConvertBitmap(std::span<const uint8_t> bitmap,
   if (result != BitmapResult::kConverted) {
     return result;
   }
-  if (picture.image_size() > image.size()) {
+  if (picture.ImageSize() > image.size()) {
     return BitmapResult::kTooLarge;
   }
   image[0] = static_cast<uint8_t>(picture.width >> 8);
@@ -127,10 +127,10 @@ BitmapResult ConvertBitmap(std::span<const uint8_t> bitmap,
   // The file begins with the bottom row.
   for (size_t row = picture.height; row-- > 0;) {
     ConvertRow(&reader, picture.width,
-               image.subspan(kSizeLength + row * picture.row_length(),
-                             picture.row_length()));
+               image.subspan(kSizeLength + row * picture.RowLength(),
+                             picture.RowLength()));
   }
-  *image_size = picture.image_size();
+  *image_size = picture.ImageSize();
   return BitmapResult::kConverted;
 }
 

@@ -1,10 +1,10 @@
 // A command that the application wrote itself, and any answer.
-#include "commands/online_fdev.h"
-#include "protocol/reply_fields.h"
+#include "src/commands/online_fdev.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SendRaw(const RawCommand& record) {
+bool OnlineFDev::SendRaw(const RawCommand& record) {
   FrameBuilder frame = Frame();
   frame.Text(record.text);
   if (record.mode == 0) {
@@ -15,12 +15,12 @@ int32_t OnlineFDev::SendRaw(const RawCommand& record) {
   return Send(frame);
 }
 
-int32_t OnlineFDev::ReadRaw(RawAnswer* record) {
+bool OnlineFDev::ReadRaw(RawAnswer* record) {
   if (!ReadAnswer()) {
-    return 0;
+    return false;
   }
-  CopyText(reply().TextUpTo("\\"), record->text);
-  return 1;
+  PutText(reply().TextUpTo("\\"), record->text);
+  return true;
 }
 
 }  // namespace quilon

@@ -1,6 +1,6 @@
 // Reports and other data that the printer keeps.
-#include "commands/online_fdev.h"
-#include "protocol/reply_fields.h"
+#include "src/commands/online_fdev.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 namespace {
@@ -14,12 +14,12 @@ void AddCaretBTexts(FrameBuilder& frame, const char (&texts)[7][256]) {
 
 }  // namespace
 
-int32_t OnlineFDev::ReadHashX(HashX* record) {
+bool OnlineFDev::ReadHashX(HashX* record) {
   return ReadFields("#X", Int(record->number), Int(record->numbers),
                     Text(record->text));
 }
 
-int32_t OnlineFDev::SendPmi(const PmiCommand& record) {
+bool OnlineFDev::SendPmi(const PmiCommand& record) {
   return Send(Frame()
                   .Int32(record.parameter)
                   .Raw("@PMI")
@@ -27,32 +27,32 @@ int32_t OnlineFDev::SendPmi(const PmiCommand& record) {
                   .End());
 }
 
-int32_t OnlineFDev::ReadPmd(PmdAnswer* record) {
+bool OnlineFDev::ReadPmd(PmdAnswer* record) {
   return ReadFields("@PMD", Int(record->numbers), Int(record->number),
                     Text(record->data), Text(record->text));
 }
 
-int32_t OnlineFDev::SendCaretB1(const SevenTexts& record) {
+bool OnlineFDev::SendCaretB1(const SevenTexts& record) {
   FrameBuilder frame = Frame();
   frame.Raw("1^b");
   AddCaretBTexts(frame, record.texts);
   return Send(frame.End());
 }
 
-int32_t OnlineFDev::SendCaretB0(const NumberAndSevenTexts& record) {
+bool OnlineFDev::SendCaretB0(const NumberAndSevenTexts& record) {
   FrameBuilder frame = Frame();
   frame.Parameters("0", record.number).Raw("^b");
   AddCaretBTexts(frame, record.texts);
   return Send(frame.End());
 }
 
-int32_t OnlineFDev::SendQuestionE() { return Send(Frame().Raw("?e").End()); }
+bool OnlineFDev::SendQuestionE() { return Send(Frame().Raw("?e").End()); }
 
-int32_t OnlineFDev::ReadQuestionE(TwoNumbers* record) {
+bool OnlineFDev::ReadQuestionE(TwoNumbers* record) {
   return ReadFields("?e", Int(record->numbers));
 }
 
-int32_t OnlineFDev::SendDollarG(const TwoTexts& record) {
+bool OnlineFDev::SendDollarG(const TwoTexts& record) {
   return Send(Frame()
                   .Raw("$g")
                   .RawLines(record.texts[0])
@@ -60,19 +60,19 @@ int32_t OnlineFDev::SendDollarG(const TwoTexts& record) {
                   .End());
 }
 
-int32_t OnlineFDev::ReadDollarG(NumberAndText* record) {
+bool OnlineFDev::ReadDollarG(NumberAndText* record) {
   return ReadFields("$G", Int(record->number), Text(record->text));
 }
 
-int32_t OnlineFDev::SendDollarM() { return Send(Frame().Raw("$m").End()); }
+bool OnlineFDev::SendDollarM() { return Send(Frame().Raw("$m").End()); }
 
-int32_t OnlineFDev::SendCaretT12() { return Send(Frame().Raw("12^t").End()); }
+bool OnlineFDev::SendCaretT12() { return Send(Frame().Raw("12^t").End()); }
 
-int32_t OnlineFDev::ReadCaretT(FiveTexts* record) {
+bool OnlineFDev::ReadCaretT(FiveTexts* record) {
   return ReadFields("^t", Text(record->texts));
 }
 
-int32_t OnlineFDev::SendHashB(const NumberAndFourTexts& record) {
+bool OnlineFDev::SendHashB(const NumberAndFourTexts& record) {
   const auto& texts = record.texts;
   return Send(Frame()
                   .Int32(record.number)
@@ -83,11 +83,11 @@ int32_t OnlineFDev::SendHashB(const NumberAndFourTexts& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendHashL(const SingleNumber& record) {
+bool OnlineFDev::SendHashL(const SingleNumber& record) {
   return Send(Frame().Int32(record.number).Raw("#l").End());
 }
 
-int32_t OnlineFDev::SendExclamationE(const ExclamationE& record) {
+bool OnlineFDev::SendExclamationE(const ExclamationE& record) {
   const auto& numbers = record.numbers;
   return Send(Frame()
                   .Raw("!e")
@@ -95,19 +95,19 @@ int32_t OnlineFDev::SendExclamationE(const ExclamationE& record) {
                   .End());
 }
 
-int32_t OnlineFDev::ReadExclamationE(ExclamationE* record) {
+bool OnlineFDev::ReadExclamationE(ExclamationE* record) {
   auto& numbers = record->numbers;
-  if (ReadFields("!e", Int(numbers[4])) == 0) {
-    return 0;
+  if (!ReadFields("!e", Int(numbers[4]))) {
+    return false;
   }
   if (numbers[4] < 2) {
     TakeFields(Int(numbers[2]), Int(numbers[3]), Int(numbers[5]),
-               Int(numbers[6]), Int(numbers[7]), Line(record->text));
+               Int(numbers[6]), Int(numbers[7]), LongLine(record->text));
   }
-  return 1;
+  return true;
 }
 
-int32_t OnlineFDev::SendEdb(const SixNumbers& record) {
+bool OnlineFDev::SendEdb(const SixNumbers& record) {
   return Send(Frame()
                   .Int32(record.numbers[0])
                   .Raw("?EDB")
@@ -115,7 +115,7 @@ int32_t OnlineFDev::SendEdb(const SixNumbers& record) {
                   .End());
 }
 
-int32_t OnlineFDev::ReadEdb(SixNumbers* record) {
+bool OnlineFDev::ReadEdb(SixNumbers* record) {
   auto& numbers = record->numbers;
   switch (numbers[0]) {
     case 0:
@@ -125,14 +125,14 @@ int32_t OnlineFDev::ReadEdb(SixNumbers* record) {
     case 2:
       return ReadNumberedEdb(record);
     default:
-      return ReadAnswer() ? 1 : 0;
+      return ReadAnswer();
   }
 }
 
 // The answer to types 1 and 2 bears a number before its mnemonic.
-int32_t OnlineFDev::ReadNumberedEdb(SixNumbers* record) {
-  if (ReadFields("P") == 0) {
-    return 0;
+bool OnlineFDev::ReadNumberedEdb(SixNumbers* record) {
+  if (!ReadFields("P")) {
+    return false;
   }
   auto& numbers = record->numbers;
   const std::string_view number = reply().TextUpTo("?EDB");
@@ -142,10 +142,10 @@ int32_t OnlineFDev::ReadNumberedEdb(SixNumbers* record) {
       TakeFields(Int(numbers[1]), Int(numbers[2]), Int(numbers[4]));
     }
   }
-  return 1;
+  return true;
 }
 
-int32_t OnlineFDev::SendExclamationEdb(const SingleNumber& record) {
+bool OnlineFDev::SendExclamationEdb(const SingleNumber& record) {
   return Send(Frame().Raw("!EDB").NumberFields(record.number).End());
 }
 

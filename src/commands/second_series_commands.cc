@@ -1,10 +1,10 @@
 // The short commands of codes 100 to 113, 500 to 503 and 700.
-#include "commands/online_fdev.h"
-#include "protocol/reply_fields.h"
+#include "src/commands/online_fdev.h"
+#include "src/protocol/reply_fields.h"
 
 namespace quilon {
 
-int32_t OnlineFDev::SendHashR(const HashR& record) {
+bool OnlineFDev::SendHashR(const HashR& record) {
   FrameBuilder frame = Frame();
   if (TextOf(record.parameter1).empty()) {
     frame.Raw("0");
@@ -22,7 +22,7 @@ int32_t OnlineFDev::SendHashR(const HashR& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendHashK(const HashK& record) {
+bool OnlineFDev::SendHashK(const HashK& record) {
   return Send(Frame()
                   .Int32(record.parameter)
                   .Raw("#k")
@@ -31,7 +31,7 @@ int32_t OnlineFDev::SendHashK(const HashK& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendHashOTexts(const HashO& record) {
+bool OnlineFDev::SendHashOTexts(const HashO& record) {
   FrameBuilder frame = Frame();
   for (const auto& parameter : record.parameters) {
     frame.Text(parameter).Semicolon();
@@ -39,7 +39,7 @@ int32_t OnlineFDev::SendHashOTexts(const HashO& record) {
   return SendHashO(frame.Int32(record.number).Raw("#o"), record);
 }
 
-int32_t OnlineFDev::SendHashOFields(const HashO& record) {
+bool OnlineFDev::SendHashOFields(const HashO& record) {
   return SendHashO(Frame()
                        .Int32(record.number)
                        .Raw("#o")
@@ -51,12 +51,12 @@ int32_t OnlineFDev::SendHashOFields(const HashO& record) {
 }
 
 // Ends the frame with the texts that both forms of the command have.
-int32_t OnlineFDev::SendHashO(FrameBuilder& frame, const HashO& record) {
+bool OnlineFDev::SendHashO(FrameBuilder& frame, const HashO& record) {
   return Send(
       frame.OptionalTextCr(record.text1).OptionalTextCr(record.text2).End());
 }
 
-int32_t OnlineFDev::SendDollarOTexts(const DollarOTexts& record) {
+bool OnlineFDev::SendDollarOTexts(const DollarOTexts& record) {
   return Send(Frame()
                   .Int32(record.parameter)
                   .Raw("$o")
@@ -66,7 +66,7 @@ int32_t OnlineFDev::SendDollarOTexts(const DollarOTexts& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendDollarONumbers(const DollarONumbers& record) {
+bool OnlineFDev::SendDollarONumbers(const DollarONumbers& record) {
   return Send(Frame()
                   .Int32(record.parameter)
                   .Raw("$o")
@@ -76,9 +76,9 @@ int32_t OnlineFDev::SendDollarONumbers(const DollarONumbers& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendDollarO3() { return Send(Frame().Raw("3$o").End()); }
+bool OnlineFDev::SendDollarO3() { return Send(Frame().Raw("3$o").End()); }
 
-int32_t OnlineFDev::SendHashT(const HashT& record) {
+bool OnlineFDev::SendHashT(const HashT& record) {
   return Send(Frame()
                   .Raw("0#t")
                   .OptionalTextCr(record.text1)
@@ -86,7 +86,7 @@ int32_t OnlineFDev::SendHashT(const HashT& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendPr(const PrCommand& record) {
+bool OnlineFDev::SendPr(const PrCommand& record) {
   return Send(Frame()
                   .Raw("@PR")
                   .NumberFields(record.number1, record.number2)
@@ -94,7 +94,7 @@ int32_t OnlineFDev::SendPr(const PrCommand& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendPmr(const PmrCommand& record) {
+bool OnlineFDev::SendPmr(const PmrCommand& record) {
   return Send(Frame()
                   .Raw("@PMR")
                   .NumberFields(record.number1, record.number2)
@@ -102,16 +102,16 @@ int32_t OnlineFDev::SendPmr(const PmrCommand& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendHashI(const HashAmount& record) {
+bool OnlineFDev::SendHashI(const HashAmount& record) {
   return SendHashAmount("#i", record);
 }
 
-int32_t OnlineFDev::SendHashD(const HashAmount& record) {
+bool OnlineFDev::SendHashD(const HashAmount& record) {
   return SendHashAmount("#d", record);
 }
 
-int32_t OnlineFDev::SendHashAmount(std::string_view mnemonic,
-                                   const HashAmount& record) {
+bool OnlineFDev::SendHashAmount(std::string_view mnemonic,
+                                const HashAmount& record) {
   FrameBuilder frame = Frame();
   frame.Int32(record.parameter).Raw(mnemonic).AmountFields(record.amount);
   // The printer takes the second text only behind a first one.
@@ -121,7 +121,7 @@ int32_t OnlineFDev::SendHashAmount(std::string_view mnemonic,
   return Send(frame.End());
 }
 
-int32_t OnlineFDev::SendHashP(const HashP& record) {
+bool OnlineFDev::SendHashP(const HashP& record) {
   return Send(Frame()
                   .Int32(record.parameter)
                   .Raw("#p")
@@ -129,22 +129,22 @@ int32_t OnlineFDev::SendHashP(const HashP& record) {
                   .End());
 }
 
-int32_t OnlineFDev::SendHashQ(const HashP& record) {
+bool OnlineFDev::SendHashQ(const HashP& record) {
   return Send(Frame().Raw("0#q").TextCr(record.text1, record.text2).End());
 }
 
-int32_t OnlineFDev::SendHashP1() { return Send(Frame().Raw("1#p").End()); }
+bool OnlineFDev::SendHashP1() { return Send(Frame().Raw("1#p").End()); }
 
-int32_t OnlineFDev::ReadHashP(HashPAnswer* record) {
+bool OnlineFDev::ReadHashP(HashPAnswer* record) {
   // The next packet, also when it contains "#Z".
   if (!ReadPacket() || !reply().SkipPast("#P")) {
-    return 0;
+    return false;
   }
   TakeFields(Text(record->text1), Text(record->text2), Int(record->number));
-  return 1;
+  return true;
 }
 
-int32_t OnlineFDev::SendDollarZ28(const SingleNumber& record) {
+bool OnlineFDev::SendDollarZ28(const SingleNumber& record) {
   return Send(Frame().Parameters("28", record.number).Raw("$z").End());
 }
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <numeric>
 
-#include "commands/online_fdev.h"
+#include "src/commands/online_fdev.h"
 
 namespace quilon {
 namespace {
@@ -49,7 +49,7 @@ class Lists {
 
 }  // namespace
 
-int32_t OnlineFDev::SendDollarX(const DollarX& record) {
+bool OnlineFDev::SendDollarX(const DollarX& record) {
   FrameBuilder frame = Frame();
   frame.Parameters(5, 0, 1, record.comparison_mode);
   for (const int32_t integer : record.integers) {
@@ -57,19 +57,18 @@ int32_t OnlineFDev::SendDollarX(const DollarX& record) {
   }
   frame.Semicolon().Parameters(record.has_payments6, record.has_payments10,
                                record.last_integer);
-  return SendDocument(frame.Raw("$x")
-                          .TextCr(record.leading_text)
-                          .TextCrList(record.texts)
-                          .TextCrList(record.short_texts)
-                          .AmountFields(record.total, record.adjustment)
-                          .AmountFieldList(record.amounts)
-                          .AmountFields(record.payments6_sum,
-                                        record.payments10_sum,
-                                        record.last_amount)
-                          .End());
+  return Deliver(frame.Raw("$x")
+                     .TextCr(record.leading_text)
+                     .TextCrList(record.texts)
+                     .TextCrList(record.short_texts)
+                     .AmountFields(record.total, record.adjustment)
+                     .AmountFieldList(record.amounts)
+                     .AmountFields(record.payments6_sum, record.payments10_sum,
+                                   record.last_amount)
+                     .End());
 }
 
-int32_t OnlineFDev::SendDollarY(const DollarY& record) {
+bool OnlineFDev::SendDollarY(const DollarY& record) {
   const bool is_short = record.kind == 3;
   const int32_t count_z = is_short ? 0 : record.count_z;
   const auto sent_count = [is_short](int32_t count) {
@@ -106,7 +105,7 @@ int32_t OnlineFDev::SendDollarY(const DollarY& record) {
       .AmountFields(record.amount2);
   lists.Add(record.payment6_amounts, record.payment6_count);
   lists.Add(record.payment10_amounts, record.payment10_count);
-  return SendDocument(frame.End());
+  return Deliver(frame.End());
 }
 
 }  // namespace quilon
