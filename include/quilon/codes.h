@@ -543,8 +543,10 @@ enum QuilCode {
   /** Prints a whole document and proves by the totals that it was booked: they
    *  must grow by the total of its closing, whose adjustment does not count. A
    *  step that cannot be sent fails the call, but not before the others have
-   *  been sent. While a printer that is connected does not tell its totals they
-   *  are asked for again, without end.
+   *  been sent. While the printer does not tell its totals they
+   *  are asked for again, as long as the line may still answer: a connection
+   *  that never opened or is known to be gone ends it. quil_close from another
+   *  thread does, too.
    *  Direction: send. Record: WholeDocument. */
   QUIL_WHOLE_DOCUMENT = 214,
   /** Checks the totals once more against those that the last document must

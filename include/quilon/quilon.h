@@ -23,7 +23,17 @@
  * quil_init, give the failure value and do nothing else. No exception leaves
  * the driver, and nothing is ever shown to the user.
  *
- * Threads. The driver takes no lock: call it from one thread at a time.
+ * Threads. One call at a time. While a call is in progress, another thread may
+ * use the log functions, quil_get_last_error and quil_drv_version; any other
+ * function gives it its failure value at once and sends nothing. quil_close is
+ * the exception: it ends the call in progress within 100 ms, which then gives
+ * its failure value, and closes. That is the way out of every wait, however
+ * long. In a forked child only quil_close and quil_init make sense: the
+ * connection stays its parent's.
+ *
+ * What the driver opens is not inherited by programs that the process starts,
+ * and never takes the place of a standard stream that was closed.
+ *
  * Strings that come back are CP1250; strings that go in are CP1250 too, and in
  * records optionally UTF-8 (QUIL_TEXT_UTF8).
  *
@@ -34,7 +44,9 @@
  * once for DLE and five times for ENQ; QUIL_QUERY_ERROR twice; QUIL_SEND_FILE
  * once a block; a whole document until a printer that is connected tells its
  * totals. Sending takes at most the write time-out of a serial port, or 10 s
- * over TCP.
+ * over TCP. A TCP connection on which a frame could not be sent whole is
+ * broken: nothing more goes out on it, and all that would send or read fails at
+ * once until the next open.
  */
 #ifndef QUILON_QUILON_H_
 #define QUILON_QUILON_H_
@@ -90,7 +102,12 @@ enum QuilFlag {
 QUILON_API int32_t quil_init(uint32_t argument);
 
 /**
- * Closes and drops the connection. The device object and its settings stay.
+ * Closes and drops the connection. The device object and its settings stay. A
+ * call that another thread has in progress ends first, with its failure value;
+ * whether the printer obeyed what had gone out by then is unknown.
+ *
+ * A threaded serial port first sends what is queued: for 2 s at most, and not
+ * when the line is held up.
  *
  * @return 1, also when there is no connection; 0 before quil_init.
  */
@@ -131,7 +148,7 @@ QUILON_API int32_t quil_ioctrl(int32_t code, void* data, void* reserved,
  *
  * The port becomes the device's connection also when it could not be opened;
  * commands then fail until the next open. A connection that was open before is
- * not closed: call quil_close first.
+ * not closed and stays open until the process ends: call quil_close first.
  *
  * @param port_name Name of the port, for example "COM3"; at most 9 characters
  *                  count.
@@ -156,11 +173,12 @@ QUILON_API int32_t quil_open_serial_ex(const SerialParams* params);
 /**
  * Connects to a printer over TCP with a reply time-out of 5000 ms.
  *
- * The connection becomes the device's also when it failed; commands then find
- * no answering printer until the next open. A connection that was open before
- * is not closed: call quil_close first. Connecting to an address that does not
- * answer takes as long as the system waits for it, at most 10 s on Linux and
- * about 20 s on Windows.
+ * The connection becomes the device's also when it failed. Nothing goes out on
+ * it then, but commands that only send report success all the same, except
+ * those of fiscal documents and codes 38, 40 and 41. A connection that was open
+ * before is not closed and stays open until the process ends: call quil_close
+ * first. Connecting to an address that does not answer takes at most 10 s on
+ * Linux; on Windows as long as the system tries, about 20 s.
  *
  * @param address Dotted IPv4 address; at most 127 characters count. A host name
  *                is not looked up and fails.
@@ -189,7 +207,8 @@ QUILON_API int32_t quil_open_tcpip_ex(const TcpParams* params);
  *
  * Switched on again after quil_disable_log, an open connection goes on in its
  * file, whatever the directory. When the file cannot be created, a line on
- * standard output says so and the entries are dropped.
+ * standard output says so and the entries are dropped until the log is switched
+ * on again.
  *
  * @param directory Directory of the log files, at most 255 bytes, in the
  *                  process's own encoding; created when missing, except for its
