@@ -11,7 +11,7 @@ function(quilon_test name)
     message(FATAL_ERROR "quilon_test(${name}): what is ${arg_UNPARSED_ARGUMENTS}?")
   endif()
   if(NOT arg_TIMEOUT)
-    set(arg_TIMEOUT 120)
+    set(arg_TIMEOUT 300)
   endif()
 
   add_executable(${name} ${arg_SOURCES})

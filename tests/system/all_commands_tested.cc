@@ -2,8 +2,8 @@
 // them has run. How a test is counted stands in covered_codes.h.
 #include <gtest/gtest.h>
 
-#include "support/covered_codes.h"
-#include "support/documented_codes.h"
+#include "tests/support/covered_codes.h"
+#include "tests/support/documented_codes.h"
 
 namespace quilon::testing {
 namespace {

@@ -2,8 +2,8 @@
 //
 // "ł" stands for the Polish letters: B3 in CP1250, 92 in the printer's code
 // page.
-#include "support/checksum.h"
-#include "support/driver_test.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

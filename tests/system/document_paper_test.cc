@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "printer/virtual_printer.h"
-#include "support/driver_test.h"
-#include "support/golden.h"
 #include "tests/printer/bench.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/golden.h"
 
 namespace quilon::testing {
 namespace {
@@ -76,12 +76,12 @@ class DocumentPaperTest : public ::testing::Test {
     }
     EXPECT_EQ(on_paper, booked);
     const printer::Books books = printer_.books();
-    EXPECT_EQ(printer::sum_of(books.receipts) + printer::sum_of(books.invoices),
+    EXPECT_EQ(printer::SumOf(books.receipts) + printer::SumOf(books.invoices),
               booked);
   }
 
  private:
-  VirtualPrinter printer_{{.clock = printer::bench_time}};
+  VirtualPrinter printer_{{.clock = printer::BenchTime}};
 };
 
 TEST_F(DocumentPaperTest, Receipt) {

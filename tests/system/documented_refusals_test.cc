@@ -4,8 +4,8 @@
 #include <set>
 
 #include "printer/virtual_printer.h"
-#include "support/documented_codes.h"
-#include "support/driver_test.h"
+#include "tests/support/documented_codes.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

@@ -3,10 +3,10 @@
 #include <array>
 #include <utility>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
-#include "support/log_folder.h"
-#include "support/totals.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/log_folder.h"
+#include "tests/support/totals.h"
 
 namespace quilon::testing {
 namespace {

@@ -1,6 +1,6 @@
 // The EPAR parameter sets.
-#include "support/checksum.h"
-#include "support/driver_test.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

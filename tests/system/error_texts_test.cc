@@ -1,8 +1,8 @@
 // docs/records.json's error numbers and texts, against what the driver says.
 #include <map>
 
-#include "support/documented_codes.h"
-#include "support/driver_test.h"
+#include "tests/support/documented_codes.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

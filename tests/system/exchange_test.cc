@@ -3,7 +3,7 @@
 #include <chrono>
 #include <thread>
 
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

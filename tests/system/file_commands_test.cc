@@ -2,9 +2,9 @@
 #include <filesystem>
 #include <thread>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
-#include "support/test_file.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/test_file.h"
 
 namespace quilon::testing {
 namespace {

@@ -1,8 +1,8 @@
 // The information blocks, "$I".
 #include <numeric>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

@@ -1,6 +1,6 @@
 // The device object's life: quil_init, quil_close, quil_get_last_error, and
 // every export without its arguments.
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

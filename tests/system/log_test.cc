@@ -4,8 +4,8 @@
 #include <sstream>
 #include <thread>
 
-#include "support/driver_test.h"
-#include "support/log_folder.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/log_folder.h"
 
 namespace quilon::testing {
 namespace {

@@ -1,10 +1,10 @@
 // The logo: a bitmap that is sent as raster image, its checksum, and what the
 // printer answers.
-#include "support/bitmap.h"
-#include "support/checksum.h"
-#include "support/covered_codes.h"
-#include "support/driver_test.h"
-#include "support/test_file.h"
+#include "tests/support/bitmap.h"
+#include "tests/support/checksum.h"
+#include "tests/support/covered_codes.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/test_file.h"
 
 namespace quilon::testing {
 namespace {

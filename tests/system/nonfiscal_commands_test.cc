@@ -5,9 +5,9 @@
 #include <limits>
 #include <string>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
-#include "support/filled_record.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/filled_record.h"
 
 namespace quilon::testing {
 namespace {

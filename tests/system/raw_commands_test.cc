@@ -1,8 +1,9 @@
 // Commands that the application wrote itself, and any answer.
 #include <memory>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/filled_record.h"
 
 namespace quilon::testing {
 namespace {
@@ -51,6 +52,22 @@ TEST_F(RawCommandsTest, PacketsWithZArePassedOver) {
   Reply("2");
   ASSERT_EQ(Ioctl(QUIL_READ_RAW, answer_.get()), 0);
   EXPECT_STREQ(answer_->text, "\x1BP2\x1B");
+}
+
+TEST_F(RawCommandsTest, NothingIsWrittenBehindTheAnswersNul) {
+  *answer_ = FilledRecord<RawAnswer>();
+  Reply("2");
+  ASSERT_EQ(Ioctl(QUIL_READ_RAW, answer_.get()), 0);
+  const std::string answer = "\x1BP2\x1B";
+  EXPECT_TRUE(std::string(answer_->text, sizeof(answer_->text)) ==
+              answer + '\0' + X(sizeof(answer_->text) - answer.size() - 1));
+  // An answer that was cut off has no text at all.
+  *answer_ = FilledRecord<RawAnswer>();
+  Connect(20);
+  peer().Send("\x1BP#X");
+  EXPECT_EQ(Ioctl(QUIL_READ_RAW, answer_.get()), 0);
+  EXPECT_TRUE(std::string(answer_->text, sizeof(answer_->text)) ==
+              '\0' + X(sizeof(answer_->text) - 1));
 }
 
 TEST_F(RawCommandsTest, LongAnswerIsCut) {

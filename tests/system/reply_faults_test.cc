@@ -3,7 +3,7 @@
 #include <ostream>
 #include <vector>
 
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

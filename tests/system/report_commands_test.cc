@@ -1,8 +1,9 @@
 // Reports and other data that the printer keeps.
 #include <memory>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/filled_record.h"
 
 namespace quilon::testing {
 namespace {
@@ -177,6 +178,19 @@ TEST_F(ReportCommandsTest, ExclamationEReadsNoMoreWhenItsNumberIsTwo) {
   ASSERT_EQ(Ioctl(QUIL_READ_EXCLAMATION_E, record.get()), 0);
   EXPECT_EQ(record->numbers[4], -5);
   EXPECT_STREQ(record->text, "text");
+}
+
+TEST_F(ReportCommandsTest, ExclamationEWritesNothingBehindTheTextsNul) {
+  const auto record = std::make_unique<ExclamationE>();
+  for (const std::string& text :
+       std::initializer_list<std::string>{"some text", ""}) {
+    *record = FilledRecord<ExclamationE>();
+    Reply("!e1/3/4/6/7/8/" + text + "\r");
+    ASSERT_EQ(Ioctl(QUIL_READ_EXCLAMATION_E, record.get()), 0);
+    EXPECT_TRUE(std::string(record->text, sizeof(record->text)) ==
+                text + '\0' + X(sizeof(record->text) - text.size() - 1))
+        << text;
+  }
 }
 
 TEST_F(ReportCommandsTest, ExclamationETextIsCut) {

@@ -8,11 +8,11 @@
 #include <vector>
 
 #include "printer/virtual_printer.h"
-#include "support/bitmap.h"
-#include "support/covered_codes.h"
-#include "support/documented_codes.h"
-#include "support/driver_test.h"
-#include "support/test_file.h"
+#include "tests/support/bitmap.h"
+#include "tests/support/covered_codes.h"
+#include "tests/support/documented_codes.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/test_file.h"
 
 namespace quilon::testing {
 namespace {
@@ -96,7 +96,7 @@ TEST_F(RoundTripTest, Status) {
   ExtendedStatus extended = {};
   Ask(QUIL_SEND_EXTENDED_STATUS, nullptr, QUIL_READ_EXTENDED_STATUS, &extended);
   Send(QUIL_NOTHING);
-  printer().refuse_next(1005);
+  printer().RefuseNext(1005);
   SingleNumber anything = {1};
   EXPECT_EQ(Ioctl(QUIL_HASH_L, &anything), 0);
   ErrorNumber error = {};
@@ -460,7 +460,7 @@ TEST_F(RoundTripTest, RefusedFileFails) {
   FileTransfer transfer = {};
   Fill("dane.bin", transfer.name);
   Fill(file.path(), transfer.path);
-  printer().refuse_next(1079);
+  printer().RefuseNext(1079);
   EXPECT_EQ(Ioctl(QUIL_SEND_FILE, &transfer), -1);
   EXPECT_EQ(printer().snapshot().files.count("dane.bin"), 0U);
 }

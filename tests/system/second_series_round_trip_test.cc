@@ -5,7 +5,7 @@
 #include <string>
 
 #include "printer/virtual_printer.h"
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

@@ -3,10 +3,11 @@
 #include <chrono>
 #include <thread>
 
-#include "support/checksum.h"
-#include "support/driver_test.h"
-#include "support/log_folder.h"
-#include "support/serial_peer.h"
+#include "tests/support/checksum.h"
+#include "tests/support/connections.h"
+#include "tests/support/log_folder.h"
+#include "tests/support/open_handles.h"
+#include "tests/support/serial_peer.h"
 
 namespace quilon::testing {
 namespace {
@@ -14,28 +15,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 using Strings = std::vector<std::string>;
-
-constexpr uint32_t kBlocking = 0;
-constexpr uint32_t kThreaded = 1;
-
-// Runs `body`; returns how long that took.
-template <typename Body>
-Clock::duration TimeOf(Body body) {
-  const Clock::time_point start = Clock::now();
-  body();
-  return Clock::now() - start;
-}
-
-SerialParams Params(std::string_view port, uint32_t threaded) {
-  SerialParams params = {};
-  Fill(port, params.port_name);
-  params.baud_rate = 9600;
-  params.data_bits = 8;
-  params.write_timeout = 10000;
-  params.threaded = threaded;
-  params.reply_timeout = kReplyTimeout;
-  return params;
-}
 
 // At least `size` bytes of packets that a reading command passes over.
 std::string Packets(size_t size) {
@@ -64,16 +43,6 @@ class SerialFixture : public ::testing::Test {
 
   const LogFolder& folder() const { return folder_; }
 
-  // A status request and its answer.
-  static void ExpectExchange(SerialPeer& peer) {
-    ASSERT_EQ(Ioctl(QUIL_SEND_DLE), 0);
-    ASSERT_EQ(peer.Receive(1), "\x10");
-    peer.Send("\x74");
-    DleStatus status = {};
-    ASSERT_EQ(Ioctl(QUIL_READ_DLE, &status), 0);
-    EXPECT_EQ(status.online, 1);
-  }
-
  private:
   static ptrdiff_t Count(const Strings& entries) {
     return static_cast<ptrdiff_t>(entries.size());
@@ -85,13 +54,8 @@ class SerialFixture : public ::testing::Test {
 class SerialTest : public SerialFixture,
                    public ::testing::WithParamInterface<uint32_t> {
  protected:
-  static SerialParams ParamsOf(std::string_view port) {
-    return Params(port, GetParam());
-  }
-
   static int32_t Open(std::string_view port) {
-    const SerialParams params = ParamsOf(port);
-    return quil_open_serial_ex(&params);
+    return OpenSerial(port, GetParam());
   }
 
   // What the two transports call their failure.
@@ -121,7 +85,7 @@ class SerialTest : public SerialFixture,
   // and returns how the port is set up.
   SerialLine LineAfterOpening(SerialPeer& peer, uint32_t flow_control,
                               const std::string& name) {
-    SerialParams params = ParamsOf(peer.port());
+    SerialParams params = ParamsOf(peer.port(), GetParam());
     params.flow_control = flow_control;
     EnableLog();
     EXPECT_EQ(quil_open_serial_ex(&params), 1);
@@ -191,7 +155,7 @@ TEST_P(SerialTest, HardwareWinsOverXonXoff) {
 
 TEST_P(SerialTest, NoFlowControlKeepsCtsOfAPortThatHadIt) {
   SerialPeer peer;
-  SerialParams params = ParamsOf(peer.port());
+  SerialParams params = ParamsOf(peer.port(), GetParam());
   params.flow_control = QUIL_FLOW_HARDWARE;
   ASSERT_EQ(quil_open_serial_ex(&params), 1);
   ASSERT_EQ(quil_close(), 1);
@@ -261,7 +225,7 @@ TEST_P(SerialTest, RefusedSettings) {
   SerialPeer peer;
   const std::string last_error = SetLastError();
   EnableLog();
-  SerialParams params = ParamsOf(peer.port());
+  SerialParams params = ParamsOf(peer.port(), GetParam());
   params.data_bits = 3;
   EXPECT_EQ(quil_open_serial_ex(&params), 0);
   EXPECT_EQ(LastError().message, last_error);
@@ -275,7 +239,7 @@ TEST_P(SerialTest, RefusedSettings) {
 
 TEST_P(SerialTest, OnlyTheLowBytesOfTheSettingsCount) {
   SerialPeer peer;
-  SerialParams params = ParamsOf(peer.port());
+  SerialParams params = ParamsOf(peer.port(), GetParam());
   params.data_bits = 0x7F00 + 8;
   params.stop_bits = 0x1200;
   params.parity = -256;
@@ -342,6 +306,13 @@ TEST_P(SerialTest, ClosedPortCanBeOpenedAgain) {
   }
 }
 
+TEST_P(SerialTest, ChildrenDoNotGetThePort) {
+  SerialPeer peer;
+  const auto before = InheritedHandles();
+  ASSERT_EQ(Open(peer.port()), 1);
+  EXPECT_EQ(InheritedHandles(), before);
+}
+
 TEST_P(SerialTest, IdlePortClosesWithin100Milliseconds) {
   SerialPeer peer;
   // The best of some: a busy machine may hold up any one.
@@ -359,7 +330,7 @@ using BlockingSerialTest = SerialFixture;
 TEST_F(BlockingSerialTest, LogOfAConnection) {
   SerialPeer peer;
   EnableLog();
-  const SerialParams params = Params(peer.port(), kBlocking);
+  const SerialParams params = ParamsOf(peer.port(), kBlocking);
   ASSERT_EQ(quil_open_serial_ex(&params), 1);
   ExpectExchange(peer);
   EXPECT_EQ(quil_close(), 1);
@@ -373,7 +344,7 @@ TEST_F(BlockingSerialTest, LogOfAConnection) {
 
 TEST_F(BlockingSerialTest, SendingDiscardsWhatWasReceived) {
   SerialPeer peer;
-  const SerialParams params = Params(peer.port(), kBlocking);
+  const SerialParams params = ParamsOf(peer.port(), kBlocking);
   ASSERT_EQ(quil_open_serial_ex(&params), 1);
   peer.Send("\x71");
   ASSERT_TRUE(peer.WaitForUnread(1));
@@ -382,7 +353,7 @@ TEST_F(BlockingSerialTest, SendingDiscardsWhatWasReceived) {
 
 TEST_F(BlockingSerialTest, WhatNobodyReadsWaitsInTheLine) {
   SerialPeer peer;
-  const SerialParams params = Params(peer.port(), kBlocking);
+  const SerialParams params = ParamsOf(peer.port(), kBlocking);
   ASSERT_EQ(quil_open_serial_ex(&params), 1);
   peer.Send(Packets(100000) + "#E20/\\");
   ErrorNumber error = {};
@@ -392,7 +363,7 @@ TEST_F(BlockingSerialTest, WhatNobodyReadsWaitsInTheLine) {
 
 TEST_F(BlockingSerialTest, WriteGivesUpWhenThePrinterStopsReading) {
   SerialPeer peer;
-  SerialParams params = Params(peer.port(), kBlocking);
+  SerialParams params = ParamsOf(peer.port(), kBlocking);
   params.write_timeout = 100;
   ASSERT_EQ(quil_open_serial_ex(&params), 1);
   // 18 bytes each; some 20 kB fill a pseudo-terminal. The last one waits for
@@ -414,7 +385,7 @@ class ThreadedSerialTest : public SerialFixture {
   void SetUp() override {
     SerialFixture::SetUp();
     EnableLog();
-    const SerialParams params = Params(peer_.port(), kThreaded);
+    const SerialParams params = ParamsOf(peer_.port(), kThreaded);
     ASSERT_EQ(quil_open_serial_ex(&params), 1);
   }
 
@@ -472,7 +443,7 @@ TEST_F(ThreadedSerialTest, MebibyteThatNobodyReads) {
 
 TEST_F(ThreadedSerialTest, ReplacedConnectionKeepsReading) {
   SerialPeer another;
-  const SerialParams params = Params(another.port(), kThreaded);
+  const SerialParams params = ParamsOf(another.port(), kThreaded);
   ASSERT_EQ(quil_open_serial_ex(&params), 1);
   ASSERT_EQ(quil_close(), 1);
   // More than a line holds that nobody reads.

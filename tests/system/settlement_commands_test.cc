@@ -1,6 +1,6 @@
 // The frames of "$x" and "$y", which close a document with its payments.
-#include "support/checksum.h"
-#include "support/driver_test.h"
+#include "tests/support/checksum.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

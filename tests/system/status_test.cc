@@ -2,7 +2,7 @@
 // 30 and 31.
 #include <vector>
 
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {

@@ -1,6 +1,6 @@
 // Opening and using TCP connections.
-#include "support/driver_test.h"
-#include "support/log_folder.h"
+#include "tests/support/connections.h"
+#include "tests/support/log_folder.h"
 
 namespace quilon::testing {
 namespace {
@@ -22,11 +22,7 @@ TEST_F(TcpTest, HostNameIsNotLookedUp) {
 
 TEST_F(TcpTest, FailedConnectionIsSilentAndAttached) {
   LogFolder folder;
-  uint16_t nobody = 0;
-  {
-    ScriptedPeer gone;
-    nobody = gone.port();
-  }
+  const uint16_t nobody = PortOfNobody();
   const LastErrorRecord before = LastError();
   EXPECT_EQ(quil_enable_log(folder.path().c_str()), 1);
   EXPECT_EQ(quil_close(), 1);
@@ -40,6 +36,11 @@ TEST_F(TcpTest, FailedConnectionIsSilentAndAttached) {
   DocumentHeader header = {};
   EXPECT_EQ(Ioctl(QUIL_DOCUMENT_HEADER, &header), -1);
   EXPECT_EQ(quil_close(), 1);
+}
+
+TEST_F(TcpTest, RefusedConnectionIsInert) {
+  ASSERT_EQ(OpenTcp(PortOfNobody()), 0);
+  ExpectInertConnection();
 }
 
 TEST_F(TcpTest, AddressMayFillItsArray) {

@@ -1,10 +1,10 @@
 // The totals comparison, step by step.
 #include <array>
 
-#include "support/checksum.h"
-#include "support/covered_codes.h"
-#include "support/driver_test.h"
-#include "support/totals.h"
+#include "tests/support/checksum.h"
+#include "tests/support/covered_codes.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/totals.h"
 
 namespace quilon::testing {
 namespace {

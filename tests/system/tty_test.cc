@@ -1,6 +1,7 @@
 // What the exports make of the names of Linux's terminals.
-#include "support/driver_test.h"
-#include "support/pseudo_terminal.h"
+#include "tests/support/closed_streams.h"
+#include "tests/support/driver_test.h"
+#include "tests/support/pseudo_terminal.h"
 
 namespace quilon::testing {
 namespace {
@@ -63,6 +64,25 @@ TEST_P(TtyTest, ReplacedPortStaysOpenAndLetsNobodyIn) {
   EXPECT_EQ(Open(name()), 0);
   EXPECT_STREQ(LastError().message,
                GetParam() == 1 ? "Port Open ERROR" : "Port open ERROR");
+}
+
+TEST_P(TtyTest, PortReplacedByAFailedOpenStaysOpen) {
+  ASSERT_EQ(Open(name()), 1);
+  ASSERT_EQ(Open("NOPORT"), 0);
+  EXPECT_EQ(Open(name()), 0);
+}
+
+TEST_P(TtyTest, TakesNoStandardStreamOfAProgramThatClosedThem) {
+  int32_t opened = 0;
+  int taken = 0;
+  {
+    const ClosedStreams closed;
+    opened = Open(name());
+    taken = ClosedStreams::CountTaken();
+    quil_close();
+  }
+  EXPECT_EQ(opened, 1);
+  EXPECT_EQ(taken, 0);
 }
 
 }  // namespace

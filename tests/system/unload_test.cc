@@ -4,7 +4,7 @@
 #include <boost/dll/shared_library.hpp>
 
 #include "quilon/quilon.h"
-#include "support/serial_peer.h"
+#include "tests/support/serial_peer.h"
 
 namespace quilon::testing {
 namespace {

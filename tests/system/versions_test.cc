@@ -1,7 +1,7 @@
 // The names and versions of the driver and of the printer.
 #include <cstring>
 
-#include "support/driver_test.h"
+#include "tests/support/driver_test.h"
 
 namespace quilon::testing {
 namespace {
