@@ -14,6 +14,8 @@ import sys
 import tempfile
 import unittest
 
+from binaries import PE_TOOLS, exports, needed_libraries, run
+
 HEADER = pathlib.Path(__file__).resolve().parents[2] / "include/quilon/quilon.h"
 
 # The compiler's own runtime is linked in.
@@ -26,34 +28,8 @@ def declared_functions():
     return sorted(re.findall(r"^QUILON_API\s[\w\s*]*?\b(\w+)\(", HEADER.read_text(encoding="utf-8"), re.MULTILINE))
 
 
-def run(*command):
-    return subprocess.run(command, check=True, stdout=subprocess.PIPE, text=True).stdout
-
-
-def elf_exports(library):
-    """Every name that the library defines for others, with its version if it has one."""
-    return sorted(line.split()[-1] for line in run("nm", "--dynamic", "--defined-only", library).splitlines())
-
-
-def elf_needed(library):
-    return re.findall(r"^\s+NEEDED\s+(\S+)$", run("objdump", "--private-headers", library), re.MULTILINE)
-
-
-def pe_headers(library):
-    return run("x86_64-w64-mingw32-objdump", "--private-headers", library)
-
-
-def pe_exports(library):
-    table = pe_headers(library).partition("[Ordinal/Name Pointer] Table")[2]
-    return sorted(re.findall(r"^\t\[ *\d+\] (\S+)$", table, re.MULTILINE))
-
-
-def pe_imports(library):
-    return [name.lower() for name in re.findall(r"^\tDLL Name: (\S+)$", pe_headers(library), re.MULTILINE)]
-
-
 def import_library_functions(library):
-    symbols = run("x86_64-w64-mingw32-nm", "--defined-only", library)
+    symbols = run(PE_TOOLS + "nm", "--defined-only", library)
     return sorted(set(re.findall(r" T (\S+)$", symbols, re.MULTILINE)))
 
 
@@ -70,21 +46,22 @@ class LinuxTest(unittest.TestCase):
     library = sys.argv[1]
 
     def test_exports(self):
-        self.assertEqual(elf_exports(self.library), declared_functions())
+        self.assertEqual(exports(self.library), declared_functions())
 
     def test_needs_the_system_only(self):
-        needed = elf_needed(self.library)
+        needed = needed_libraries(self.library)
         self.assertIn("libc.so.6", needed)
         if any(SANITIZER.match(name) for name in needed):
             self.skipTest("a sanitizer brings libraries of its own")
-        self.assertEqual(set(needed) - LINUX_LIBRARIES, set())
+        self.assertEqual(needed - LINUX_LIBRARIES, set())
 
     def test_a_further_export_is_seen(self):
         with tempfile.TemporaryDirectory() as folder:
             library = folder + "/library.so"
             subprocess.run(["gcc", "-shared", "-fPIC", "-xc", "-", "-o", library], check=True, text=True,
-                           input="int quil_init; void stray(void) {} static void hidden(void) {} void (*p)(void) = hidden;")
-            self.assertEqual(elf_exports(library), ["p", "quil_init", "stray"])
+                           input="int quil_init; void stray(void) {} "
+                                 "static void hidden(void) {} void (*p)(void) = hidden;")
+            self.assertEqual(exports(library), ["p", "quil_init", "stray"])
 
 
 @unittest.skipUnless(sys.argv[1].endswith(".dll"), "for Windows")
@@ -92,12 +69,12 @@ class WindowsTest(unittest.TestCase):
     library = sys.argv[1]
 
     def test_exports(self):
-        self.assertEqual(pe_exports(self.library), declared_functions())
+        self.assertEqual(exports(self.library), declared_functions())
 
     def test_imports_the_system_only(self):
-        imports = pe_imports(self.library)
+        imports = needed_libraries(self.library)
         self.assertIn("kernel32.dll", imports)
-        self.assertEqual(set(imports) - WINDOWS_LIBRARIES, set())
+        self.assertEqual(imports - WINDOWS_LIBRARIES, set())
 
     def test_import_library(self):
         self.assertEqual(import_library_functions(sys.argv[2]), declared_functions())
@@ -105,11 +82,11 @@ class WindowsTest(unittest.TestCase):
     def test_a_further_export_is_seen(self):
         with tempfile.TemporaryDirectory() as folder:
             library = folder + "/library.dll"
-            subprocess.run(["x86_64-w64-mingw32-gcc-posix", "-shared", "-xc", "-", "-o", library, "-luser32"],
+            subprocess.run([PE_TOOLS + "gcc-posix", "-shared", "-xc", "-", "-o", library, "-luser32"],
                            check=True, text=True,
                            input="int __stdcall MessageBeep(unsigned); void stray(void) { MessageBeep(0); }")
-            self.assertEqual(pe_exports(library), ["stray"])
-            self.assertIn("user32.dll", pe_imports(library))
+            self.assertEqual(exports(library), ["stray"])
+            self.assertIn("user32.dll", needed_libraries(library))
 
 
 if __name__ == "__main__":
