@@ -1,5 +1,4 @@
-// Exchanges over loopback: through the driver, and by bare send and recv with
-// the same peer.
+// Exchanges over loopback: through the driver, and by bare send and recv.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -8,81 +7,46 @@
 #include <string>
 #include <vector>
 
+#include "bench/compare.h"
 #include "bench/connection.h"
-#include "bench/peer.h"
-#include "bench/status_exchange.h"
+#include "bench/status.h"
 #include "quilon/quilon.h"
 
 namespace {
 
-using quilon::bench::BareConnection;
-using quilon::bench::Connection;
-using quilon::bench::kCommandOk;
-using quilon::bench::kDle;
-using quilon::bench::kEnq;
-using quilon::bench::kIdentity;
-using quilon::bench::kOnline;
-using quilon::bench::MeasureExchange;
+using namespace quilon::bench;  // NOLINT(google-build-using-namespace)
 
-void ExchangeThroughDriver(benchmark::State& state) {
-  const Connection connection(state);
-  MeasureExchange(state);
-}
-BENCHMARK(ExchangeThroughDriver)->UseRealTime();
+constexpr int kExchanges = 50;
 
-void ExchangeBare(benchmark::State& state) {
-  BareConnection connection(state);
-  for ([[maybe_unused]] auto iteration : state) {
-    if (!connection.Send({&kDle, 1}) || !connection.Receive({&kOnline, 1}) ||
-        !connection.Send({&kEnq, 1}) || !connection.Receive({&kCommandOk, 1})) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
+void CompareExchange(benchmark::State& state) {
+  BareConnection bare;
+  const Connection connection;
+  Compare(state, kExchanges, AskStatusThroughDriver,
+          [&bare] { return AskStatus(bare); });
 }
-BENCHMARK(ExchangeBare)->UseRealTime();
+BENCHMARK(CompareExchange)->UseManualTime();
 
-void IdentityThroughDriver(benchmark::State& state) {
-  const Connection connection(state);
-  for ([[maybe_unused]] auto iteration : state) {
-    Identity identity = {};
-    if (quil_ioctrl(QUIL_SEND_IDENTITY, nullptr, nullptr, 0) != 0 ||
-        quil_ioctrl(QUIL_READ_TOTALS, &identity, nullptr, 0) != 0 ||
-        identity.last_amount != 2400) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
+void CompareIdentity(benchmark::State& state) {
+  BareConnection bare;
+  const Connection connection;
+  Compare(
+      state, kExchanges,
+      [] {
+        Identity identity = {};
+        return quil_ioctrl(QUIL_SEND_IDENTITY, nullptr, nullptr, 0) == 0 &&
+               quil_ioctrl(QUIL_READ_TOTALS, &identity, nullptr, 0) == 0 &&
+               identity.last_amount == 2400;
+      },
+      [&bare] {
+        return bare.Send(kIdentityRequest) && bare.Receive(kIdentity);
+      });
 }
-BENCHMARK(IdentityThroughDriver)->UseRealTime();
-
-void IdentityBare(benchmark::State& state) {
-  BareConnection connection(state);
-  for ([[maybe_unused]] auto iteration : state) {
-    if (!connection.Send("\x1BP23#s\x1B\\") || !connection.Receive(kIdentity)) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
-}
-BENCHMARK(IdentityBare)->UseRealTime();
+BENCHMARK(CompareIdentity)->UseManualTime();
 
 constexpr size_t kFileSize = 65536;
 constexpr char kFilePath[] = "bench_file.bin";
 
-void FileThroughDriver(benchmark::State& state) {
-  std::ofstream(kFilePath, std::ios::binary) << std::string(kFileSize, '\xA5');
-  const Connection connection(state);
-  FileTransfer transfer = {};
-  std::strncpy(transfer.name, "file", sizeof(transfer.name));
-  std::strncpy(transfer.path, kFilePath, sizeof(transfer.path));
-  for ([[maybe_unused]] auto iteration : state) {
-    if (quil_ioctrl(QUIL_SEND_FILE, &transfer, nullptr, 0) != 0) {
-      state.SkipWithError("the file was not sent");
-    }
-  }
-  std::remove(kFilePath);
-}
-BENCHMARK(FileThroughDriver)->UseRealTime();
-
-// The frames of the same file: 64 blocks of 1024 bytes.
+// The frames of such a file: 64 blocks of 1024 bytes.
 std::vector<std::string> FileFrames() {
   std::string digits;
   for (int i = 0; i < 1024; ++i) {
@@ -98,18 +62,28 @@ std::vector<std::string> FileFrames() {
   return frames;
 }
 
-void FileBare(benchmark::State& state) {
+void CompareFile(benchmark::State& state) {
+  std::ofstream(kFilePath, std::ios::binary) << std::string(kFileSize, '\xA5');
+  BareConnection bare;
+  const Connection connection;
+  FileTransfer transfer = {};
+  std::strncpy(transfer.name, "file", sizeof(transfer.name));
+  std::strncpy(transfer.path, kFilePath, sizeof(transfer.path));
   const std::vector<std::string> frames = FileFrames();
-  BareConnection connection(state);
-  for ([[maybe_unused]] auto iteration : state) {
-    for (const std::string& frame : frames) {
-      if (!connection.Send(frame) || !connection.Send({&kEnq, 1}) ||
-          !connection.Receive({&kCommandOk, 1})) {
-        state.SkipWithError("a wrong answer");
-      }
-    }
-  }
+  Compare(
+      state, 1,
+      [&transfer] {
+        return quil_ioctrl(QUIL_SEND_FILE, &transfer, nullptr, 0) == 0;
+      },
+      [&bare, &frames] {
+        bool done = true;
+        for (const std::string& frame : frames) {
+          done = bare.Send(frame) && AskEnq(bare) && done;
+        }
+        return done;
+      });
+  std::remove(kFilePath);
 }
-BENCHMARK(FileBare)->UseRealTime();
+BENCHMARK(CompareFile)->UseManualTime();
 
 }  // namespace

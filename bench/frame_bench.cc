@@ -2,7 +2,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/allocation_count.h"
-#include "commands/online_fdev.h"
+#include "src/commands/online_fdev.h"
 
 namespace {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "log/comm_log.h"
+#include "src/log/comm_log.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "protocol/reply.h"
+#include "src/protocol/reply.h"
 
 namespace {
 

@@ -1,117 +1,57 @@
-// A serial line, a pseudo-terminal: status requests through the driver and by
-// bare write and read; how fast a queued byte leaves; what an idle port costs.
+// A serial line, a pseudo-terminal: status requests and receipts through the
+// driver and by bare write and read; how fast a queued byte leaves; what an
+// idle port costs.
 #include <benchmark/benchmark.h>
-#include <fcntl.h>
 #include <sys/resource.h>
-#include <unistd.h>
 
-#include <algorithm>
 #include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <set>
+#include <string>
 #include <thread>
 #include <vector>
 
-#include "bench/status_exchange.h"
-#include "comm/thread_rs232_comm.h"
+#include "bench/compare.h"
+#include "bench/receipt.h"
+#include "bench/serial_connection.h"
+#include "bench/status.h"
 #include "quilon/quilon.h"
-#include "support/pseudo_terminal.h"
+#include "src/comm/thread_rs232_comm.h"
+#include "tests/support/pseudo_terminal.h"
 
 namespace {
 
-using quilon::bench::AnswerTo;
-using quilon::bench::kCommandOk;
-using quilon::bench::kDle;
-using quilon::bench::kEnq;
-using quilon::bench::kOnline;
-using quilon::bench::MeasureExchange;
+using namespace quilon::bench;  // NOLINT(google-build-using-namespace)
 using quilon::testing::PseudoTerminal;
 using Clock = std::chrono::steady_clock;
 
-constexpr char kNoMore = 0x00;
+constexpr int kExchanges = 20;
 
-// A printer at the far end of a line that answers status requests.
-class Printer {
- public:
-  Printer() : thread_([this] { Serve(); }) {}
-  ~Printer() { thread_.join(); }
-  Printer(const Printer&) = delete;
-  Printer& operator=(const Printer&) = delete;
-
-  // The port's name, below "/dev/".
-  std::string port() const { return line_.path().substr(5); }
-
-  const std::string& path() const { return line_.path(); }
-
- private:
-  void Serve() {
-    while (true) {
-      const std::string request = line_.Receive(1);
-      if (request.empty() || request[0] == kNoMore) {
-        return;
-      }
-      const char answer = AnswerTo(request[0]);
-      line_.Send({&answer, 1});
-    }
-  }
-
-  PseudoTerminal line_;
-  std::thread thread_;
-};
-
-// The caller's own file of a port that the driver has set up.
-class BarePort {
- public:
-  explicit BarePort(const Printer& printer)
-      : file_(open(printer.path().c_str(), O_RDWR | O_NOCTTY)) {}
-  ~BarePort() {
-    Write(kNoMore);
-    close(file_);
-  }
-  BarePort(const BarePort&) = delete;
-  BarePort& operator=(const BarePort&) = delete;
-
-  bool Exchange(char request, char answer) const {
-    char received = 0;
-    return Write(request) && read(file_, &received, 1) == 1 &&
-           received == answer;
-  }
-
- private:
-  bool Write(char byte) const { return write(file_, &byte, 1) == 1; }
-
-  int file_;
-};
-
-void SerialExchangeThroughDriver(benchmark::State& state) {
-  const Printer printer;
-  const auto threaded = static_cast<uint32_t>(state.range(0));
-  quil_init(0);
-  const bool open =
-      quil_open_serial(printer.port().c_str(), 115200, threaded) == 1;
-  const BarePort end(printer);
-  if (!open) {
-    state.SkipWithError("no port");
-  }
-  MeasureExchange(state);
-  quil_close();
+void CompareSerialExchange(benchmark::State& state, bool threaded) {
+  BareSerialConnection bare;
+  const SerialConnection connection(threaded);
+  Compare(state, kExchanges, AskStatusThroughDriver,
+          [&bare] { return AskStatus(bare); });
 }
-BENCHMARK(SerialExchangeThroughDriver)->Arg(0)->Arg(1)->UseRealTime();
+BENCHMARK_CAPTURE(CompareSerialExchange, blocking, false)->UseManualTime();
+BENCHMARK_CAPTURE(CompareSerialExchange, threaded, true)->UseManualTime();
 
-void SerialExchangeBare(benchmark::State& state) {
-  const Printer printer;
-  quil_init(0);
-  if (quil_open_serial(printer.port().c_str(), 115200, 0) != 1) {
-    state.SkipWithError("no port");
-  }
-  // The driver has set the line up; from here on it has no part.
-  const BarePort port(printer);
-  quil_close();
-  for ([[maybe_unused]] auto iteration : state) {
-    if (!port.Exchange(kDle, kOnline) || !port.Exchange(kEnq, kCommandOk)) {
-      state.SkipWithError("a wrong answer");
-    }
-  }
+// The printer takes 3 ms for each answer.
+void CompareThreadedReceipt(benchmark::State& state) {
+  BareSerialConnection bare;
+  SerialConnection connection(true);
+  bare.printer().set_delay(std::chrono::milliseconds(3));
+  connection.printer().set_delay(std::chrono::milliseconds(3));
+  Compare(
+      state, 1,
+      [] { return PrintReceipt(QUIL_CHECK_STATUS | QUIL_QUERY_ERROR, 0); },
+      [&bare] { return SendCheckedReceipt(bare); });
 }
-BENCHMARK(SerialExchangeBare)->UseRealTime();
+BENCHMARK(CompareThreadedReceipt)
+    ->Iterations(9)
+    ->Repetitions(1)
+    ->UseManualTime();
 
 // A threaded transport on a line of its own.
 class ThreadedLine {
@@ -145,13 +85,12 @@ void QueuedByteLeaves(benchmark::State& state) {
     if (threaded.transport().Write("x", 1) != 1 ||
         threaded.line().Receive(1) != "x") {
       state.SkipWithError("the byte is lost");
+      return;
     }
     times.push_back(
         std::chrono::duration<double>(Clock::now() - start).count());
   }
-  const auto middle = times.begin() + static_cast<ptrdiff_t>(times.size() / 2);
-  std::nth_element(times.begin(), middle, times.end());
-  state.counters["median_seconds"] = *middle;
+  state.counters["median_seconds"] = Median(times);
 }
 BENCHMARK(QueuedByteLeaves)->UseRealTime();
 
@@ -165,16 +104,54 @@ double ProcessorSeconds() {
   return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
+std::set<std::string> Threads() {
+  std::set<std::string> threads;
+  for (const auto& entry :
+       std::filesystem::directory_iterator("/proc/self/task")) {
+    threads.insert(entry.path());
+  }
+  return threads;
+}
+
+// How often `thread` has slept until something woke it.
+double WakeUps(const std::string& thread) {
+  std::ifstream status(thread + "/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("voluntary_ctxt_switches:")) {
+      return std::stod(line.substr(line.find(':') + 1));
+    }
+  }
+  return 0;
+}
+
 // The threaded port is open for 10 s and nothing happens.
 void IdlePort(benchmark::State& state) {
-  ThreadedLine threaded;
-  if (!threaded.is_open()) {
+  const std::set<std::string> others = Threads();
+  const ThreadedLine threaded;
+  std::set<std::string> of_the_port = Threads();
+  for (const std::string& thread : others) {
+    of_the_port.erase(thread);
+  }
+  if (!threaded.is_open() || of_the_port.empty()) {
     state.SkipWithError("no port");
   }
+  const auto wake_ups = [&of_the_port] {
+    double sum = 0;
+    for (const std::string& thread : of_the_port) {
+      sum += WakeUps(thread);
+    }
+    return sum;
+  };
   for ([[maybe_unused]] auto iteration : state) {
-    const double start = ProcessorSeconds();
-    std::this_thread::sleep_for(std::chrono::seconds(10));
-    state.counters["processor_seconds"] = ProcessorSeconds() - start;
+    constexpr std::chrono::seconds kIdle{10};
+    // The threads come to rest first.
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    const double processor_before = ProcessorSeconds();
+    const double wake_ups_before = wake_ups();
+    std::this_thread::sleep_for(kIdle);
+    state.counters["processor_seconds"] = ProcessorSeconds() - processor_before;
+    state.counters["wake_ups_per_second"] =
+        (wake_ups() - wake_ups_before) / static_cast<double>(kIdle.count());
   }
 }
 BENCHMARK(IdlePort)->Iterations(1)->Repetitions(1)->UseRealTime();

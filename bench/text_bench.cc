@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "text/mazovia.h"
+#include "src/text/mazovia.h"
 
 namespace {
 
