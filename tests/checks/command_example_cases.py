@@ -10,10 +10,10 @@ import re
 import sys
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
-from interface import tasks
+from interface import tasks  # noqa: E402  the path has to be known first
 
 HEAD = """\
-#include "support/command_examples_test.h"
+#include "tests/support/command_examples_test.h"
 
 namespace quilon::testing {
 namespace {

@@ -18,7 +18,8 @@ SEARCHES = {
     "receipt": 200, "paragon": 200, "invoice": 300, "faktur": 300, "discount": 201, "rabat": 201, "surcharge": 201,
     "narzut": 201, "cancel": 203, "anulowan": 203, "cashier": 500, "kasjer": 500, "tax rate": 9, "ptu": 9, "vat": 9,
     "card": 208, "kart": 208, "cash": 207, "gotówk": 207, "drawer": 400, "szuflad": 400, "display": 401,
-    "wyświetlacz": 401, "pay in": 112, "wpłat": 112, "pay out": 113, "wypłat": 113, "clock": 12, "zegar": 12, "logo": 34,
+    "wyświetlacz": 401, "pay in": 112, "wpłat": 112, "pay out": 113, "wypłat": 113, "clock": 12, "zegar": 12,
+    "logo": 34,
     "status": 2, "stan drukarki": 2, "error": 10, "błęd": 10, "deposit": 217, "kaucj": 217, "non-fiscal": 600,
     "niefiskaln": 600, "utf-8": 801, "polskie znaki": 801,
 }

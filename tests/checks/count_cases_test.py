@@ -7,7 +7,7 @@ import tempfile
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "tools"))
-import count_cases
+import count_cases  # noqa: E402
 
 PASSED = '<testcase status="run" result="completed"/>'
 FAILED = '<testcase status="run" result="completed"><failure message="1 is not 2 \xe9"/></testcase>'

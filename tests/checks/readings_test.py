@@ -12,8 +12,8 @@ import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 sys.path.insert(0, str(ROOT / "tools"))
-import saying_names
-from interface import headers, readings
+import saying_names  # noqa: E402  the path has to be known first
+from interface import headers, readings  # noqa: E402  the path has to be known first
 
 READINGS = ROOT / "docs/readings.json"
 
