@@ -4,13 +4,11 @@
 
 #include <boost/asio.hpp>
 #include <filesystem>
-#include <future>
 #include <string>
 #include <vector>
 
-#include "examples/receipt_program.h"
 #include "printer/virtual_printer.h"
-#include "support/scripted_peer.h"
+#include "tests/examples/example_program.h"
 #include "tests/printer/bench.h"
 
 namespace {
@@ -26,14 +24,13 @@ using ::testing::StartsWith;
 using quilon::testing::AddressOf;
 using quilon::testing::ReadFile;
 using quilon::testing::Result;
-using quilon::testing::RunReceipt;
-using quilon::testing::ScriptedPeer;
+using quilon::testing::RunExample;
 
 TEST(Receipt, StandsOnThePaper) {
-  const VirtualPrinter printer({.clock = quilon::printer::bench_time});
-  const Result run = RunReceipt(AddressOf(printer));
+  const VirtualPrinter printer({.clock = quilon::printer::BenchTime});
+  const Result run = RunExample("receipt", AddressOf(printer));
   EXPECT_TRUE(run.succeeded);
-  EXPECT_THAT(run.output, HasSubstr("receipt printed"));
+  EXPECT_THAT(run.output, EndsWith("receipt: printed\n"));
   EXPECT_THAT(
       printer.paper(),
       ElementsAre(
@@ -67,7 +64,8 @@ TEST(Receipt, LeavesALog) {
       std::filesystem::absolute("receipt_example_test_log");
   std::filesystem::remove_all(folder);
   const VirtualPrinter printer;
-  EXPECT_TRUE(RunReceipt(AddressOf(printer) + " " + folder.string()).succeeded);
+  EXPECT_TRUE(RunExample("receipt", AddressOf(printer) + " " + folder.string())
+                  .succeeded);
 
   std::vector<std::string> logs;
   for (const auto& file : std::filesystem::directory_iterator(folder)) {
@@ -79,82 +77,70 @@ TEST(Receipt, LeavesALog) {
   EXPECT_THAT(logs[0], HasSubstr("PC -> <ESC>P0;0;0^lChleb <A7>ytni<CR>"));
 }
 
-TEST(Receipt, SaysWhyThePrinterRefused) {
+TEST(Receipt, SaysWhyThePrinterRefusedAndCancels) {
   VirtualPrinter printer;
-  boost::asio::io_context context;
-  boost::asio::ip::tcp::socket other_client(context);
-  other_client.connect(
-      {boost::asio::ip::address_v4::loopback(), printer.tcp_port()});
-  // FF ^ 31 ^ 24 ^ 68 ^ 0D; all other bytes stand in pairs.
-  const std::string header = "\x1BP0;0;0;1;0$h\r8f\x1B\\";
-  boost::asio::write(other_client, boost::asio::buffer(header));
-  ASSERT_TRUE(printer.wait_until(
-      [](const quilon::printer::Snapshot& now) { return now.document_open; }));
-
-  printer.refuse_next(20);
-  const Result run = RunReceipt(AddressOf(printer));
+  // The totals are read twice by two frames each, and once more with flag 4;
+  // then come the header and the first line.
+  printer.OrderFault("refuse=20@frame=8");
+  const Result run = RunExample("receipt", AddressOf(printer));
   EXPECT_FALSE(run.succeeded);
-  EXPECT_THAT(run.output,
-              HasSubstr("header: refused, error 20: Błąd  wartosci towaru\n"));
-  EXPECT_THAT(run.output, EndsWith("no receipt\n"));
+  EXPECT_EQ(run.output,
+            "bread: refused, error 20: Błąd  wartosci towaru\n"
+            "cancelling the document that is open\n"
+            "receipt: not printed\n");
+  EXPECT_EQ(printer.books().cancelled_count, 1);
 }
 
-// Answers a check of the printer's state.
-void AnswerStatus(ScriptedPeer& peer, char enq) {
-  EXPECT_EQ(peer.Receive(1), "\x10");
-  peer.Send("\x74");
-  EXPECT_EQ(peer.Receive(1), "\x05");
-  peer.Send({&enq, 1});
-}
-
-TEST(Receipt, IsCancelledWhenALineIsRefused) {
-  constexpr char kAccepted = 0x66;  // and a document is open
-  constexpr char kRefused = 0x62;
-  ScriptedPeer peer;
-  std::future<Result> run =
-      std::async(RunReceipt, "127.0.0.1 " + std::to_string(peer.port()));
-  peer.Accept();
-  EXPECT_THAT(peer.ReceiveFrame(), HasSubstr("$h"));
-  AnswerStatus(peer, kAccepted);
-  EXPECT_THAT(peer.ReceiveFrame(), HasSubstr("^lChleb"));
-  AnswerStatus(peer, kRefused);
-  EXPECT_EQ(peer.ReceiveFrame(), "\x1BP#n\x1B\\");
-  peer.Send("\x1BP1#E20\r\x1B\\");
-  // FF ^ 30 ^ 24 ^ 65
-  EXPECT_EQ(peer.ReceiveFrame(), "\x1BP0$e8e\x1B\\");
-  AnswerStatus(peer, kAccepted);
-
-  const Result result = run.get();
-  EXPECT_FALSE(result.succeeded);
-  EXPECT_THAT(result.output, HasSubstr("line: refused, error 20"));
-  EXPECT_THAT(result.output, HasSubstr("cancelling: ok"));
-}
-
-TEST(Receipt, SaysThatThereIsNoPaper) {
+TEST(Receipt, IsNotPrintedWhenThereIsNoPaper) {
   VirtualPrinter printer;
   printer.set_paper_out(true);
-  const Result run = RunReceipt(AddressOf(printer));
+  const Result run = RunExample("receipt", AddressOf(printer));
   EXPECT_FALSE(run.succeeded);
-  EXPECT_THAT(run.output, HasSubstr("the printer has no paper"));
+  EXPECT_EQ(run.output, "printer: no paper\nreceipt: not printed\n");
+}
+
+// Somebody's document stands open.
+void OpenDocument(const VirtualPrinter& printer) {
+  boost::asio::io_context context;
+  boost::asio::ip::tcp::socket client(context);
+  client.connect({boost::asio::ip::address_v4::loopback(), printer.tcp_port()});
+  // FF ^ 31 ^ 24 ^ 68 ^ 0D; all other bytes stand in pairs.
+  const std::string header = "\x1BP0;0;0;1;0$h\r8f\x1B\\";
+  boost::asio::write(client, boost::asio::buffer(header));
+  ASSERT_TRUE(printer.WaitUntil(
+      [](const quilon::printer::Snapshot& now) { return now.document_open; }));
+}
+
+TEST(Receipt, CancelsADocumentThatWasLeftOpen) {
+  const VirtualPrinter printer;
+  OpenDocument(printer);
+  const Result run = RunExample("receipt", AddressOf(printer));
+  EXPECT_TRUE(run.succeeded);
+  EXPECT_EQ(run.output,
+            "cancelling the document that is open\nreceipt: printed\n");
+  EXPECT_EQ(printer.books().cancelled_count, 1);
+  EXPECT_EQ(printer.books().receipt_count, 1);
 }
 
 TEST(Receipt, SaysThatThereIsNoPrinter) {
-  std::uint16_t port = 0;
+  uint16_t port = 0;
   {
     const VirtualPrinter printer;
     port = printer.tcp_port();
   }
-  const Result run = RunReceipt("127.0.0.1 " + std::to_string(port));
+  const Result run = RunExample("receipt", "127.0.0.1 " + std::to_string(port));
   EXPECT_FALSE(run.succeeded);
-  EXPECT_THAT(run.output, StartsWith("receipt: no printer at 127.0.0.1"));
+  EXPECT_THAT(run.output,
+              StartsWith("there is no connection to the printer\n"));
 }
 
 TEST(Receipt, SaysThatThereIsNoSerialPort) {
   for (const char* arguments :
        {"--serial NOPORT 9600", "--serial NOPORT 9600 threaded"}) {
-    const Result run = RunReceipt(arguments);
+    const Result run = RunExample("receipt", arguments);
     EXPECT_FALSE(run.succeeded);
-    EXPECT_THAT(run.output, StartsWith("receipt: no printer at NOPORT, "));
+    EXPECT_THAT(run.output,
+                StartsWith("there is no connection to the printer\n"));
   }
 }
 
@@ -163,7 +149,7 @@ TEST(Receipt, RefusesSenselessArguments) {
        {"", "127.0.0.1", "127.0.0.1 0", "127.0.0.1 65536", "127.0.0.1 x",
         "1 2 3 4", "--serial", "--serial COM7", "--serial COM7 0",
         "--serial COM7 fast", "--serial COM7 9600 threaded log 5"}) {
-    const Result run = RunReceipt(arguments);
+    const Result run = RunExample("receipt", arguments);
     EXPECT_FALSE(run.succeeded) << arguments;
     EXPECT_THAT(run.output, Not(IsEmpty())) << arguments;
   }

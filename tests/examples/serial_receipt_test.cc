@@ -1,7 +1,7 @@
 // The example program prints over a serial port what it prints over TCP.
 #include <gtest/gtest.h>
 
-#include "examples/receipt_program.h"
+#include "tests/examples/example_program.h"
 #include "tests/printer/bench.h"
 
 namespace quilon::testing {
@@ -15,16 +15,17 @@ INSTANTIATE_TEST_SUITE_P(Transports, SerialReceiptTest,
                          ::testing::Values("", " threaded"));
 
 TEST_P(SerialReceiptTest, IsTheSameAsOverTcp) {
-  const VirtualPrinter tcp_printer({.clock = printer::bench_time});
-  ASSERT_TRUE(RunReceipt(AddressOf(tcp_printer)).succeeded);
+  const VirtualPrinter tcp_printer({.clock = printer::BenchTime});
+  ASSERT_TRUE(RunExample("receipt", AddressOf(tcp_printer)).succeeded);
 
   VirtualPrinter::Options options;
-  options.clock = printer::bench_time;
+  options.clock = printer::BenchTime;
   options.pty = true;
   const VirtualPrinter printer(options);
   const std::string port =
       printer.pty_path().substr(std::string("/dev/").size());
-  const Result run = RunReceipt("--serial " + port + " 115200" + GetParam());
+  const Result run =
+      RunExample("receipt", "--serial " + port + " 115200" + GetParam());
   EXPECT_TRUE(run.succeeded) << run.output;
   EXPECT_EQ(printer.paper(), tcp_printer.paper());
   EXPECT_EQ(printer.frames(), tcp_printer.frames());

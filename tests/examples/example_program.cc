@@ -1,30 +1,29 @@
-#include "examples/receipt_program.h"
+#include "tests/examples/example_program.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
 
 namespace quilon::testing {
-namespace {
 
 using printer::VirtualPrinter;
-
-constexpr char kOutput[] = "receipt_example_test.out";
-
-}  // namespace
 
 std::string ReadFile(const std::filesystem::path& path) {
   std::ostringstream text;
   text << std::ifstream(path).rdbuf();
-  return text.str();
+  std::string lines = text.str();
+  std::erase(lines, '\r');
+  return lines;
 }
 
-Result RunReceipt(const std::string& arguments) {
+Result RunExample(const std::string& name, const std::string& arguments) {
+  const std::string output = name + ".out";
   const std::string command =
-      std::string(RECEIPT_PROGRAM) + " " + arguments + " > " + kOutput;
+      EXAMPLE_PREFIX + name + EXAMPLE_SUFFIX " " + arguments + " > " + output;
   // NOLINTNEXTLINE(cert-env33-c): the command is this test's own.
   const bool succeeded = std::system(command.c_str()) == 0;
-  return {succeeded, ReadFile(kOutput)};
+  return {succeeded, ReadFile(output)};
 }
 
 std::string AddressOf(const VirtualPrinter& printer) {
