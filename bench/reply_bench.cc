@@ -16,9 +16,7 @@ void ParseReply(benchmark::State& state) {
   quilon::Reply reply;
   for ([[maybe_unused]] auto iteration : state) {
     reply.Clear();
-    for (const char byte : kReply) {
-      reply.Append(byte);
-    }
+    reply.Append(kReply);
     reply.SkipPast("#X");
     for (int i = 0; i < 12; ++i) {
       benchmark::DoNotOptimize(reply.Int32Field());

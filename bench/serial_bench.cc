@@ -82,7 +82,7 @@ void QueuedByteLeaves(benchmark::State& state) {
   std::vector<double> times;
   for ([[maybe_unused]] auto iteration : state) {
     const Clock::time_point start = Clock::now();
-    if (threaded.transport().Write("x", 1) != 1 ||
+    if (threaded.transport().Write("x", 1) != quilon::BaseComm::Written::kYes ||
         threaded.line().Receive(1) != "x") {
       state.SkipWithError("the byte is lost");
       return;

@@ -178,7 +178,8 @@ class Unit:
 
 def read_units(build_folder, project):
     entries = json.loads((build_folder / "compile_commands.json").read_text(encoding="utf-8"))
-    return [unit for unit in map(Unit, entries) if project.owns(os.fsencode(unit.source))]
+    units = [Unit(entry) for entry in entries if entry["file"].endswith((".c", ".cc"))]
+    return [unit for unit in units if project.owns(os.fsencode(unit.source))]
 
 
 def run(tool, root, build_folder, verdicts):

@@ -35,7 +35,7 @@ struct RecordOf<std::optional<int64_t> (*)(int64_t, const Record&)> {
 // Record&), or fills one (Record*); or a function of the whole driver that
 // reads one. The row takes the record's type from it.
 template <auto kHandler>
-consteval Command Row(int32_t code) {
+constexpr Command Row(int32_t code) {
   using Handler = decltype(kHandler);
   if constexpr (std::is_invocable_v<Handler, OnlineFDev&>) {
     return {code, false, [](Driver& driver, void*, uint32_t) {
@@ -59,7 +59,7 @@ consteval Command Row(int32_t code) {
 
 // The row of a command that opens a document of a series.
 template <auto kHandler>
-consteval Command OpeningRow(int32_t code, Series series) {
+constexpr Command OpeningRow(int32_t code, Series series) {
   Command row = Row<kHandler>(code);
   row.step = {.kind = DocumentStep::Kind::kOpens, .series = series};
   return row;
@@ -68,7 +68,7 @@ consteval Command OpeningRow(int32_t code, Series series) {
 // The row of a command that closes one; `kExpected` says what the total becomes
 // by the same record.
 template <auto kHandler, auto kExpected>
-consteval Command ClosingRow(int32_t code, Series series) {
+constexpr Command ClosingRow(int32_t code, Series series) {
   using Record = typename RecordOf<decltype(kHandler)>::Type;
   static_assert(
       std::is_same_v<Record, typename RecordOf<decltype(kExpected)>::Type>);
@@ -83,7 +83,7 @@ consteval Command ClosingRow(int32_t code, Series series) {
 
 // The row of a command that ends a document without totals.
 template <auto kHandler>
-consteval Command CancellingRow(int32_t code) {
+constexpr Command CancellingRow(int32_t code) {
   Command row = Row<kHandler>(code);
   row.step = {.kind = DocumentStep::Kind::kCancels};
   return row;

@@ -17,7 +17,7 @@ bool DoNothing(Driver& /*driver*/, void* /*data*/, uint32_t /*flags*/) {
 
 // Exchanges nothing with the printer, not even a check afterwards.
 template <TextEncoding kEncoding>
-consteval Command EncodingRow(int32_t code) {
+constexpr Command EncodingRow(int32_t code) {
   return {.code = code,
           .needs_record = false,
           .run =

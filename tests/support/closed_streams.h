@@ -14,7 +14,7 @@ namespace quilon::testing {
 // be said: keep it for later.
 class ClosedStreams {
  public:
-  explicit ClosedStreams(std::vector<int> streams = {
+  explicit ClosedStreams(const std::vector<int>& streams = {
                              STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     std::fflush(nullptr);
     for (const int stream : streams) {

@@ -8,7 +8,7 @@
 
 namespace quilon::testing {
 
-TotalsPrinter::TotalsPrinter(ScriptedPeer* peer, Habits habits)
+TotalsPrinter::TotalsPrinter(ScriptedPeer* peer, const Habits& habits)
     : thread_([this, peer, habits] { Work(peer, habits); }) {}
 
 TotalsPrinter::~TotalsPrinter() { Finish(); }

@@ -31,7 +31,7 @@ class TotalsPrinter {
   };
 
   // Works on `peer`'s connection until the driver closes it.
-  TotalsPrinter(ScriptedPeer* peer, Habits habits);
+  TotalsPrinter(ScriptedPeer* peer, const Habits& habits);
   ~TotalsPrinter();
   TotalsPrinter(const TotalsPrinter&) = delete;
   TotalsPrinter& operator=(const TotalsPrinter&) = delete;

@@ -23,7 +23,7 @@ constexpr uint32_t kHour = 3600000;
 // Says one and the same again and again until the object is gone, or for 5 s.
 class Chatter {
  public:
-  Chatter(ScriptedPeer* peer, std::string bytes, milliseconds pause)
+  Chatter(ScriptedPeer* peer, const std::string& bytes, milliseconds pause)
       : thread_([this, peer, bytes, pause] {
           const auto end = std::chrono::steady_clock::now() + seconds(5);
           try {

@@ -53,7 +53,7 @@ class SlowTotalsTest : public DriverTest,
     EXPECT_EQ(Ioctl(QUIL_READ_ERROR_NUMBER, &error), 0);
     EXPECT_EQ(error.number, 5);
     EXPECT_EQ(quil_close(), 1);
-    const TotalsPrinter::Report report = printer.Finish();
+    TotalsPrinter::Report report = printer.Finish();
     EXPECT_EQ(report.documents, 1U);
     return report;
   }
