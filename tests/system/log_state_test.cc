@@ -98,7 +98,7 @@ std::string Name(const std::vector<Step>& steps) {
 
 TEST_F(LogStateTest, EveryRowOfStepsLeavesTheLogAsItShould) {
   std::vector<std::vector<Step>> rows = {{}};
-  constexpr size_t kLongest = 4;
+  constexpr size_t kLongest = 3;
   for (size_t i = 0; i < rows.size(); ++i) {
     const std::vector<Step> steps = rows[i];
     if (steps.size() < kLongest) {
