@@ -178,7 +178,10 @@ class Unit:
 
 def read_units(build_folder, project):
     entries = json.loads((build_folder / "compile_commands.json").read_text(encoding="utf-8"))
-    units = [Unit(entry) for entry in entries if entry["file"].endswith((".c", ".cc"))]
+    # What is made while building is its maker's to judge.
+    written = [entry for entry in entries
+               if entry["file"].endswith((".c", ".cc")) and not entry["file"].startswith(f"{build_folder}/")]
+    units = [Unit(entry) for entry in written]
     return [unit for unit in units if project.owns(os.fsencode(unit.source))]
 
 
