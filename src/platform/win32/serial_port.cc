@@ -43,12 +43,13 @@ class Win32SerialPort final : public SerialPort {
   }
 
  private:
-  COMSTAT Queues() const;
-  int64_t Unsent() const { return Queues().cbOutQue; }
+  bool GetQueues(COMSTAT* queues) const;
+  int64_t Unsent() const;
 
   HANDLE handle_ = INVALID_HANDLE_VALUE;
   std::atomic<int64_t> taken_ = 0;
   std::atomic<bool> writing_ = false;
+  bool gone_ = false;       // when Read looked last
   DCB control_block_ = {};  // as the port reported it
 };
 
@@ -110,26 +111,41 @@ bool Win32SerialPort::SetTimeouts(const SerialTimeouts& timeouts) {
   return SetCommTimeouts(handle_, &settings) != 0;
 }
 
-COMSTAT Win32SerialPort::Queues() const {
-  COMSTAT queues = {};
+bool Win32SerialPort::GetQueues(COMSTAT* queues) const {
   DWORD errors = 0;
-  ClearCommError(handle_, &errors, &queues);
-  return queues;
+  return ClearCommError(handle_, &errors, queues) != 0;
+}
+
+int64_t Win32SerialPort::Unsent() const {
+  COMSTAT queues = {};
+  GetQueues(&queues);
+  return queues.cbOutQue;
 }
 
 // Reads a single byte, for which the port's time-outs are short, and then what
 // is there besides.
 int32_t Win32SerialPort::Read(void* buffer, int32_t count,
                               uint32_t /*patience*/) {
+  COMSTAT queues = {};
+  if (gone_ && !GetQueues(&queues)) {
+    return kGone;
+  }
+  gone_ = false;
   DWORD received = 0;
   // What came counts, whatever the call itself says. It fails for the moment
   // when the receive buffer is cleared meanwhile.
   if (ReadFile(handle_, buffer, 1, &received, nullptr) == 0 && received == 0) {
     return GetLastError() == ERROR_OPERATION_ABORTED ? 0 : kGone;
   }
+  if (!GetQueues(&queues) && received == 0) {
+    // Wine says of a line that is gone that nothing has come, and computes
+    // until then.
+    gone_ = true;
+    return kGone;
+  }
   const DWORD more =
       received == 0 ? 0
-                    : std::min<DWORD>(Queues().cbInQue,
+                    : std::min<DWORD>(queues.cbInQue,
                                       static_cast<DWORD>(count) - received);
   DWORD further = 0;
   if (more > 0) {
