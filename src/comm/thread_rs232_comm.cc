@@ -51,6 +51,10 @@ void ThreadRS232Comm::Close() {
     Drain();
   }
   StopThreads();
+  if (port_->IsOpen() && !port_->IsDrained()) {
+    // The system would wait for the rest on closing the port.
+    port_->DiscardUnsent();
+  }
   if (port_->Close()) {
     log().CloseLog();
   }
@@ -126,10 +130,6 @@ void ThreadRS232Comm::Drain() {
       sent = port_->SentCount();
       moved = now;
     }
-  }
-  if (!port_->IsDrained()) {
-    // The system would wait for the rest on closing the port.
-    port_->DiscardUnsent();
   }
 }
 

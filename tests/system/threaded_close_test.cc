@@ -56,14 +56,14 @@ TEST_F(ThreadedCloseTest, EveryQueuedFrameArrives) {
 }
 
 TEST_F(ThreadedCloseTest, SlowLineGetsTwoSeconds) {
-  const std::string sent = QueueFrames(100);
-  // Some 80 kB a second: too slow for all of them.
+  const std::string sent = QueueFrames(150);
+  // Some 200 kB a second: too slow for all of them.
   std::atomic<bool> closed = false;
   auto printer = std::async(std::launch::async, [&] {
     std::string received;
     while (!closed) {
       received += peer().Receive(4096);
-      std::this_thread::sleep_for(milliseconds(50));
+      std::this_thread::sleep_for(milliseconds(20));
     }
     return received;
   });
@@ -73,7 +73,10 @@ TEST_F(ThreadedCloseTest, SlowLineGetsTwoSeconds) {
   EXPECT_LT(time, milliseconds(3000));
   const std::string received = printer.get();
   EXPECT_GT(received.size(), 100000U);
+#ifndef _WIN32
+  // A write of Wine goes on behind what is thrown away.
   EXPECT_TRUE(sent.starts_with(received));
+#endif
 }
 
 }  // namespace
