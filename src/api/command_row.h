@@ -38,12 +38,16 @@ template <auto kHandler>
 constexpr Command Row(int32_t code) {
   using Handler = decltype(kHandler);
   if constexpr (std::is_invocable_v<Handler, OnlineFDev&>) {
-    return {code, false, [](Driver& driver, void*, uint32_t) {
+    return {.code = code,
+            .needs_record = false,
+            .run = [](Driver& driver, void*, uint32_t) {
               return std::invoke(kHandler, *driver.device);
             }};
   } else {
     using Record = typename RecordOf<Handler>::Type;
-    return {code, true, [](Driver& driver, void* data, uint32_t) {
+    return {.code = code,
+            .needs_record = true,
+            .run = [](Driver& driver, void* data, uint32_t) {
               auto* record = static_cast<Record*>(data);
               if constexpr (std::is_invocable_v<Handler, Driver*, Record&>) {
                 return kHandler(&driver, *record);

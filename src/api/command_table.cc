@@ -20,12 +20,11 @@ template <TextEncoding kEncoding>
 constexpr Command EncodingRow(int32_t code) {
   return {.code = code,
           .needs_record = false,
-          .run =
-              [](Driver& driver, void*, uint32_t) {
-                driver.device->set_text_encoding(kEncoding);
-                return true;
-              },
-          .checked = false};
+          .checked = false,
+          .run = [](Driver& driver, void*, uint32_t) {
+            driver.device->set_text_encoding(kEncoding);
+            return true;
+          }};
 }
 
 bool CompareTotalsAgain(Driver& driver, void* /*data*/, uint32_t flags) {
@@ -72,7 +71,7 @@ constexpr Command kCommands[] = {
     Row<&Device::ReadRaw>(QUIL_READ_RAW),
     Row<&Device::SendExtendedStatus>(QUIL_SEND_EXTENDED_STATUS),
     Row<&Device::ReadExtendedStatus>(QUIL_READ_EXTENDED_STATUS),
-    Command{QUIL_NOTHING, false, DoNothing},
+    Command{.code = QUIL_NOTHING, .needs_record = false, .run = DoNothing},
     Row<&Device::SendLogoFrame1>(QUIL_LOGO_FRAME_1),
     Row<&Device::SendLogo>(QUIL_SEND_LOGO),
     Row<&Device::SendLogoFrame10>(QUIL_LOGO_FRAME_10),
@@ -168,7 +167,9 @@ constexpr Command kCommands[] = {
     ClosingRow<&Device::SendDollarY, &ExpectedTotalOfY>(QUIL_DOCUMENT_END_Y,
                                                         k200),
     Row<&PrintWholeDocument>(QUIL_WHOLE_DOCUMENT),
-    Command{QUIL_CHECK_TOTALS, false, CompareTotalsAgain},
+    Command{.code = QUIL_CHECK_TOTALS,
+            .needs_record = false,
+            .run = CompareTotalsAgain},
     Row<&Device::SendAtZ>(QUIL_AT_Z),
     Row<&Device::SendDocumentLineP>(QUIL_DOCUMENT_LINE_P),
     Row<&Device::SendAtE>(QUIL_AT_E),

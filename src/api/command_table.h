@@ -12,10 +12,10 @@ namespace quilon {
 struct Command {
   int32_t code;
   bool needs_record;
+  bool checked = true;  // whether the checks of the flags may follow it
   // Returns whether the command was sent, or its answer read.
   bool (*run)(Driver& driver, void* record, uint32_t flags);
   DocumentStep step = {};  // what it does to the document in progress
-  bool checked = true;     // whether the checks of the flags may follow it
 };
 
 // All commands, sorted by code.
