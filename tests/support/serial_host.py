@@ -33,7 +33,7 @@ import threading
 import time
 
 PATIENCE = 10
-COM_PORTS = [f"COM{number}" for number in range(10, 60)]
+COM_PORTS = [f"COM{number}" for number in range(10, 250)]
 CHUNK = 65536
 # Settings with any baud rate: four words of flags, 20 characters, and the rates of input and output.
 TCGETS2 = 0x802C542A
