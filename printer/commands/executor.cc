@@ -57,7 +57,8 @@ std::string Obey(Device& device, const CommandRow& row, Request& request) {
     throw Refusal(std::exchange(device.next_refusal, kNoError));
   }
   CheckState(device, row);
-  if (row.when == When::kClosing && device.faults.LosesClosing()) {
+  if (row.when == When::kClosing &&
+      device.faults.Happen(FaultKind::kLoseClosing)) {
     return {};
   }
   std::string answer = row.handler(device, request);

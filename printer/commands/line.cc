@@ -38,10 +38,11 @@ void Line::React(Event event, Reaction& reaction) {
     outcome.answer.clear();
   }
   if (!outcome.answer.empty()) {
-    if (device_.faults.GarblesAnswer()) {
+    if (device_.faults.Happen(FaultKind::kGarble)) {
       outcome.answer[outcome.answer.size() / 2] ^= 1;
     }
-    reaction.delay += device_.faults.Delay();
+    reaction.delay += std::chrono::milliseconds(
+        device_.faults.Happen(FaultKind::kLate).value_or(0));
     reaction.answer += outcome.answer;
   }
   sink_(std::move(event), std::move(outcome));
@@ -60,11 +61,13 @@ Outcome Line::Obey(const Event& event) {
     case Event::Kind::kFrame:
       break;
   }
-  if (device_.faults.CorruptsFrame()) {
+  if (device_.faults.Happen(FaultKind::kBadChecksum)) {
     return refused(kBadChecksum);
   }
-  const int error = device_.faults.RefusesFrame();
-  return error == kNoError ? ExecuteFrame(device_, event.body) : refused(error);
+  if (const auto error = device_.faults.Happen(FaultKind::kRefuse)) {
+    return refused(static_cast<int>(*error));
+  }
+  return ExecuteFrame(device_, event.body);
 }
 
 }  // namespace quilon::printer

@@ -1,7 +1,6 @@
 #include "printer/fiscal/fault_table.h"
 
 #include <algorithm>
-#include <array>
 #include <regex>
 #include <stdexcept>
 
@@ -10,45 +9,11 @@
 namespace quilon::printer {
 namespace {
 
-constexpr std::array kRows = {
-    FaultRow{FaultKind::kBookNothing, "book-nothing", "", "document",
-             "print the document, book nothing", "book-nothing@document=2"},
-    FaultRow{FaultKind::kBookTwice, "book-twice", "", "document",
-             "print the document, book it twice", "book-twice"},
-    FaultRow{FaultKind::kBookOther, "book-other", "GROSZE", "document",
-             "book so many grosze more (or, negative, less)",
-             "book-other=-100x*"},
-    FaultRow{FaultKind::kLoseClosing, "lose-closing", "", "document",
-             "behave as if the closing command had never come",
-             "lose-closing@document=3"},
-    FaultRow{
-        FaultKind::kDieAfterClosing, "die-after-closing", "", "document",
-        "obey the closing command, answer DLE and ENQ, and die of the next "
-        "command",
-        "die-after-closing"},
-    FaultRow{FaultKind::kSilent, "silent", "", "byte",
-             "from that byte on obey but answer nothing", "silent@byte=200"},
-    FaultRow{FaultKind::kDead, "dead", "", "byte",
-             "from that byte on receive nothing", "dead@byte=57"},
-    FaultRow{FaultKind::kCut, "cut", "", "byte",
-             "lose that byte and close the connection", "cut@byte=57x3"},
-    FaultRow{FaultKind::kLate, "late", "MILLISECONDS", "answer",
-             "send that answer so much later", "late=800@answer=1x10%"},
-    FaultRow{FaultKind::kPaperOut, "paper-out", "", "line",
-             "run out of paper after that line", "paper-out@line=12"},
-    FaultRow{FaultKind::kBadChecksum, "bad-checksum", "", "frame",
-             "take that frame's checksum for wrong", "bad-checksum@frame=4"},
-    FaultRow{FaultKind::kRefuse, "refuse", "ERROR", "frame",
-             "refuse that frame with this error number", "refuse=1086@frame=5"},
-    FaultRow{FaultKind::kGarble, "garble", "", "answer",
-             "send that answer with a wrong byte", "garble@answer=1x5%"},
-};
-
 const FaultRow* RowNamed(const std::string& name) {
   const auto* row =
-      std::find_if(kRows.begin(), kRows.end(),
+      std::find_if(std::begin(kFaultTable), std::end(kFaultTable),
                    [&](const FaultRow& r) { return r.name == name; });
-  return row == kRows.end() ? nullptr : row;
+  return row == std::end(kFaultTable) ? nullptr : row;
 }
 
 void SetTimes(Fault& fault, const std::string& times) {
@@ -101,8 +66,6 @@ Fault ParseFault(const std::string& text) {
   }
   return fault;
 }
-
-std::span<const FaultRow> FaultTable() { return kRows; }
 
 std::string FormOf(const FaultRow& row) {
   std::string form(row.name);

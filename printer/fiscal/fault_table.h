@@ -10,7 +10,6 @@
 #define PRINTER_FISCAL_FAULT_TABLE_H_
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 
@@ -41,7 +40,37 @@ struct FaultRow {
   std::string_view example;
 };
 
-std::span<const FaultRow> FaultTable();
+inline constexpr FaultRow kFaultTable[] = {
+    {FaultKind::kBookNothing, "book-nothing", "", "document",
+     "print the document, book nothing", "book-nothing@document=2"},
+    {FaultKind::kBookTwice, "book-twice", "", "document",
+     "print the document, book it twice", "book-twice"},
+    {FaultKind::kBookOther, "book-other", "GROSZE", "document",
+     "book so many grosze more (or, negative, less)", "book-other=-100x*"},
+    {FaultKind::kLoseClosing, "lose-closing", "", "document",
+     "behave as if the closing command had never come",
+     "lose-closing@document=3"},
+    {FaultKind::kDieAfterClosing, "die-after-closing", "", "document",
+     "obey the closing command, answer DLE and ENQ, and die of the next "
+     "command",
+     "die-after-closing"},
+    {FaultKind::kSilent, "silent", "", "byte",
+     "from that byte on obey but answer nothing", "silent@byte=200"},
+    {FaultKind::kDead, "dead", "", "byte", "from that byte on receive nothing",
+     "dead@byte=57"},
+    {FaultKind::kCut, "cut", "", "byte",
+     "lose that byte and close the connection", "cut@byte=57x3"},
+    {FaultKind::kLate, "late", "MILLISECONDS", "answer",
+     "send that answer so much later", "late=800@answer=1x10%"},
+    {FaultKind::kPaperOut, "paper-out", "", "line",
+     "run out of paper after that line", "paper-out@line=12"},
+    {FaultKind::kBadChecksum, "bad-checksum", "", "frame",
+     "take that frame's checksum for wrong", "bad-checksum@frame=4"},
+    {FaultKind::kRefuse, "refuse", "ERROR", "frame",
+     "refuse that frame with this error number", "refuse=1086@frame=5"},
+    {FaultKind::kGarble, "garble", "", "answer",
+     "send that answer with a wrong byte", "garble@answer=1x5%"},
+};
 
 // How a fault is written: "late=MILLISECONDS@answer=N".
 std::string FormOf(const FaultRow& row);

@@ -9,8 +9,8 @@ void Faults::Clear() {
   silent_ = dead_ = dying_ = false;
 }
 
-bool Faults::Happens(FaultKind kind) {
-  bool happened = false;
+std::optional<int64_t> Faults::Happen(FaultKind kind) {
+  std::optional<int64_t> happened;
   for (Fault& fault : faults_) {
     if (fault.kind != kind || fault.times == 0 ||
         ++fault.seen < fault.position) {
@@ -24,16 +24,15 @@ bool Faults::Happens(FaultKind kind) {
     if (fault.times != Fault::kWithoutEnd) {
       --fault.times;
     }
-    value_ = fault.value;
-    happened = true;
+    happened = fault.value;
   }
   return happened;
 }
 
 Faults::ByteFate Faults::TakeByte() {
-  silent_ = Happens(FaultKind::kSilent) || silent_;
-  dead_ = Happens(FaultKind::kDead) || dead_;
-  if (Happens(FaultKind::kCut)) {
+  silent_ = Happen(FaultKind::kSilent) || silent_;
+  dead_ = Happen(FaultKind::kDead) || dead_;
+  if (Happen(FaultKind::kCut)) {
     return ByteFate::kCut;
   }
   return dead_ ? ByteFate::kLost : ByteFate::kTaken;
@@ -44,15 +43,11 @@ bool Faults::DiesOfFrame() {
   return dead_;
 }
 
-int Faults::RefusesFrame() {
-  return Happens(FaultKind::kRefuse) ? static_cast<int>(value_) : 0;
-}
-
 Totals Faults::Booked(const Totals& sold) {
   // Each kind counts every document, whichever of them happens.
-  const bool nothing = Happens(FaultKind::kBookNothing);
-  const bool twice = Happens(FaultKind::kBookTwice);
-  const bool other = Happens(FaultKind::kBookOther);
+  const auto nothing = Happen(FaultKind::kBookNothing);
+  const auto twice = Happen(FaultKind::kBookTwice);
+  const auto other = Happen(FaultKind::kBookOther);
   Totals result = sold;
   if (nothing) {
     result.fill(0);
@@ -64,13 +59,9 @@ Totals Faults::Booked(const Totals& sold) {
   if (other) {
     auto* rate = std::find_if(result.begin(), result.end(),
                               [](int64_t total) { return total != 0; });
-    *(rate == result.end() ? result.begin() : rate) += value_;
+    *(rate == result.end() ? result.begin() : rate) += *other;
   }
   return result;
-}
-
-std::chrono::milliseconds Faults::Delay() {
-  return std::chrono::milliseconds(Happens(FaultKind::kLate) ? value_ : 0);
 }
 
 }  // namespace quilon::printer

@@ -72,7 +72,7 @@ std::string FaultText() {
       "then at every N-th again, TIMES times in all (1); \"x*\": without "
       "end, \"x5%\":\n"
       "without end, but each time by that chance.\n";
-  for (const FaultRow& row : FaultTable()) {
+  for (const FaultRow& row : kFaultTable) {
     text.append("  ").append(FormOf(row)).append("\n      ");
     text.append(row.effect).append(": ").append(row.example).append("\n");
   }

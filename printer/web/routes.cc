@@ -52,7 +52,7 @@ const char* ContentTypeOf(std::string_view name) {
 // What the page offers to order.
 json FaultsJson() {
   json faults = json::array();
-  for (const FaultRow& row : FaultTable()) {
+  for (const FaultRow& row : kFaultTable) {
     faults.push_back({{"fault", FormOf(row)},
                       {"effect", row.effect},
                       {"example", row.example}});

@@ -53,23 +53,16 @@ TEST(ParseFault, RefusesEverythingElse) {
   }
 }
 
-TEST(FaultTable, SaysHowEveryFaultIsWritten) {
-  std::vector<std::string> forms;
-  for (const FaultRow& row : FaultTable()) {
-    forms.push_back(FormOf(row));
-  }
-  EXPECT_EQ(
-      forms,
-      (std::vector<std::string>{
-          "book-nothing@document=N", "book-twice@document=N",
-          "book-other=GROSZE@document=N", "lose-closing@document=N",
-          "die-after-closing@document=N", "silent@byte=N", "dead@byte=N",
-          "cut@byte=N", "late=MILLISECONDS@answer=N", "paper-out@line=N",
-          "bad-checksum@frame=N", "refuse=ERROR@frame=N", "garble@answer=N"}));
+TEST(FaultTable, SaysHowAFaultIsWritten) {
+  const FaultRow plain = {.name = "cut", .where = "byte"};
+  EXPECT_EQ(FormOf(plain), "cut@byte=N");
+  const FaultRow valued = {
+      .name = "late", .value = "MILLISECONDS", .where = "answer"};
+  EXPECT_EQ(FormOf(valued), "late=MILLISECONDS@answer=N");
 }
 
 TEST(FaultTable, GivesAnExampleOfEachThatCanBeOrdered) {
-  for (const FaultRow& row : FaultTable()) {
+  for (const FaultRow& row : kFaultTable) {
     const std::string example(row.example);
     EXPECT_EQ(example.substr(0, example.find_first_of("=@x")), row.name);
     EXPECT_EQ(ParseFault(example).kind, row.kind) << example;
@@ -80,7 +73,7 @@ TEST(FaultTable, GivesAnExampleOfEachThatCanBeOrdered) {
 TEST(FaultTable, StandsInTheReadme) {
   std::string table =
       "| fault | lets the printer | for example |\n|---|---|---|\n";
-  for (const FaultRow& row : FaultTable()) {
+  for (const FaultRow& row : kFaultTable) {
     table.append("| `").append(FormOf(row)).append("` | ");
     table.append(row.effect).append(" | `");
     table.append(row.example).append("` |\n");
