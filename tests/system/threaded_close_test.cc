@@ -72,11 +72,10 @@ TEST_F(ThreadedCloseTest, SlowLineGetsTwoSeconds) {
   EXPECT_GE(time, milliseconds(1500));
   EXPECT_LT(time, milliseconds(3000));
   const std::string received = printer.get();
-  EXPECT_GT(received.size(), 100000U);
-#ifndef _WIN32
-  // A write of Wine goes on behind what is thrown away.
-  EXPECT_TRUE(sent.starts_with(received));
-#endif
+  // At the end a write of Wine goes on behind what was thrown away.
+  constexpr size_t kMost = 100000;
+  EXPECT_GT(received.size(), kMost);
+  EXPECT_TRUE(sent.starts_with(received.substr(0, kMost)));
 }
 
 }  // namespace
