@@ -2,6 +2,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <optional>
 #include <string_view>
 
 #include "src/comm/last_error.h"
@@ -96,7 +97,7 @@ BaseComm::Written TCPIPComm::Write(const void* buffer, int32_t count) {
 }
 
 bool TCPIPComm::SendAll(const char* bytes, int32_t count) {
-  const uint32_t start = ClockMilliseconds();
+  std::optional<uint32_t> waiting_since;
   while (count > 0) {
     const int32_t sent = socket_.Send(bytes, count);
     if (sent == TcpSocket::kGone || interrupted_) {
@@ -104,10 +105,15 @@ bool TCPIPComm::SendAll(const char* bytes, int32_t count) {
     }
     bytes += sent;
     count -= sent;
-    if (sent == 0 && !socket_.WaitToWrite(kWait) &&
-        Elapsed(start, ClockMilliseconds(), kSendPatience)) {
-      errno = EAGAIN;
-      return false;
+    if (sent == 0) {
+      if (!waiting_since) {
+        waiting_since = ClockMilliseconds();
+      }
+      if (!socket_.WaitToWrite(kWait) &&
+          Elapsed(*waiting_since, ClockMilliseconds(), kSendPatience)) {
+        errno = EAGAIN;
+        return false;
+      }
     }
   }
   return true;
