@@ -47,6 +47,12 @@ size_t ByteQueue::Pop(uint8_t* bytes, size_t count, uint32_t patience) {
   return interrupted_ ? 0 : Take(bytes, count);
 }
 
+void ByteQueue::WaitUntilTaken(uint32_t milliseconds) {
+  std::unique_lock lock(mutex_);
+  WaitFor(&changed_, &lock, milliseconds,
+          [this] { return taken_ == bytes_.size(); });
+}
+
 bool ByteQueue::WaitUntilServed(uint32_t milliseconds) {
   std::unique_lock lock(mutex_);
   const auto served = [this] { return !serving_ && taken_ == bytes_.size(); };
@@ -74,6 +80,7 @@ size_t ByteQueue::Take(uint8_t* bytes, size_t count) {
     taken_ = 0;
   }
   serving_ = length > 0;
+  changed_.notify_all();
   return length;
 }
 

@@ -30,6 +30,9 @@ class ByteQueue {
   // the first one. Returns how many; 0 also when the queue was interrupted.
   size_t Pop(uint8_t* bytes, size_t count, uint32_t patience);
 
+  // Waits at most so many milliseconds until everything was popped.
+  void WaitUntilTaken(uint32_t milliseconds);
+
   // Waits at most so many milliseconds until everything was popped and whoever
   // popped it has come back for more. Returns whether it is so.
   bool WaitUntilServed(uint32_t milliseconds);

@@ -94,7 +94,7 @@ bool ThreadRS232Comm::Purge() {
   port_->AbortReads();
   port_->ClearReceived();
   for (int i = 0; i < kPurgeWaits && output_.Size() > 0; ++i) {
-    SleepMilliseconds(kPurgePause);
+    output_.WaitUntilTaken(kPurgePause);
     log().WriteIfActive("OutQueue waiting", kLogStatus);
   }
   return false;
