@@ -10,26 +10,31 @@ namespace {
 
 // How a field is turned into a number.
 struct Conversion {
-  const char* skipped_first;  // bytes that may stand before the number
-  const char* left_out;       // bytes that may stand between its digits
-  const char* invalid;        // text of the failure without a digit
-  const char* out_of_range;   // text of the failure for a number too large
+  bool leaves_points_out;    // wherever they stand
+  const char* invalid;       // text of the failure without a digit
+  const char* out_of_range;  // text of the failure for a number too large
 };
 
-constexpr Conversion kInt32 = {" \t\n\v\f\r", "", "invalid stoi argument",
+constexpr Conversion kInt32 = {false, "invalid stoi argument",
                                "stoi argument out of range"};
-constexpr Conversion kAmount = {" \t\n\v\f\r.", ".", "invalid stoll argument",
+constexpr Conversion kAmount = {true, "invalid stoll argument",
                                 "stoll argument out of range"};
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+bool IsSeparator(char c) { return c == '\r' || c == '/' || c == ';'; }
 
 // Reads white space, a sign and digits up to the first other character.
 template <typename Integer>
 Integer ParseDecimal(std::string_view text, const Conversion& conversion) {
-  const auto skip = [&text](const char* bytes) {
-    text.remove_prefix(std::min(text.find_first_not_of(bytes), text.size()));
+  const auto skip = [&text, &conversion](bool spaces) {
+    while (!text.empty() &&
+           ((spaces && IsSpace(text[0])) ||
+            (conversion.leaves_points_out && text[0] == '.'))) {
+      text.remove_prefix(1);
+    }
   };
-  skip(conversion.skipped_first);
+  skip(true);
   const bool negative = text.starts_with('-');
   if (negative || text.starts_with('+')) {
     text.remove_prefix(1);
@@ -39,8 +44,7 @@ Integer ParseDecimal(std::string_view text, const Conversion& conversion) {
   const uint64_t limit = negative ? kMax + 1 : kMax;
   uint64_t magnitude = 0;
   bool any_digit = false;
-  for (skip(conversion.left_out); !text.empty() && IsDigit(text[0]);
-       skip(conversion.left_out)) {
+  for (skip(false); !text.empty() && IsDigit(text[0]); skip(false)) {
     const auto digit = static_cast<uint64_t>(text[0] - '0');
     if (magnitude > (limit - digit) / 10) {
       throw std::out_of_range(conversion.out_of_range);
@@ -109,15 +113,22 @@ std::optional<int32_t> Reply::HexPair() {
   return value;
 }
 
-std::string_view Reply::TextUntil(const char* separators) {
+std::string_view Reply::NextField() { return TextUntil(IsSeparator); }
+
+std::string_view Reply::NextLine() {
+  return TextUntil([](char c) { return c == '\r'; });
+}
+
+template <typename Predicate>
+std::string_view Reply::TextUntil(Predicate ends) {
   if (cursor_ >= bytes_.size()) {
     return {};
   }
-  const size_t start = cursor_;
-  const size_t end =
-      std::min(bytes_.find_first_of(separators, start), bytes_.size());
-  cursor_ = end + 1;
-  return std::string_view(bytes_).substr(start, end - start);
+  const std::string_view rest = std::string_view(bytes_).substr(cursor_);
+  const auto length = static_cast<size_t>(
+      std::find_if(rest.begin(), rest.end(), ends) - rest.begin());
+  cursor_ += length + 1;
+  return rest.substr(0, length);
 }
 
 }  // namespace quilon

@@ -38,10 +38,10 @@ class Reply {
   bool SkipPast(std::string_view marker);
 
   // The text up to the next separator, which is consumed.
-  std::string_view NextField() { return TextUntil("\r/;"); }
+  std::string_view NextField();
 
   // The text up to the next CR, which is consumed.
-  std::string_view NextLine() { return TextUntil("\r"); }
+  std::string_view NextLine();
 
   // The text up to the next `marker`, which is consumed; when there is none, an
   // empty text, and the position stays.
@@ -57,7 +57,9 @@ class Reply {
   std::optional<int32_t> HexPair();
 
  private:
-  std::string_view TextUntil(const char* separators);
+  // The text up to the next byte that ends it, which is consumed.
+  template <typename Predicate>
+  std::string_view TextUntil(Predicate ends);
 
   std::string bytes_;
   size_t cursor_ = 0;
