@@ -1,6 +1,8 @@
 #include "src/protocol/frame_builder.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <stdexcept>
 
 namespace quilon {
@@ -67,10 +69,21 @@ FrameBuilder& FrameBuilder::Checksum() {
   if (buffer_.size() < kStartLength) {
     return *this;
   }
-  uint8_t checksum = 0xFF;
-  for (const char byte : std::string_view(buffer_).substr(kStartLength)) {
-    checksum = static_cast<uint8_t>(checksum ^ static_cast<uint8_t>(byte));
+  // Eight bytes at a time, then the eight sums into one, and what is left.
+  uint64_t sums = 0xFF;
+  std::string_view rest = std::string_view(buffer_).substr(kStartLength);
+  for (uint64_t bytes = 0; rest.size() >= sizeof(bytes);
+       rest.remove_prefix(sizeof(bytes))) {
+    std::memcpy(&bytes, rest.data(), sizeof(bytes));
+    sums ^= bytes;
   }
+  for (int bits = 32; bits >= 8; bits /= 2) {
+    sums ^= sums >> bits;
+  }
+  for (const char byte : rest) {
+    sums ^= static_cast<uint8_t>(byte);
+  }
+  const auto checksum = static_cast<uint8_t>(sums);
   return LowerHex({&checksum, 1});
 }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 
 #include "src/text/cp1250.h"
 
@@ -148,10 +149,10 @@ void AppendFromUtf8(std::string_view text, std::string* out) {
 
 void AppendFromCp1250(std::string_view text, std::string* out) {
   const size_t start = out->size();
-  out->resize(start + text.size());
-  std::transform(text.begin(), text.end(), out->data() + start, [](char byte) {
-    return static_cast<char>(kMazovia[static_cast<uint8_t>(byte)]);
-  });
+  out->append(text);
+  for (char& byte : std::span(*out).subspan(start)) {
+    byte = static_cast<char>(kMazovia[static_cast<uint8_t>(byte)]);
+  }
 }
 
 }  // namespace
