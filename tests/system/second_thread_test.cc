@@ -170,7 +170,7 @@ TEST_F(SecondThreadTest, CallsThatFollowEachOtherMayComeFromAnyThread) {
 }
 
 // Whatever two threads call when: every call that runs succeeds, every other
-// one is refused.
+// one is refused. A busy machine may let one of them wait for its turn long.
 TEST_F(SecondThreadTest, ManyCallsAtTheSameTime) {
   const LogFolder folder;
   ASSERT_EQ(quil_enable_log(folder.path().c_str()), 1);
@@ -193,15 +193,15 @@ TEST_F(SecondThreadTest, ManyCallsAtTheSameTime) {
       EXPECT_EQ(quil_drv_version(&version), 0);
     }
   });
-  int passed = 0;
-  for (int i = 0; i < 500; ++i) {
-    const int32_t result = CheckStatus();
-    EXPECT_TRUE(result == 0 || result == -1) << result;
+  constexpr int kEnough = 100;
+  int32_t result = 0;
+  for (int passed = 0; passed < kEnough && (result == 0 || result == -1);) {
+    result = CheckStatus();
     passed += result == 0 ? 1 : 0;
   }
+  EXPECT_TRUE(result == 0 || result == -1) << result;
   enough = true;
   second.join();
-  EXPECT_GT(passed, 0);
   EXPECT_EQ(quil_close(), 1);
   printer.join();
 }
