@@ -42,12 +42,6 @@ inline int32_t OpenTcp(uint16_t port, uint32_t reply_timeout = kReplyTimeout,
   return quil_open_tcpip_ex(&params);
 }
 
-// A TCP port of this machine that refuses connections.
-inline uint16_t PortOfNobody() {
-  const ScriptedPeer gone;
-  return gone.port();
-}
-
 // A status request and its answer; `peer` is the far end of any kind of
 // connection.
 template <typename Peer>

@@ -96,4 +96,15 @@ bool ScriptedPeer::ReadSome() {
   return !failure;
 }
 
+uint16_t PortOfNobody() {
+  // Taken for as long as the program runs, so that no other one listens there.
+  static asio::io_context context;
+  static const tcp::acceptor nobody = [] {
+    tcp::acceptor bound(context, tcp::v4());
+    bound.bind({asio::ip::address_v4::loopback(), 0});
+    return bound;
+  }();
+  return nobody.local_endpoint().port();
+}
+
 }  // namespace quilon::testing

@@ -58,6 +58,9 @@ class ScriptedPeer {
   bool closed_by_peer_ = false;
 };
 
+// A TCP port of this machine that refuses connections.
+uint16_t PortOfNobody();
+
 }  // namespace quilon::testing
 
 #endif  // QUILON_TESTS_SUPPORT_SCRIPTED_PEER_H_
