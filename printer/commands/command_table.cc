@@ -134,11 +134,20 @@ constexpr std::array kCommands = {
 };
 // clang-format on
 
-bool ChecksumFits(std::string_view body) {
-  constexpr size_t kDigits = 2;
-  return body.size() >= kDigits &&
-         ChecksumOf(body.substr(0, body.size() - kDigits)) ==
-             body.substr(body.size() - kDigits);
+constexpr size_t kChecksumDigits = 2;
+
+// Whether the frame ends with its checksum, behind the mnemonic if that is
+// known.
+bool ChecksumFits(std::string_view body, const Request& request) {
+  const size_t head = request.mnemonic.empty()
+                          ? 0
+                          : body.size() - request.from_mnemonic.size() +
+                                request.mnemonic.size();
+  if (body.size() < head + kChecksumDigits) {
+    return false;
+  }
+  const size_t summed = body.size() - kChecksumDigits;
+  return ChecksumOf(body.substr(0, summed)) == body.substr(summed);
 }
 
 // The longest known mnemonic that the text begins with; empty when there is
@@ -196,7 +205,7 @@ const CommandRow& FindCommand(std::string_view body, Request& request) {
     throw Refusal(kUnknownCommand);
   }
   const CommandRow* row = RowFor(request);
-  const bool fits = ChecksumFits(body);
+  const bool fits = ChecksumFits(body, request);
   if (!fits && NeedsChecksum(row)) {
     throw Refusal(kBadChecksum);
   }
@@ -206,7 +215,7 @@ const CommandRow& FindCommand(std::string_view body, Request& request) {
   std::string_view fields =
       request.from_mnemonic.substr(request.mnemonic.size());
   if (fits && row->checksum != Checksum::kNone) {
-    fields.remove_suffix(2);
+    fields.remove_suffix(kChecksumDigits);
   }
   request.title = row->title;
   request.shape = row->shape;
@@ -226,10 +235,9 @@ DecodedFrame DecodeFrame(std::string_view body) {
                      DecodedFrame::Checksum::kMissing};
   const bool data_to_the_end =
       row != nullptr && row->checksum == Checksum::kNone;
-  if (ChecksumFits(body) && !data_to_the_end) {
-    constexpr size_t kDigits = 2;
+  if (ChecksumFits(body, request) && !data_to_the_end) {
     frame.checksum = DecodedFrame::Checksum::kRight;
-    frame.fields.remove_suffix(std::min(kDigits, frame.fields.size()));
+    frame.fields.remove_suffix(std::min(kChecksumDigits, frame.fields.size()));
   } else if (NeedsChecksum(row)) {
     frame.checksum = DecodedFrame::Checksum::kWrong;
   }

@@ -30,6 +30,15 @@ TEST(CommandTable, RefusesAWrongChecksum) {
   EXPECT_EQ(VerdictOnBytes(Bare("0$e")), kBadChecksum);
 }
 
+TEST(CommandTable, TakesNoPartOfTheMnemonicForAChecksum) {
+  // "0$": FF ^ 30 = CF, ^ 24 = EB: the "e" is the mnemonic's.
+  EXPECT_EQ(VerdictOnBytes(Bare("0$eb")), kBadChecksum);
+  const DecodedFrame frame = DecodeFrame("0$eb");
+  EXPECT_EQ(frame.mnemonic, "$e");
+  EXPECT_EQ(frame.fields, "b");
+  EXPECT_EQ(frame.checksum, DecodedFrame::Checksum::kWrong);
+}
+
 TEST(CommandTable, TellsTheNumberOfParametersFromTheirContent) {
   EXPECT_EQ(VerdictOnBytes(Framed("0;0;0$h\r")), kWrongFieldCount);
   EXPECT_EQ(VerdictOnBytes(Framed("0;0;0;1;0;0$h\r")), kWrongFieldCount);
