@@ -1,71 +1,112 @@
 #include "printer/fiscal/fault_table.h"
 
 #include <algorithm>
-#include <regex>
+#include <charconv>
 #include <stdexcept>
+#include <system_error>
 
-#include "printer/protocol/numbers.h"
+#include "printer/protocol/mazovia.h"
 
 namespace quilon::printer {
 namespace {
 
-const FaultRow* RowNamed(const std::string& name) {
-  const auto* row =
-      std::find_if(std::begin(kFaultTable), std::end(kFaultTable),
-                   [&](const FaultRow& r) { return r.name == name; });
-  return row == std::end(kFaultTable) ? nullptr : row;
-}
+// Takes a fault's text apart, from its begin to its end.
+class FaultReader {
+ public:
+  explicit FaultReader(std::string_view text) : text_(text), rest_(text) {}
 
-void SetTimes(Fault& fault, const std::string& times) {
-  if (times == "*" || times.back() == '%') {
-    fault.times = Fault::kWithoutEnd;
-  } else {
-    fault.times = static_cast<uint64_t>(*ParseInteger(times));
-  }
-  if (times.back() == '%') {
-    const auto chance = *ParseInteger(times.substr(0, times.size() - 1));
-    if (chance < 1 || chance > 100) {
-      throw std::invalid_argument("a chance is 1% to 100%: x" + times);
+  Fault Read() {
+    const FaultRow& row = TakeRow();
+    Fault fault{row.kind, 0, 1, 1, 0};
+    if (!row.value.empty()) {
+      Expect(Take("="));
+      fault.value = Bounded(row.value, row.least, row.most, TakeNumber());
     }
-    fault.chance = static_cast<uint32_t>(chance);
+    if (Take("@")) {
+      Expect(Take(row.where) && Take("="));
+      const int64_t least = fault.kind == FaultKind::kPaperOut ? 0 : 1;
+      fault.position =
+          static_cast<uint64_t>(Bounded("N", least, kMostCount, TakeNumber()));
+    }
+    if (Take("x")) {
+      TakeTimes(fault);
+    }
+    Expect(rest_.empty());
+    return fault;
   }
-}
+
+ private:
+  static constexpr int64_t kMostCount = 1'000'000'000;
+
+  const FaultRow& TakeRow() {
+    const auto* row =
+        std::find_if(std::begin(kFaultTable), std::end(kFaultTable),
+                     [this](const FaultRow& r) { return Take(r.name); });
+    Expect(row != std::end(kFaultTable));
+    return *row;
+  }
+
+  void TakeTimes(Fault& fault) {
+    if (Take("*")) {
+      fault.times = Fault::kWithoutEnd;
+      return;
+    }
+    const int64_t number = TakeNumber();
+    if (Take("%")) {
+      fault.times = Fault::kWithoutEnd;
+      fault.chance =
+          static_cast<uint32_t>(Bounded("the percentage", 1, 100, number));
+    } else {
+      fault.times =
+          static_cast<uint64_t>(Bounded("TIMES", 0, kMostCount, number));
+    }
+  }
+
+  // Returns whether the part was there.
+  bool Take(std::string_view part) {
+    const bool there = rest_.starts_with(part);
+    rest_.remove_prefix(there ? part.size() : 0);
+    return there;
+  }
+
+  int64_t TakeNumber() {
+    int64_t number = 0;
+    const auto [end, failure] =
+        std::from_chars(rest_.data(), rest_.data() + rest_.size(), number);
+    Expect(failure == std::errc());
+    rest_.remove_prefix(static_cast<size_t>(end - rest_.data()));
+    return number;
+  }
+
+  int64_t Bounded(std::string_view what, int64_t least, int64_t most,
+                  int64_t number) const {
+    if (number < least || number > most) {
+      Refuse(std::string(what) + " is " + std::to_string(least) + " to " +
+             std::to_string(most));
+    }
+    return number;
+  }
+
+  void Expect(bool holds) const {
+    if (!holds) {
+      Refuse("not a fault");
+    }
+  }
+
+  [[noreturn]] void Refuse(const std::string& why) const {
+    constexpr size_t kShown = 60;
+    const std::string_view begin = FirstCharacters(text_, kShown);
+    throw std::invalid_argument(why + ": " + std::string(begin) +
+                                (begin.size() < text_.size() ? "…" : ""));
+  }
+
+  std::string_view text_;
+  std::string_view rest_;  // what is still to be read
+};
 
 }  // namespace
 
-Fault ParseFault(const std::string& text) {
-  static const std::regex form(
-      R"(([a-z-]+)(?:=(-?\d{1,15}))?(?:@([a-z]+)=(\d{1,15}))?(?:x(\d{1,15}|\*|\d{1,3}%))?)");
-  std::smatch parts;
-  const FaultRow* row =
-      std::regex_match(text, parts, form) ? RowNamed(parts[1]) : nullptr;
-  if (row == nullptr || parts[2].matched == row->value.empty() ||
-      (parts[3].matched && parts[3].str() != row->where)) {
-    throw std::invalid_argument("not a fault: " + text);
-  }
-  const auto number = [&](size_t part) {
-    return *ParseInteger(parts[part].str());
-  };
-  Fault fault{row->kind, 0, 1, 1, 0};
-  if (parts[2].matched) {
-    fault.value = number(2);
-  }
-  if (parts[4].matched) {
-    fault.position = static_cast<uint64_t>(number(4));
-  }
-  if (parts[5].matched) {
-    SetTimes(fault, parts[5].str());
-  }
-  constexpr int64_t kMostError = 9999;
-  if (fault.kind == FaultKind::kRefuse &&
-      (fault.value < 1 || fault.value > kMostError)) {
-    throw std::invalid_argument("an error is 1 to 9999: " + text);
-  }
-  if (fault.position == 0 && fault.kind != FaultKind::kPaperOut) {
-    throw std::invalid_argument("counting begins at 1: " + text);
-  }
-  return fault;
-}
+Fault ParseFault(const std::string& text) { return FaultReader(text).Read(); }
 
 std::string FormOf(const FaultRow& row) {
   std::string form(row.name);

@@ -13,6 +13,8 @@
 #include <string>
 #include <string_view>
 
+#include "printer/protocol/numbers.h"
+
 namespace quilon::printer {
 
 enum class FaultKind {
@@ -38,7 +40,13 @@ struct FaultRow {
   std::string_view where;   // what is counted
   std::string_view effect;  // what the printer is to do
   std::string_view example;
+  // The bounds of the value, where there is one.
+  int64_t least = 0;
+  int64_t most = 0;
 };
+
+// A day, in milliseconds.
+inline constexpr int64_t kMostDelay = 86'400'000;
 
 inline constexpr FaultRow kFaultTable[] = {
     {FaultKind::kBookNothing, "book-nothing", "", "document",
@@ -46,7 +54,8 @@ inline constexpr FaultRow kFaultTable[] = {
     {FaultKind::kBookTwice, "book-twice", "", "document",
      "print the document, book it twice", "book-twice"},
     {FaultKind::kBookOther, "book-other", "GROSZE", "document",
-     "book so many grosze more (or, negative, less)", "book-other=-100x*"},
+     "book so many grosze more (or, negative, less)", "book-other=-100x*",
+     -kMaxAmount, kMaxAmount},
     {FaultKind::kLoseClosing, "lose-closing", "", "document",
      "behave as if the closing command had never come",
      "lose-closing@document=3"},
@@ -61,13 +70,14 @@ inline constexpr FaultRow kFaultTable[] = {
     {FaultKind::kCut, "cut", "", "byte",
      "lose that byte and close the connection", "cut@byte=57x3"},
     {FaultKind::kLate, "late", "MILLISECONDS", "answer",
-     "send that answer so much later", "late=800@answer=1x10%"},
+     "send that answer so much later", "late=800@answer=1x10%", 0, kMostDelay},
     {FaultKind::kPaperOut, "paper-out", "", "line",
      "run out of paper after that line", "paper-out@line=12"},
     {FaultKind::kBadChecksum, "bad-checksum", "", "frame",
      "take that frame's checksum for wrong", "bad-checksum@frame=4"},
     {FaultKind::kRefuse, "refuse", "ERROR", "frame",
-     "refuse that frame with this error number", "refuse=1086@frame=5"},
+     "refuse that frame with this error number", "refuse=1086@frame=5", 1,
+     9999},
     {FaultKind::kGarble, "garble", "", "answer",
      "send that answer with a wrong byte", "garble@answer=1x5%"},
 };
@@ -87,7 +97,8 @@ struct Fault {
   static constexpr uint64_t kWithoutEnd = UINT64_MAX;
 };
 
-// Throws std::invalid_argument when the text is not a fault.
+// Throws std::invalid_argument, which says why, when the text is not a fault or
+// a number in it is out of bounds.
 Fault ParseFault(const std::string& text);
 
 }  // namespace quilon::printer

@@ -1,5 +1,6 @@
 #include "printer/fiscal/fault_table.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -51,6 +52,47 @@ TEST(ParseFault, RefusesEverythingElse) {
                             "garble@byte=1"}) {
     EXPECT_THROW(ParseFault(wrong), std::invalid_argument) << wrong;
   }
+}
+
+// What is said about a fault that cannot be ordered.
+std::string Complaint(const std::string& text) {
+  try {
+    ParseFault(text);
+  } catch (const std::invalid_argument& failure) {
+    return failure.what();
+  }
+  return {};
+}
+
+TEST(ParseFault, RefusesALongTextAndShowsItsBegin) {
+  EXPECT_EQ(Complaint(std::string(100'000, 'a')),
+            "not a fault: " + std::string(60, 'a') + "…");
+  EXPECT_EQ(Complaint("cut@byte=" + std::string(100'000, '1')),
+            "not a fault: cut@byte=" + std::string(51, '1') + "…");
+}
+
+TEST(ParseFault, TakesValuesUpToTheirLimitsAndSaysThem) {
+  EXPECT_EQ(ParseFault("late=86400000").value, 86'400'000);
+  EXPECT_EQ(Complaint("late=86400001"),
+            "MILLISECONDS is 0 to 86400000: late=86400001");
+  EXPECT_EQ(Complaint("late=999999999999999"),
+            "MILLISECONDS is 0 to 86400000: late=999999999999999");
+  EXPECT_EQ(Complaint("late=-1"), "MILLISECONDS is 0 to 86400000: late=-1");
+  EXPECT_EQ(ParseFault("book-other=-9999999999").value, -9'999'999'999);
+  EXPECT_EQ(Complaint("book-other=10000000000"),
+            "GROSZE is -9999999999 to 9999999999: book-other=10000000000");
+  EXPECT_EQ(ParseFault("refuse=9999").value, 9999);
+  EXPECT_EQ(Complaint("refuse=0"), "ERROR is 1 to 9999: refuse=0");
+  EXPECT_EQ(ParseFault("cut@byte=1000000000x1000000000").position,
+            1'000'000'000U);
+  EXPECT_EQ(Complaint("cut@byte=1000000001"),
+            "N is 1 to 1000000000: cut@byte=1000000001");
+  EXPECT_EQ(Complaint("cut@byte=0"), "N is 1 to 1000000000: cut@byte=0");
+  EXPECT_EQ(Complaint("paper-out@line=-1"),
+            "N is 0 to 1000000000: paper-out@line=-1");
+  EXPECT_EQ(Complaint("cutx1000000001"),
+            "TIMES is 0 to 1000000000: cutx1000000001");
+  EXPECT_EQ(Complaint("cutx101%"), "the percentage is 1 to 100: cutx101%");
 }
 
 TEST(FaultTable, SaysHowAFaultIsWritten) {
