@@ -6,6 +6,7 @@
 
 #include "printer/fiscal/device.h"
 #include "printer/protocol/hex.h"
+#include "printer/protocol/json_text.h"
 #include "printer/protocol/mazovia.h"
 
 namespace quilon::printer {
@@ -148,7 +149,7 @@ std::string StateText(const Device& device) {
 
 void RestoreState(Device& device, const std::string& text) {
   try {
-    Restore(device, json::parse(text));
+    Restore(device, ParseJson(text));
   } catch (const std::exception& failure) {
     throw std::runtime_error(std::string("not a printer's state: ") +
                              failure.what());

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "printer/commands/command_table.h"
+#include "printer/protocol/json_text.h"
 #include "printer/protocol/numbers.h"
 
 namespace quilon::printer {
@@ -172,11 +173,11 @@ std::vector<std::string> CompareDocument(const ExpectedDocument& expected,
 }  // namespace
 
 AcceptanceScript ParseScript(const std::string& text) {
-  constexpr bool kExceptions = true;
-  constexpr bool kComments = true;
   try {
-    return ScriptOf(json::parse(text, nullptr, kExceptions, kComments));
+    return ScriptOf(ParseJson(text, JsonComments::kAllowed));
   } catch (const json::exception& failure) {
+    Refuse(failure.what());
+  } catch (const std::invalid_argument& failure) {
     Refuse(failure.what());
   }
 }

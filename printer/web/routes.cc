@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "printer/fiscal/fault_table.h"
+#include "printer/protocol/json_text.h"
 #include "printer/protocol/numbers.h"
 #include "printer/virtual_printer.h"
 #include "printer/watch/embedded.h"
@@ -207,7 +208,7 @@ WebResponse Routes::Obey(const WebRequest& request) const {
     return RefuseRequest(kForbidden, "the token is missing or wrong");
   }
   try {
-    const json details = json::parse(request.body);
+    const json details = ParseJson(request.body);
     const auto name = details.at("order").get<std::string>();
     if (name == "tear-off") {
       journal_.TearOff();

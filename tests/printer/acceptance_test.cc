@@ -159,6 +159,8 @@ TEST(AcceptanceScript, SaysWhatIsWrong) {
             begin + "\"refused\" should be 0 to 86400");
   EXPECT_EQ(complaint(R"({"documents": [], "quiet_seconds": "1"})"),
             begin + "\"quiet_seconds\" should be 0 to 86400");
+  EXPECT_EQ(complaint(std::string(100'000, '[') + std::string(100'000, ']')),
+            begin + "JSON nested deeper than 32");
   for (const char* text :
        {"", "{", R"({"documents": [{"kind": 1}]})", "\xFF",
         R"({"documents": [{"kind": "slip", "lines": "x"}]})"}) {

@@ -80,6 +80,18 @@ TEST(State, RefusesWhatIsNoState) {
   }
 }
 
+TEST(State, RefusesWhatIsNestedDeeply) {
+  Bench bench;
+  try {
+    RestoreState(bench.device,
+                 std::string(100'000, '[') + std::string(100'000, ']'));
+    FAIL();
+  } catch (const std::runtime_error& failure) {
+    EXPECT_STREQ(failure.what(),
+                 "not a printer's state: JSON nested deeper than 32");
+  }
+}
+
 TEST(State, BeginsAnewWithoutAFile) {
   const Folder folder;
   Bench bench;

@@ -256,6 +256,16 @@ TEST_F(Web, RefusesWhatIsNoOrder) {
       HasSubstr("not a fault: cut@line=1"));
 }
 
+TEST_F(Web, RefusesAnOrderThatIsNestedDeeply) {
+  // As deep as a request has room for.
+  const std::string order = R"({"order": "refuse-next", "error": )" +
+                            std::string(8'000, '[') + std::string(8'000, ']') +
+                            "}";
+  const Response response = Post(order, Token());
+  EXPECT_EQ(response.status, 400);
+  EXPECT_EQ(response.body, "JSON nested deeper than 32\n");
+}
+
 TEST_F(Web, TellsTheNewsAsItHappens) {
   NewsReader reader(Port());
   const std::string begin = reader.ReadUpTo("event: status\n");
