@@ -15,7 +15,12 @@ boost::asio::ip::address AddressOf(std::string text) {
   if (text.front() == '[' && text.back() == ']') {
     text = text.substr(1, text.size() - 2);
   }
-  return boost::asio::ip::make_address(text);
+  boost::system::error_code failure;
+  const auto address = boost::asio::ip::make_address(text, failure);
+  if (failure) {
+    throw std::runtime_error("not an IP address: " + text);
+  }
+  return address;
 }
 
 }  // namespace

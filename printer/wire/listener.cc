@@ -1,9 +1,11 @@
 #include "printer/wire/listener.h"
 
 #include <chrono>
+#include <stdexcept>
 #include <utility>
 
 #include "printer/wire/claim_address.h"
+#include "printer/wire/endpoint.h"
 
 namespace quilon::printer {
 namespace {
@@ -15,12 +17,16 @@ using boost::system::error_code;
 
 Listener::Listener(boost::asio::io_context& context,
                    const tcp::endpoint& endpoint, Handler handler)
-    : acceptor_(context, endpoint.protocol()),
-      pause_(context),
-      handler_(std::move(handler)) {
-  ClaimAddress(acceptor_);
-  acceptor_.bind(endpoint);
-  acceptor_.listen();
+    : acceptor_(context), pause_(context), handler_(std::move(handler)) {
+  try {
+    acceptor_.open(endpoint.protocol());
+    ClaimAddress(acceptor_);
+    acceptor_.bind(endpoint);
+    acceptor_.listen();
+  } catch (const boost::system::system_error& failure) {
+    throw std::runtime_error("cannot listen on " + TextOf(endpoint) + ": " +
+                             failure.code().message());
+  }
   Accept();
 }
 

@@ -193,7 +193,13 @@ TEST(VirtualPrinter, CannotTakeAPortTwice) {
   const VirtualPrinter first;
   VirtualPrinter::Options options;
   options.tcp = "127.0.0.1:" + std::to_string(first.tcp_port());
-  EXPECT_THROW(VirtualPrinter{options}, std::runtime_error);
+  try {
+    const VirtualPrinter second(options);
+    FAIL();
+  } catch (const std::runtime_error& failure) {
+    EXPECT_THAT(failure.what(),
+                testing::StartsWith("cannot listen on " + options.tcp + ": "));
+  }
 }
 
 }  // namespace
