@@ -3,8 +3,10 @@
 #include <chrono>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <system_error>
 #include <thread>
+#include <utility>
 
 #include "printer/fiscal/state.h"
 
@@ -29,6 +31,19 @@ bool Replace(const std::filesystem::path& path,
 }
 
 }  // namespace
+
+StateFile::StateFile(std::filesystem::path path) : path_(std::move(path)) {
+  if (path_.empty()) {
+    return;
+  }
+  std::filesystem::path beside = path_;
+  beside += ".lock";
+  lock_ = LockFile(beside);
+  if (!lock_) {
+    throw std::runtime_error("another printer keeps its state in " +
+                             path_.string());
+  }
+}
 
 void StateFile::Load(Device& device) {
   if (path_.empty() || !std::filesystem::exists(path_)) {

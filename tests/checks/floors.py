@@ -72,8 +72,11 @@ class Tree:
 
 
 def folder_of(name):
-    """The top folder, in src/ and printer/ the floor's folder: "tests", "src/log", "printer", "printer/wire"."""
-    folders = name.split("/")[:-1]
+    """The top folder, in src/ and printer/ the floor's folder: "tests", "src/log", "printer", "printer/wire".
+
+    A system's folder is part of the one that it lies in.
+    """
+    folders = [folder for folder in name.split("/")[:-1] if folder not in ("posix", "win32")]
     return "/".join(folders[:2] if folders[0] in ("src", "printer") else folders[:1])
 
 

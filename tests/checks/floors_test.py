@@ -101,6 +101,7 @@ class FloorsTest(unittest.TestCase):
                 "printer/wire/a.cc": '#include "printer/commands/table.h"\n#include "printer/watch/json.h"\n',
                 "printer/fiscal/a.cc": '#include "printer/commands/table.h"\n',
                 "printer/printer.h": '#include "printer/watch/json.h"\n',
+                "printer/posix/a.cc": '#include "printer/watch/json.h"\n',
                 "printer/misc/a.cc": "",
             }), [
                 "printer/fiscal/a.cc must not include printer/commands/table.h",

@@ -103,16 +103,36 @@ TEST(State, BeginsAnewWithoutAFile) {
 
 TEST(State, SaysWhenItCannotBeKept) {
   const Folder folder;
+  EXPECT_THROW(StateFile(folder.file() / "no" / "folder"), std::runtime_error);
   Bench bench;
-  EXPECT_FALSE(StateFile(folder.file() / "no" / "folder").Save(bench.device));
+  StateFile file(folder.file());
+  // Stands where the next state is written.
+  std::filesystem::create_directory(folder.file().string() + ".new");
+  EXPECT_FALSE(file.Save(bench.device));
+}
+
+TEST(State, IsKeptByOnePrinterAtATime) {
+  const Folder folder;
+  VirtualPrinter::Options options;
+  options.state_file = folder.file();
+  {
+    const VirtualPrinter first(options);
+    try {
+      const VirtualPrinter second(options);
+      FAIL();
+    } catch (const std::runtime_error& failure) {
+      EXPECT_EQ(failure.what(),
+                "another printer keeps its state in " + folder.file().string());
+    }
+  }
+  const VirtualPrinter third(options);
 }
 
 TEST(State, IsKeptBeforeTheAnswerGoesOut) {
   const Folder folder;
   Bench bench;
-  StateFile file(folder.file());
   Use(bench);
-  EXPECT_TRUE(file.Save(bench.device));
+  EXPECT_TRUE(StateFile(folder.file()).Save(bench.device));
   {
     std::ifstream stream(folder.file(), std::ios::binary);
     const std::string text{std::istreambuf_iterator<char>(stream), {}};
