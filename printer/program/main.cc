@@ -140,6 +140,7 @@ int Run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
+    SecureStandardStreams();
     return Run(argc, argv);
   } catch (const std::exception& failure) {
     std::cerr << "quilon-printer: " << failure.what() << std::endl;

@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kNumberWidth = 6;
 
-void Complain(const std::filesystem::path& path) {
-  std::cerr << "quilon-printer: cannot write " << path.string() << std::endl;
+void Complain(const std::string& where) {
+  std::cerr << "quilon-printer: cannot write " << where << std::endl;
 }
 
 int64_t LeadingNumber(const std::string& name) {
@@ -35,12 +35,14 @@ LineFile::LineFile(const std::filesystem::path& path)
 
 void LineFile::Write(const std::string& line) {
   if (file_ && !(file_ << line << std::endl)) {
-    Complain(path_);
+    Complain(path_.string());
   }
 }
 
 void PaperOutput::OnLine(const std::string& line) {
-  std::cout << line << std::endl;
+  if (std::cout && !(std::cout << line << std::endl)) {
+    Complain("the standard output");
+  }
 }
 
 void TrafficLog::OnExchange(const Exchange& exchange) {
@@ -63,7 +65,7 @@ void PictureFolder::OnPrintout(const Printout& printout) {
   std::ofstream file(path, std::ios::binary);
   file << PictureOf(printout.lines);
   if (!file.flush()) {
-    Complain(path);
+    Complain(path.string());
   }
 }
 

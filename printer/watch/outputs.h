@@ -26,7 +26,8 @@ class LineFile {
   std::ofstream file_;
 };
 
-// The paper as text on the standard output.
+// The paper as text on the standard output. When it cannot be written there any
+// more, that is said once on the standard error, and the printer goes on.
 class PaperOutput : public Watcher {
  public:
   void OnLine(const std::string& line) override;

@@ -6,4 +6,7 @@ namespace quilon::printer {
 
 void UseUtf8Console() { SetConsoleOutputCP(CP_UTF8); }
 
+// Here all of it is so anyway.
+void SecureStandardStreams() {}
+
 }  // namespace quilon::printer
