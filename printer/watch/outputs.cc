@@ -5,6 +5,7 @@
 #include <iostream>
 #include <sstream>
 #include <stdexcept>
+#include <utility>
 
 #include "printer/watch/json.h"
 #include "printer/watch/picture.h"
@@ -16,6 +17,15 @@ constexpr int kNumberWidth = 6;
 
 void Complain(const std::string& where) {
   std::cerr << "quilon-printer: cannot write " << where << std::endl;
+}
+
+void Draw(const std::filesystem::path& path,
+          const std::vector<std::string>& lines) {
+  std::ofstream file(path, std::ios::binary);
+  file << PictureOf(lines);
+  if (!file.flush()) {
+    Complain(path.string());
+  }
 }
 
 int64_t LeadingNumber(const std::string& name) {
@@ -55,17 +65,43 @@ PictureFolder::PictureFolder(std::filesystem::path folder)
   for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
     last_ = std::max(last_, LeadingNumber(entry.path().stem().string()));
   }
+  worker_ = std::thread([this] { Work(); });
+}
+
+PictureFolder::~PictureFolder() {
+  {
+    const std::scoped_lock lock(mutex_);
+    ending_ = true;
+  }
+  changed_.notify_all();
+  worker_.join();
 }
 
 void PictureFolder::OnPrintout(const Printout& printout) {
   std::ostringstream name;
   name << std::setfill('0') << std::setw(kNumberWidth) << ++last_ << "-"
        << NameOf(printout.kind) << ".png";
-  const std::filesystem::path path = folder_ / name.str();
-  std::ofstream file(path, std::ios::binary);
-  file << PictureOf(printout.lines);
-  if (!file.flush()) {
-    Complain(path.string());
+  {
+    std::unique_lock lock(mutex_);
+    changed_.wait(lock, [this] { return orders_.size() < kMostWaiting; });
+    orders_.push_back({folder_ / name.str(), printout.lines});
+  }
+  changed_.notify_all();
+}
+
+void PictureFolder::Work() {
+  std::unique_lock lock(mutex_);
+  while (true) {
+    changed_.wait(lock, [this] { return ending_ || !orders_.empty(); });
+    if (orders_.empty()) {
+      return;
+    }
+    const Order order = std::move(orders_.front());
+    orders_.pop_front();
+    lock.unlock();
+    changed_.notify_all();
+    Draw(order.path, order.lines);
+    lock.lock();
   }
 }
 

@@ -2,10 +2,16 @@
 #ifndef PRINTER_WATCH_OUTPUTS_H_
 #define PRINTER_WATCH_OUTPUTS_H_
 
+#include <condition_variable>
+#include <cstddef>
+#include <cstdint>
+#include <deque>
 #include <filesystem>
 #include <fstream>
-#include <ostream>
+#include <mutex>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "printer/watch/watcher.h"
 
@@ -55,17 +61,38 @@ class TrafficLog : public Watcher {
 
 // Every printout as a picture of its own, named by its number and its kind:
 // "000017-receipt.png". The numbers go on behind the pictures that the folder
-// already holds.
+// already holds. They are drawn one after the other on a thread of their own,
+// so that the printer goes on meanwhile; it waits only when kMostWaiting have
+// not been drawn yet. The destructor draws what is left.
 class PictureFolder : public Watcher {
  public:
   // Makes the folder when it is not there; throws std::filesystem_error when it
   // cannot.
   explicit PictureFolder(std::filesystem::path folder);
+  PictureFolder(const PictureFolder&) = delete;
+  PictureFolder& operator=(const PictureFolder&) = delete;
+  ~PictureFolder() override;
   void OnPrintout(const Printout& printout) override;
 
  private:
+  static constexpr size_t kMostWaiting = 1000;
+
+  struct Order {
+    std::filesystem::path path;
+    std::vector<std::string> lines;
+  };
+
+  // Draws until the end.
+  void Work();
+
   std::filesystem::path folder_;
   int64_t last_ = 0;
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::deque<Order> orders_;
+  bool ending_ = false;
+  std::thread worker_;
 };
 
 }  // namespace quilon::printer

@@ -1,5 +1,6 @@
 """quilon-printer as a process, and what a client says to it; for the tests of the program."""
 
+import io
 import pathlib
 import queue
 import socket
@@ -80,13 +81,13 @@ class Lines:
 
 
 class Printer:
-    """A running printer."""
+    """A running printer; `paper` holds the lines of its standard output unless that goes elsewhere."""
 
-    def __init__(self, command, *options):
+    def __init__(self, command, *options, stdout=subprocess.PIPE):
         self.process = subprocess.Popen(
-            [*command, *map(str, options)], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.PIPE
+            [*command, *map(str, options)], stdin=subprocess.DEVNULL, stdout=stdout, stderr=subprocess.PIPE
         )
-        self.paper = Lines(self.process.stdout)
+        self.paper = Lines(self.process.stdout or io.BytesIO())
         self.messages = Lines(self.process.stderr)
 
     def expect(self, begin):

@@ -13,7 +13,7 @@ import sys
 import tempfile
 import unittest
 
-from printer_process import ENQ, ESC, HEADER, RECEIPT, Printer, books, connect, framed
+from printer_process import ENQ, ESC, HEADER, RECEIPT, Printer, ask, books, connect, framed
 
 COMMAND = []
 FAULTS = [
@@ -43,8 +43,8 @@ class Program(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name).relative_to(os.getcwd())
 
-    def start(self, *options, tcp="127.0.0.1:0"):
-        printer = Printer(COMMAND, "--tcp", tcp, *options)
+    def start(self, *options, tcp="127.0.0.1:0", **streams):
+        printer = Printer(COMMAND, "--tcp", tcp, *options, **streams)
         self.addCleanup(printer.stop)
         return printer
 
@@ -57,11 +57,11 @@ class Program(unittest.TestCase):
                 received += part
             return received
 
-    def run_script(self, script, frames):
+    def run_script(self, script, frames, *options):
         """The exit status and the messages of an acceptance of what these frames print."""
         path = self.folder / "script.json"
         path.write_text(json.dumps(script) if isinstance(script, dict) else script, encoding="utf-8")
-        printer = self.start("--script", path)
+        printer = self.start("--script", path, *options)
         if frames is not None:
             self.send(printer.port(), frames)
         messages = printer.messages.rest()
@@ -81,6 +81,31 @@ class Program(unittest.TestCase):
         printer.port()
         self.assertEqual(printer.stop(), 0)
 
+    def test_goes_on_when_nobody_reads_its_paper(self):
+        reading, writing = os.pipe()
+        os.close(reading)
+        printer = self.start(stdout=writing)
+        os.close(writing)
+        port = printer.port()
+        for _ in range(2):
+            self.assertEqual(self.send(port, RECEIPT), b"\x6d")
+        self.assertEqual(books(port), (2, 1800))
+        printer.stop()
+        self.assertEqual(printer.messages.rest(), ["quilon-printer: cannot write the standard output"])
+
+    def test_takes_nothing_for_a_standard_output_that_was_closed(self):
+        if not is_native():
+            self.skipTest("the numbers of streams are Linux's")
+        path = self.folder / "state.json"
+        printer = Printer(["/bin/sh", "-c", 'exec "$@" >&-', "sh", *COMMAND], "--tcp", "127.0.0.1:0", "--state", path)
+        self.addCleanup(printer.stop)
+        with connect(printer.port()) as client:
+            client.sendall(RECEIPT)
+            # All that the client hears is the answer, no paper.
+            self.assertTrue(ask(client, ESC + b"P#n" + ESC + b"\\").startswith(ESC + b"P#E"))
+        self.assertEqual(printer.stop(), 0)
+        self.assertEqual(printer.messages.rest(), ["quilon-printer: cannot write the standard output"])
+
     def test_appends_its_paper_to_a_file(self):
         path = self.folder / "paper.txt"
         for _ in range(2):
@@ -94,10 +119,13 @@ class Program(unittest.TestCase):
 
     def test_draws_every_printout(self):
         folder = self.folder / "pictures/of receipts"
+        script = {"quiet_seconds": 0,
+                  "documents": [{"kind": "receipt"}, {"kind": "cancelled"}, {"kind": "report"}]}
         for _ in range(2):
-            printer = self.start("--png", folder)
-            self.send(printer.port(), RECEIPT + HEADER + framed(b"0$e") + framed(b"0#r"))
-            printer.stop()
+            # At an orderly end, as that of a script, all are there.
+            status, messages = self.run_script(
+                script, RECEIPT + HEADER + framed(b"0$e") + framed(b"0#r"), "--png", folder)
+            self.assertEqual(status, 0, messages)
         self.assertEqual(
             sorted(path.name for path in folder.iterdir()),
             ["000001-receipt.png", "000002-cancelled.png", "000003-report.png",
@@ -107,6 +135,21 @@ class Program(unittest.TestCase):
         self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n")
         # 57 mm of 8 dots; a margin of 40 dots above and below, nine lines of 22
         self.assertEqual(struct.unpack(">2I", picture[16:24]), (456, 80 + 9 * 22))
+
+    def test_goes_on_while_a_picture_is_drawn(self):
+        if not is_native():
+            self.skipTest("Windows has no FIFOs in folders")
+        printer = self.start("--png", self.folder)
+        port = printer.port()
+        slow = self.folder / "000001-receipt.png"
+        os.mkfifo(slow)
+        try:
+            for _ in range(2):
+                self.assertEqual(self.send(port, RECEIPT), b"\x6d")
+        finally:
+            self.assertEqual(slow.read_bytes()[:4], b"\x89PNG")
+        self.assertEqual(printer.stop(), 0)
+        self.assertEqual((self.folder / "000002-receipt.png").read_bytes()[:4], b"\x89PNG")
 
     def test_logs_the_traffic(self):
         path = self.folder / "traffic.jsonl"
@@ -138,6 +181,20 @@ class Program(unittest.TestCase):
             self.send(port, RECEIPT)
             self.assertEqual(books(port), (receipts, 900 * receipts))
             printer.stop()
+
+    def test_shares_its_state_with_no_other_printer(self):
+        path = self.folder / "state.json"
+        first = self.start("--state", path)
+        port = first.port()
+        second = self.start("--state", path)
+        self.assertEqual(second.process.wait(60), 1)
+        self.assertEqual(second.messages.rest(), [f"quilon-printer: another printer keeps its state in {path}"])
+        self.assertEqual(self.send(port, RECEIPT), b"\x6d")
+        # However a printer ends, the next one may have its state.
+        first.process.kill()
+        first.stop()
+        third = self.start("--state", path)
+        self.assertEqual(books(third.port()), (1, 900))
 
     def test_misbehaves_by_chance_the_same_for_the_same_seed(self):
         def answers(seed):
@@ -213,8 +270,10 @@ class Program(unittest.TestCase):
 
     def test_takes_no_port_that_is_taken(self):
         port = self.start().port()
-        second = self.start(tcp=f"127.0.0.1:{port}")
-        self.assertNotEqual(second.process.wait(60), 0)
+        web = ["--web", f"127.0.0.1:{port}"]
+        for second in (self.start(tcp=f"127.0.0.1:{port}"), self.start(*web)):
+            self.assertEqual(second.process.wait(60), 1)
+            self.assertRegex(second.messages.rest()[0], f"^quilon-printer: cannot listen on 127.0.0.1:{port}: .")
 
     def test_prints_its_page_address(self):
         printer = self.start("--web", "127.0.0.1:0")
