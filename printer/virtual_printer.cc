@@ -42,8 +42,9 @@ std::chrono::local_seconds SystemClock() {
 
 }  // namespace
 
-// The mutex guards the device, what is kept of it, and the watchers; everything
-// else belongs to the printer's thread once that runs.
+// The mutex guards the device and what is kept of it, also for the watchers;
+// the other one the watchers. Everything else belongs to the printer's thread
+// once that runs.
 class VirtualPrinter::Engine {
  public:
   explicit Engine(Options options)
@@ -65,6 +66,7 @@ class VirtualPrinter::Engine {
           Tell(&Watcher::OnPrintout, printout);
         });
     TellStatus();
+    Deliver();
     OpenWires(options);
     thread_ = std::thread([this] { context_.run(); });
   }
@@ -96,6 +98,7 @@ class VirtualPrinter::Engine {
       change(device_);
       TellStatus();
     }
+    Deliver();
     changed_.notify_all();
   }
 
@@ -152,10 +155,28 @@ class VirtualPrinter::Engine {
     }
   }
 
-  template <typename News>
-  void Tell(void (Watcher::*call)(const News&), const News& news) {
-    for (Watcher* watcher : watchers_) {
-      (watcher->*call)(news);
+  template <typename What>
+  void Tell(void (Watcher::*call)(const What&), const What& what) {
+    if (!watchers_.empty()) {
+      news_.push_back(
+          [call, what](Watcher& watcher) { (watcher.*call)(what); });
+    }
+  }
+
+  // Lets the watchers hear what they were not told yet. They may be slow, and
+  // whoever asks for a snapshot does not wait for them. Another thread's news
+  // may be among it; that thread then waits here until it is told.
+  void Deliver() {
+    const std::scoped_lock delivering(delivery_mutex_);
+    std::vector<News> news;
+    {
+      const std::scoped_lock lock(mutex_);
+      news.swap(news_);
+    }
+    for (const News& tell : news) {
+      for (Watcher* watcher : watchers_) {
+        tell(*watcher);
+      }
     }
   }
 
@@ -192,10 +213,14 @@ class VirtualPrinter::Engine {
   Device device_;
   StateFile state_file_;
   std::deque<std::string> frames_;
-  std::vector<Watcher*> watchers_;
+  using News = std::function<void(Watcher&)>;
+  std::vector<News> news_;  // not delivered yet
   std::optional<Status> told_status_;
   int64_t exchanges_ = 0;
   int64_t clients_ = 0;
+
+  std::mutex delivery_mutex_;
+  const std::vector<Watcher*> watchers_;
 
   asio::io_context context_;
   // Keeps the thread waiting while the gate holds back the only client.

@@ -12,8 +12,9 @@ namespace quilon::printer {
 
 // Called one call at a time and in the order in which things happen, on the
 // printer's thread or on the one that presses its buttons. What a client's
-// bytes bring about is told before the answer goes out. A watcher must not call
-// the printer, and holds it up as long as it takes.
+// bytes bring about is told before the answer goes out. A watcher may ask the
+// printer, which may be further already, but press no buttons, and holds up all
+// clients as long as it takes.
 class Watcher {
  public:
   Watcher() = default;
