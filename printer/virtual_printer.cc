@@ -51,7 +51,8 @@ class VirtualPrinter::Engine {
       : device_(options.clock ? std::move(options.clock) : Clock(SystemClock)),
         state_file_(std::move(options.state_file)),
         watchers_(std::move(options.watchers)),
-        latency_(options.latency) {
+        latency_(options.latency),
+        frame_patience_(options.frame_patience) {
     state_file_.Load(device_);
     if (!state_file_.Save(device_)) {
       throw std::runtime_error("cannot write the state file");
@@ -130,19 +131,23 @@ class VirtualPrinter::Engine {
           Note({++exchanges_, std::chrono::system_clock::now(), client,
                 std::move(event), std::move(outcome.answer), outcome.error});
         });
-    return [this, line](std::string_view bytes) {
-      Reaction reaction;
-      Apply([&](Device& device) {
-        reaction = line->Receive(bytes);
-        if (!state_file_.Save(device)) {
-          device.Refuse(kUnsavedState);
-        }
-      });
-      if (!reaction.answer.empty()) {
-        reaction.delay += latency_;
-      }
-      return reaction;
-    };
+    return
+        [this, line](std::string_view bytes, std::chrono::nanoseconds silence) {
+          Reaction reaction;
+          Apply([&](Device& device) {
+            if (silence >= frame_patience_) {
+              line->ForgetUnfinished();
+            }
+            reaction = line->Receive(bytes);
+            if (!state_file_.Save(device)) {
+              device.Refuse(kUnsavedState);
+            }
+          });
+          if (!reaction.answer.empty()) {
+            reaction.delay += latency_;
+          }
+          return reaction;
+        };
   }
 
   void Note(Exchange exchange) {
@@ -230,6 +235,7 @@ class VirtualPrinter::Engine {
   Gate gate_;
 
   const std::chrono::milliseconds latency_;
+  const std::chrono::milliseconds frame_patience_;
   std::unique_ptr<Wire> tcp_;
   std::unique_ptr<Wire> pty_;
   std::unique_ptr<Wire> serial_;

@@ -55,6 +55,9 @@ class VirtualPrinter {
     uint32_t baud = 0;
     // How much later every answer goes out.
     std::chrono::milliseconds latency{0};
+    // When a client is silent so long within a frame, what came of that is
+    // dropped.
+    std::chrono::milliseconds frame_patience{2000};
     // Where the printer's memory is kept; empty: nowhere. Read at the start if
     // it is there, replaced after every change, before the answer goes out.
     std::filesystem::path state_file;

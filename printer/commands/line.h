@@ -32,6 +32,8 @@ class Line {
 
   // Takes the next bytes. After a hang-up the line takes no more.
   Reaction Receive(std::string_view bytes);
+  // The client has given up the frame that it has begun, if any.
+  void ForgetUnfinished() { parser_ = FrameParser(); }
 
  private:
   void React(Event event, Reaction& reaction);

@@ -2,6 +2,7 @@
 #ifndef PRINTER_WIRE_RECEIVER_H_
 #define PRINTER_WIRE_RECEIVER_H_
 
+#include <chrono>
 #include <functional>
 #include <string_view>
 #include <utility>
@@ -11,8 +12,10 @@
 
 namespace quilon::printer {
 
-// One client's way into the printer: takes received bytes, says what to do.
-using Receiver = std::function<Reaction(std::string_view bytes)>;
+// One client's way into the printer: takes received bytes, before which the
+// printer has listened so long in vain, and says what to do.
+using Receiver = std::function<Reaction(std::string_view bytes,
+                                        std::chrono::nanoseconds silence)>;
 // Called for every new client.
 using ReceiverMaker = std::function<Receiver()>;
 

@@ -9,6 +9,7 @@
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/steady_timer.hpp>
 #include <boost/asio/write.hpp>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -39,6 +40,7 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
         pause_(stream_->get_executor()) {}
 
   void Read() {
+    listening_since_ = Clock::now();
     stream_->async_read_some(
         boost::asio::buffer(input_, pace_in_.Piece(input_.size())),
         [self = this->shared_from_this()](
@@ -46,6 +48,7 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
           if (failure) {
             self->on_end_();
           } else {
+            self->silence_ = Clock::now() - self->listening_since_;
             self->At(self->pace_in_.Pass(count, Clock::now()),
                      [self, count] { self->Take(count); });
           }
@@ -78,7 +81,7 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
   }
 
   void React(std::string_view bytes) {
-    reaction_ = receiver_(bytes);
+    reaction_ = receiver_(bytes, silence_);
     written_ = 0;
     At(Clock::now() + reaction_.delay,
        [self = this->shared_from_this()] { self->Write(); });
@@ -118,6 +121,9 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
   Receiver receiver_;
   std::function<void()> on_end_;
   std::array<char, 4096> input_{};
+  // What lies in the wire while the printer does not listen is not late.
+  Clock::time_point listening_since_;
+  Clock::duration silence_{};
   Pace pace_in_;
   Pace pace_out_;
   Reaction reaction_;

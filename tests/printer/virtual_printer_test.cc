@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
 #include <stdexcept>
 #include <string>
 
@@ -60,6 +62,31 @@ TEST(VirtualPrinter, ForgetsWhatADeadClientLeftUnfinished) {
   Client client(printer.tcp_port());
   client.Send("\x05");
   EXPECT_EQ(client.Read(1), "\x6D");
+}
+
+TEST(VirtualPrinter, ForgetsAFrameWithinWhichItsClientFallsSilent) {
+  VirtualPrinter::Options options;
+  // Every silence is too long.
+  options.frame_patience = std::chrono::milliseconds(0);
+  VirtualPrinter printer(options);
+  Client client(printer.tcp_port());
+  client.Send("\x05\x1BP0;0;0;1");
+  EXPECT_EQ(client.Read(1), "\x6D");
+  client.Send("\x10");
+  EXPECT_EQ(client.Read(1), "\x74");
+  client.Send(Framed(kReceipt[0]) + "\x05");
+  EXPECT_EQ(client.Read(1), "\x6E");
+}
+
+TEST(VirtualPrinter, WaitsForTheRestOfAFrame) {
+  VirtualPrinter::Options options;
+  options.frame_patience = std::chrono::hours(1);
+  VirtualPrinter printer(options);
+  Client client(printer.tcp_port());
+  client.Send("\x05\x1BP0;0;0;1");
+  EXPECT_EQ(client.Read(1), "\x6D");
+  client.Send(Framed(kReceipt[0]).substr(9) + "\x05");
+  EXPECT_EQ(client.Read(1), "\x6E");
 }
 
 TEST(VirtualPrinter, ServesAHundredClientsInARow) {
@@ -135,6 +162,34 @@ TEST(VirtualPrinter, TellsItsWatchersWhatHappensInOrder) {
                           "exchange 2 of 1: \x05 -> \x6E 0", "status: open",
                           "exchange 3 of 2: 1$Qb ->  1022",
                           "exchange 4 of 2: \x05 -> \x6A 0", "status: open"));
+}
+
+// Does not come back from a line of paper before it is let go.
+class SlowReader : public Watcher {
+ public:
+  void OnLine(const std::string& /*line*/) override {
+    begun.set_value();
+    go_on.get_future().wait();
+  }
+
+  std::promise<void> begun;
+  std::promise<void> go_on;
+};
+
+TEST(VirtualPrinter, CanBeAskedWhileAWatcherIsBusy) {
+  SlowReader watcher;
+  VirtualPrinter::Options options = BenchOptions();
+  options.watchers = {&watcher};
+  VirtualPrinter printer(std::move(options));
+  Client client(printer.tcp_port());
+  client.Send(Framed(kReceipt[0]) + "\x05");
+  watcher.begun.get_future().wait();
+  auto look =
+      std::async(std::launch::async, [&] { return printer.snapshot(); });
+  EXPECT_EQ(look.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+  watcher.go_on.set_value();
+  EXPECT_TRUE(look.get().document_open);
+  EXPECT_EQ(client.Read(1), "\x6E");
 }
 
 TEST(VirtualPrinter, TellsItsWatchersOfPrintouts) {
