@@ -16,7 +16,7 @@ boost::asio::ip::address AddressOf(std::string text) {
     text = text.substr(1, text.size() - 2);
   }
   boost::system::error_code failure;
-  const auto address = boost::asio::ip::make_address(text, failure);
+  auto address = boost::asio::ip::make_address(text, failure);
   if (failure) {
     throw std::runtime_error("not an IP address: " + text);
   }
