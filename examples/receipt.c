@@ -15,9 +15,8 @@
 #include "tasks/till.h"
 
 static DocumentHeader header = {
-    .line_count = 3,
-    .lines = {"Sklep \"Pod Źródłem\"", "ul. Żółkiewskiego 7, 31-539 Kraków",
-              "NIP 123-456-32-18"},
+    .line_count = 2,
+    .lines = {"Sklep \"Pod Źródłem\"", "ul. Żółkiewskiego 7, 31-539 Kraków"},
 };
 
 /* Quantities count 10^-8, amounts hundredths. A quantity may also be given as

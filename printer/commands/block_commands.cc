@@ -35,9 +35,9 @@ void CommunicationPort(const Device& /*device*/, Answer& answer) {
 // Five texts, four numbers
 void Owner(const Device& device, Answer& answer) {
   answer.Text(kDeviceName)
-      .Text("Sklep wzorcowy")
-      .Text("ul. Prosta 1")
-      .Text("00-001 Warszawa")
+      .Text(kOwner[0])
+      .Text(kOwner[1])
+      .Text(kOwner[2])
       .Text(kTaxNumber);
   answer.Integer(device.books.receipt_count)
       .Integer(device.books.invoice_count)

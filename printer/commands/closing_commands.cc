@@ -1,11 +1,13 @@
 #include <algorithm>
 #include <numeric>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
+#include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
 #include "printer/protocol/shape.h"
 
@@ -25,28 +27,27 @@ Adjustment ReceiptAdjustment(int64_t rate, int32_t kind, int64_t value) {
           value};
 }
 
-// What a closing says was paid in one form: when the payments came as commands
-// of their own, their sum; else the closing itself pays.
-int64_t PaidWithClosing(const Document& document, int form, int64_t amount) {
+// Takes what a closing says was paid in one form. When payments came as
+// commands of their own, it is their sum, and counts no second time.
+void TakePayment(const Document& document, int form, int64_t amount,
+                 Closing& closing) {
   if (amount < 0 || amount > kMaxAmount) {
     throw Refusal(kBadPayment);
   }
   if (document.payments.empty()) {
-    return amount;
-  }
-  if (document.Paid(form) != amount) {
+    if (amount > 0) {
+      closing.payments.push_back({form, 0, amount, {}});
+    }
+  } else if (SumOf(document.payments, form) != amount) {
     throw Refusal(kBadPayment);
   }
-  return 0;
 }
 
 std::vector<std::string> TextsOf(const Request& request, size_t count) {
-  return {request.values.begin(),
-          request.values.begin() + static_cast<ptrdiff_t>(count)};
+  return MazoviaToUtf8(std::span(request.values).first(count));
 }
 
-constexpr int kFirstForm = 6;
-constexpr int kSecondForm = 10;
+constexpr int kOtherForm = 10;
 
 }  // namespace
 
@@ -66,7 +67,9 @@ std::string CloseReceipt(Device& device, Request& request) {
   request.values = ReadShape(request.fields, std::string(texts, 't') + "aaa");
   Closing closing;
   closing.texts = TextsOf(request, texts);
-  closing.paid = request.Number(texts);
+  if (const int64_t paid = request.Number(texts); paid != 0) {
+    closing.payments.push_back({kCash, 0, paid, {}});
+  }
   closing.total = request.Number(texts + 1);
   closing.adjustment =
       ReceiptAdjustment(*rate, kind, request.Number(texts + 2));
@@ -107,12 +110,11 @@ std::string CloseWithTotals(Device& device, Request& request) {
   closing.adjustment = {AdjustmentModeOf(request.Integer(3)),
                         request.Number(kTexts + 1)};
   if (request.Integer(8) == 1) {
-    closing.paid += PaidWithClosing(*device.document, kFirstForm,
-                                    request.Number(kTexts + 6));
+    TakePayment(*device.document, kCash, request.Number(kTexts + 6), closing);
   }
   if (request.Integer(9) == 1) {
-    closing.paid += PaidWithClosing(*device.document, kSecondForm,
-                                    request.Number(kTexts + 7));
+    TakePayment(*device.document, kOtherForm, request.Number(kTexts + 7),
+                closing);
   }
   CloseDocument(device, closing);
   return {};
@@ -165,10 +167,15 @@ std::string CloseWithList(Device& device, Request& request) {
                         request.Number(texts + 1)};
   const Document& document = *device.document;
   if (document.payments.empty()) {
-    closing.paid = sum_of_amounts(payments, b + c);
-  } else if (sum_of_amounts(payments, b + c) != 0 &&
-             sum_of_amounts(payments, b + c) !=
-                 document.Paid(kFirstForm) + document.Paid(kSecondForm)) {
+    for (size_t i = 0; i < b + c; ++i) {
+      if (const int64_t amount = sum_of_amounts(payments + i, 1); amount != 0) {
+        closing.payments.push_back({i < b ? kCash : kOtherForm, 0, amount, {}});
+      }
+    }
+  } else if (const int64_t listed = sum_of_amounts(payments, b + c);
+             listed != 0 &&
+             listed != SumOf(document.payments, kCash) +
+                           SumOf(document.payments, kOtherForm)) {
     throw Refusal(kBadPayment);
   }
   CloseDocument(device, closing);

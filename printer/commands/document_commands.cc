@@ -1,26 +1,57 @@
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/document_text.h"
 #include "printer/protocol/mazovia.h"
-#include "printer/protocol/numbers.h"
 #include "printer/protocol/shape.h"
 
 namespace quilon::printer {
 namespace {
 
-void OpenDocument(Device& device, Series series) {
+void CheckThatNoneIsOpen(const Device& device) {
   if (device.document) {
     throw Refusal(kDocumentAlreadyOpen);
   }
   if (device.slip_open) {
     throw Refusal(kForbiddenNow);
   }
-  device.document = Document{series};
+}
+
+void OpenDocument(Device& device, Document document) {
+  document.begun = device.Now();
+  PrintHead(device.paper, document, device.NextRunningNumber());
+  device.document = std::move(document);
   device.last_document_closed = false;
   device.slip_attached = false;
+}
+
+// Texts and amounts as the request's shape says, the empty texts left out.
+Note NoteOf(const Request& request) {
+  std::string kinds(request.shape);
+  std::erase(kinds, '?');
+  Note note{std::string(request.title), {}};
+  for (size_t i = 0; i < request.values.size(); ++i) {
+    if (kinds[i] == 'a') {
+      note.fields.emplace_back(Note::Amount{request.Number(i)});
+    } else if (!request.values[i].empty()) {
+      note.fields.emplace_back(MazoviaToUtf8(request.values[i]));
+    }
+  }
+  return note;
+}
+
+// Outside a document a note stands on the paper by itself.
+std::string AddNote(Device& device, const Request& request) {
+  Note note = NoteOf(request);
+  PrintEntry(device.paper, note);
+  if (device.document) {
+    device.document->Add(std::move(note));
+  }
+  return {};
 }
 
 }  // namespace
@@ -28,17 +59,16 @@ void OpenDocument(Device& device, Series series) {
 // variant ";" line count ";0;1;" integer "$h" lines, each text CR, final text
 // CR
 std::string BeginReceipt(Device& device, Request& request) {
-  const int32_t variant = request.Integer(0, 0, 1);
+  request.Integer(0, 0, 1);
   const int32_t count = request.Integer(1, 0, 3);
   request.Integer(2, 0, 0);
   request.Integer(3, 1, 1);
   request.Integer(4);
   const std::vector<std::string> texts = ReadShape(
       request.fields, std::string(static_cast<size_t>(count) + 1, 't'));
-  OpenDocument(device, Series::kReceipt);
-  PrintTexts(device.paper, texts);
-  device.paper.PrintCentered(variant == 0 ? "PARAGON FISKALNY"
-                                          : "PARAGON FISKALNY (1)");
+  CheckThatNoneIsOpen(device);
+  OpenDocument(device, {.series = Series::kReceipt,
+                        .header_lines = MazoviaToUtf8(texts)});
   return {};
 }
 
@@ -52,39 +82,30 @@ std::string BeginInvoice(Device& device, Request& request) {
   constexpr size_t kBuyerTexts = 5;
   const std::vector<std::string> texts =
       ReadShape(request.fields, std::string(1 + count + kBuyerTexts + 2, 't'));
-  OpenDocument(device, Series::kInvoice);
-  const auto lines = texts.begin() + 1;
+  CheckThatNoneIsOpen(device);
+  const std::vector<std::string> converted = MazoviaToUtf8(texts);
+  const auto lines = converted.begin() + 1;
   const auto buyer = lines + static_cast<ptrdiff_t>(count);
   const auto closing = buyer + kBuyerTexts;
-  Paper& paper = device.paper;
-  PrintTexts(paper, {lines, buyer});
-  paper.PrintCentered("FAKTURA " + MazoviaToUtf8(texts.front()));
-  for (auto text = buyer; text != closing; ++text) {
-    if (!text->empty()) {
-      paper.PrintPair("Nabywca", MazoviaToUtf8(*text));
-    }
-  }
-  PrintTexts(paper, {closing, texts.end()});
+  OpenDocument(device, {.series = Series::kInvoice,
+                        .header_lines = {lines, buyer},
+                        .number_text = converted.front(),
+                        .buyer = {buyer, closing},
+                        .remarks = {closing, converted.end()}});
   return {};
 }
 
 // "0$e" [text CR [text CR]]
-std::string CancelDocument(Device& device, Request& request) {
-  device.paper.PrintCentered("ANULOWANO");
-  PrintTexts(device.paper, request.values);
-  device.paper.PrintPair("", device.DateAndTime());
-  device.paper.TearOff({PrintoutKind::kCancelled});
-  ++device.books.cancelled_count;
-  device.last_document_closed = false;
-  device.document.reset();
+std::string GiveUpDocument(Device& device, Request& request) {
+  CancelDocument(device, MazoviaToUtf8(request.values));
   return {};
 }
 
 // Title, texts and amounts as the command's row says; they change no total
-std::string Note(Device& device, Request& request) {
+std::string TakeNote(Device& device, Request& request) {
   const bool closed = request.parameters.back().empty();
   request.CheckIntegers(0, request.parameters.size() - (closed ? 1 : 0));
-  return PrintNote(device, request);
+  return AddNote(device, request);
 }
 
 // integer ";" integer ";" ... "@c": four integers, three texts, five integers;
@@ -94,7 +115,7 @@ std::string NoteWithTexts(Device& device, Request& request) {
   constexpr size_t kLastText = 6;
   request.CheckIntegers(0, kFirstText);
   request.CheckIntegers(kLastText + 1, request.parameters.size());
-  return PrintNote(device, request);
+  return AddNote(device, request);
 }
 
 // ["0" to "2" ";"] or ["3;" integer ";" integer ";"] "@e" text CR, and in mode
@@ -112,7 +133,7 @@ std::string NoteElectronicDocument(Device& device, Request& request) {
   }
   request.shape = shape;
   request.values = ReadShape(request.fields, shape);
-  return PrintNote(device, request);
+  return AddNote(device, request);
 }
 
 }  // namespace quilon::printer

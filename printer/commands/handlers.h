@@ -15,8 +15,8 @@ struct Device;
 // document_commands.cc
 std::string BeginReceipt(Device& device, Request& request);
 std::string BeginInvoice(Device& device, Request& request);
-std::string CancelDocument(Device& device, Request& request);
-std::string Note(Device& device, Request& request);
+std::string GiveUpDocument(Device& device, Request& request);
+std::string TakeNote(Device& device, Request& request);
 std::string NoteWithTexts(Device& device, Request& request);
 std::string NoteElectronicDocument(Device& device, Request& request);
 
@@ -83,7 +83,6 @@ std::string EndAttachedSlip(Device& device, Request& request);
 
 // report_commands.cc
 std::string PrintForm(Device& device, Request& request);
-std::string PrintNote(Device& device, Request& request);
 std::string PrintDailyReport(Device& device, Request& request);
 std::string PrintRangeReport(Device& device, Request& request);
 std::string PrintSettlement(Device& device, Request& request);

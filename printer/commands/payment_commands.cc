@@ -15,7 +15,7 @@ std::string Pay(Device& device, Request& request) {
   constexpr size_t kMaxPayments = 1000;
   if (device.document->payments.size() == kMaxPayments || payment.amount <= 0 ||
       payment.amount > kMaxAmount ||
-      device.document->Paid() + payment.amount > kMaxAmount) {
+      SumOf(device.document->payments) + payment.amount > kMaxAmount) {
     throw Refusal(kBadPayment);
   }
   if (!payment.quantity.empty() && payment.quantity != "0" &&

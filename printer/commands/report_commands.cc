@@ -61,14 +61,7 @@ std::string PrintForm(Device& device, Request& request) {
   }
   PrintValues(paper, request);
   paper.PrintPair("", device.DateAndTime());
-  paper.TearOff({PrintoutKind::kReport});
-  return {};
-}
-
-// Title and fields, within a document
-std::string PrintNote(Device& device, Request& request) {
-  device.paper.PrintCentered(request.title);
-  PrintValues(device.paper, request);
+  device.TearOff({PrintoutKind::kReport});
   return {};
 }
 
@@ -86,7 +79,7 @@ std::string PrintDailyReport(Device& device, Request& request) {
   paper.PrintPair("Anulowane", std::to_string(device.books.cancelled_count));
   PrintValues(paper, request);
   paper.PrintPair("", device.DateAndTime());
-  paper.TearOff({PrintoutKind::kReport});
+  device.TearOff({PrintoutKind::kReport});
   return {};
 }
 

@@ -83,7 +83,7 @@ std::string SetClock(Device& device, Request& request) {
   device.paper.PrintCentered("ZMIANA ZEGARA");
   device.paper.PrintPair("Przed zmianą", before);
   device.paper.PrintPair("Po zmianie", device.DateAndTime());
-  device.paper.TearOff({PrintoutKind::kReport});
+  device.TearOff({PrintoutKind::kReport});
   return {};
 }
 

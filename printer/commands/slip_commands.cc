@@ -29,7 +29,7 @@ void PrintLines(Paper& paper, const std::vector<std::string>& lines) {
 void PrintEnd(Device& device) {
   device.paper.PrintCentered("# NIEFISKALNY #");
   device.paper.PrintPair("", device.DateAndTime());
-  device.paper.TearOff({PrintoutKind::kSlip});
+  device.TearOff({PrintoutKind::kSlip});
   device.slip_open = false;
   device.slip_attached = false;
 }

@@ -47,7 +47,7 @@ std::optional<size_t> RateOfLetter(std::string_view letter) {
 char LetterOfRate(size_t rate) { return static_cast<char>('A' + rate); }
 
 std::string RateText(size_t rate) {
-  return kRates.at(rate) == kExempt ? "zw." : AmountText(kRates.at(rate)) + "%";
+  return kRates.at(rate) == kExempt ? "zw." : PercentText(kRates.at(rate));
 }
 
 }  // namespace quilon::printer

@@ -31,7 +31,7 @@ inline constexpr int64_t kExempt = -1;
 // Hundredths of a percent, or kExempt.
 inline constexpr std::array<int64_t, kRateCount> kRates = {2300,    800, 500, 0,
                                                            kExempt, 700, 400};
-// "23,00%" or "zw.".
+// "23%" or "zw.".
 std::string RateText(size_t rate);
 
 enum class Series { kReceipt, kInvoice };
@@ -43,6 +43,7 @@ struct Books {
   int32_t invoice_count = 0;
   int32_t cancelled_count = 0;
   int32_t report_count = 0;
+  int32_t printout_count = 0;  // of all kinds
 
   Totals& Of(Series series) {
     return series == Series::kReceipt ? receipts : invoices;

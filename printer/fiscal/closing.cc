@@ -2,110 +2,88 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
+#include <utility>
 
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/document_text.h"
 #include "printer/protocol/mazovia.h"
-#include "printer/protocol/numbers.h"
 
 namespace quilon::printer {
 namespace {
 
-constexpr std::string_view kCurrency = "PLN";
-
-std::string PaymentName(int form) {
-  switch (form) {
-    case 6:
-      return "Gotówka";
-    case 7:
-      return "Karta";
-    case 10:
-      return "Inna forma";
-    default:
-      return "Waluta";
+std::vector<Payment> PaymentsOf(const Document& document,
+                                const Closing& closing, int64_t due) {
+  if (!document.payments.empty()) {
+    return document.payments;
   }
+  return closing.payments.empty() ? std::vector<Payment>{{kCash, 0, due, {}}}
+                                  : closing.payments;
 }
 
-void PrintTotals(Paper& paper, const Totals& sales) {
-  int64_t tax_sum = 0;
-  for (size_t rate = 0; rate < kRateCount; ++rate) {
-    if (sales.at(rate) == 0) {
-      continue;
-    }
-    paper.PrintPair(std::string("SPRZEDAŻ OPODATK. ") + LetterOfRate(rate),
-                    AmountText(sales.at(rate)));
-    const int64_t tax =
-        kRates.at(rate) == kExempt ? 0 : TaxIn(sales.at(rate), kRates.at(rate));
-    paper.PrintPair(
-        std::string("PTU ") + LetterOfRate(rate) + " " + RateText(rate),
-        AmountText(tax));
-    tax_sum += tax;
-  }
-  paper.PrintPair("SUMA PTU", AmountText(tax_sum));
-  paper.PrintPair(std::string("SUMA ").append(kCurrency),
-                  AmountText(SumOf(sales)));
+// Cash that came in, without the change.
+int64_t CashOf(const Document& document) {
+  return SumOf(document.payments, kCash) -
+         (SumOf(document.payments) - document.Due());
 }
 
-void PrintPayments(Paper& paper, const Document& document, int64_t due) {
-  for (const Payment& payment : document.payments) {
-    paper.PrintPair(
-        PaymentName(payment.form) + " " + std::to_string(payment.number),
-        AmountText(payment.amount));
-  }
-  if (document.Paid() > due) {
-    paper.PrintPair("Reszta", AmountText(document.Paid() - due));
-  }
+Document TakeDocument(Device& device) {
+  Document document = std::move(*device.document);
+  device.document.reset();
+  document.ended = device.Now();
+  document.cashier = MazoviaToUtf8(device.cashier.name);
+  return document;
 }
 
 }  // namespace
 
-void PrintTexts(Paper& paper, const std::vector<std::string>& texts) {
-  for (const std::string& text : texts) {
-    if (!text.empty()) {
-      paper.PrintCentered(MazoviaToUtf8(text));
-    }
-  }
-}
-
 void CloseDocument(Device& device, const Closing& closing) {
-  const Document& document = *device.document;
-  if (document.items == 0) {
+  const Document& open = *device.document;
+  if (open.items == 0) {
     throw Refusal(kNoItems);
   }
-  if (closing.total != SumOf(document.sales)) {
+  if (closing.total != SumOf(open.sales)) {
     throw Refusal(kWrongTotal);
   }
   const int64_t sold = closing.adjustment.AppliedTo(closing.total);
-  const int64_t due = sold + document.deposits;
-  const int64_t paid =
-      document.payments.empty() ? closing.paid : document.Paid();
-  if ((paid != 0 && paid < due) || (closing.paid != 0 && closing.paid < due)) {
+  const int64_t due = sold + open.deposits;
+  const std::vector<Payment> payments = PaymentsOf(open, closing, due);
+  if (SumOf(payments) < due) {
     throw Refusal(kUnpaid);
   }
-  const Totals booked = Spread(document.sales, sold);
-  Paper& paper = device.paper;
-  paper.PrintRule();
-  if (closing.adjustment.mode != AdjustmentMode::kNone) {
-    paper.PrintPair("SUMA CZĘŚCIOWA", AmountText(closing.total));
-    paper.PrintPair(closing.adjustment.Text(), AmountText(sold));
+  if (SumOf(payments) - due > SumOf(payments, kCash)) {
+    throw Refusal(kBadPayment);  // change is given in cash only
   }
-  PrintTotals(paper, booked);
-  if (document.deposits != 0) {
-    paper.PrintPair("KAUCJE", AmountText(document.deposits));
-    paper.PrintPair("DO ZAPŁATY", AmountText(due));
-  }
-  PrintPayments(paper, document, due);
-  PrintTexts(paper, closing.texts);
-  const int32_t number = ++device.books.CountOf(document.series);
-  paper.PrintPair(std::to_string(number), device.DateAndTime());
-  const bool receipt = document.series == Series::kReceipt;
-  paper.TearOff({receipt ? PrintoutKind::kReceipt : PrintoutKind::kInvoice, 0,
-                 number, booked, due, paid == 0 ? due : paid});
-  const Totals added = device.faults.Booked(booked);
+  Document document = TakeDocument(device);
+  document.adjustment = closing.adjustment;
+  document.sold = Spread(document.sales, sold);
+  document.closing_texts = closing.texts;
+  document.number = ++device.books.CountOf(document.series);
+  document.payments = payments;
+  PrintEnd(device.paper, document);
+  const Totals added = device.faults.Booked(document.sold);
   Totals& totals = device.books.Of(document.series);
   std::transform(totals.begin(), totals.end(), added.begin(), totals.begin(),
                  std::plus<>());
+  device.cash += CashOf(document);
   device.last_document_closed = true;
-  device.document.reset();
+  device.TearOff({.kind = document.series == Series::kReceipt
+                              ? PrintoutKind::kReceipt
+                              : PrintoutKind::kInvoice,
+                  .fiscal_number = document.number,
+                  .sales = document.sold,
+                  .due = document.Due(),
+                  .paid = SumOf(document.payments),
+                  .document = std::make_shared<Document>(document)});
+}
+
+void CancelDocument(Device& device, const std::vector<std::string>& texts) {
+  const Document document = TakeDocument(device);
+  PrintCancellation(device.paper, document, texts);
+  ++device.books.cancelled_count;
+  device.last_document_closed = false;
+  device.TearOff({.kind = PrintoutKind::kCancelled,
+                  .document = std::make_shared<Document>(document)});
 }
 
 }  // namespace quilon::printer

@@ -1,4 +1,4 @@
-// The end of a fiscal document: checked, printed, booked.
+// The end of a fiscal document: checked, printed, booked, or given up.
 #ifndef PRINTER_FISCAL_CLOSING_H_
 #define PRINTER_FISCAL_CLOSING_H_
 
@@ -10,24 +10,24 @@
 
 namespace quilon::printer {
 
-class Paper;
 struct Device;
 
 struct Closing {
   // What the client holds to be the sum of the lines.
   int64_t total = 0;
   Adjustment adjustment;  // of the whole document
-  // Paid with the closing itself; 0: exactly what is due.
-  int64_t paid = 0;
-  std::vector<std::string> texts;  // Mazovia
+  // Paid with the closing itself, when no payment came before; none: exactly
+  // what is due, in cash.
+  std::vector<Payment> payments{};
+  std::vector<std::string> texts;
 };
 
 // Closes the open document; throws Refusal, and leaves it open, unless it is
 // right.
 void CloseDocument(Device& device, const Closing& closing);
 
-// Texts from the wire, centered, the empty ones left out.
-void PrintTexts(Paper& paper, const std::vector<std::string>& texts);
+// Gives the open document up.
+void CancelDocument(Device& device, const std::vector<std::string>& texts);
 
 }  // namespace quilon::printer
 

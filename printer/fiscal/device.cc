@@ -1,6 +1,8 @@
 #include "printer/fiscal/device.h"
 
-#include "printer/protocol/numbers.h"
+#include <utility>
+
+#include "printer/fiscal/document_text.h"
 
 namespace quilon::printer {
 
@@ -18,16 +20,11 @@ void Device::Refuse(int number) {
   error = number;
 }
 
-std::string Device::DateAndTime() const {
-  const auto moment = Now();
-  const auto day = std::chrono::floor<std::chrono::days>(moment);
-  const std::chrono::year_month_day date(day);
-  const std::chrono::hh_mm_ss time(moment - day);
-  return Padded(static_cast<int>(date.year()), 4) + "-" +
-         Padded(static_cast<unsigned>(date.month()), 2) + "-" +
-         Padded(static_cast<unsigned>(date.day()), 2) + " " +
-         Padded(time.hours().count(), 2) + ":" +
-         Padded(time.minutes().count(), 2);
+std::string Device::DateAndTime() const { return MomentText(Now()); }
+
+void Device::TearOff(Printout printout) {
+  ++books.printout_count;
+  paper.TearOff(std::move(printout));
 }
 
 }  // namespace quilon::printer

@@ -35,6 +35,10 @@ struct Device {
   std::chrono::local_seconds Now() const { return clock() + clock_offset; }
   // "2024-01-31 12:05".
   std::string DateAndTime() const;
+  // The running number of the printout that begins now.
+  int32_t NextRunningNumber() const { return books.printout_count + 1; }
+  // Ends it.
+  void TearOff(Printout printout);
 
   Clock clock;
 

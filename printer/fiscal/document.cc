@@ -1,72 +1,28 @@
 #include "printer/fiscal/document.h"
 
 #include <numeric>
-
-#include "printer/protocol/errors.h"
-#include "printer/protocol/numbers.h"
+#include <utility>
 
 namespace quilon::printer {
 
-int64_t Adjustment::AppliedTo(int64_t amount) const {
-  const bool percent =
-      mode == AdjustmentMode::kPercentOff || mode == AdjustmentMode::kPercentOn;
-  constexpr int64_t kMaxPercent = 1'000'000;
-  if (value < 0 || value > (percent ? kMaxPercent : kMaxAmount)) {
-    throw Refusal(kBadAdjustment);
-  }
-  int64_t result = amount;
-  switch (mode) {
-    case AdjustmentMode::kNone:
-      break;
-    case AdjustmentMode::kPercentOff:
-      result -= PercentOf(amount, value);
-      break;
-    case AdjustmentMode::kPercentOn:
-      result += PercentOf(amount, value);
-      break;
-    case AdjustmentMode::kAmountOff:
-      result -= value;
-      break;
-    case AdjustmentMode::kAmountOn:
-      result += value;
-      break;
-  }
-  if (result <= 0 || result > kMaxAmount) {
-    throw Refusal(kBadAdjustment);
-  }
-  return result;
+void Document::Add(Item item) {
+  sales.at(item.rate) += item.Sold();
+  ++items;
+  entries.emplace_back(std::move(item));
 }
 
-std::string Adjustment::Text() const {
-  switch (mode) {
-    case AdjustmentMode::kNone:
-      break;
-    case AdjustmentMode::kPercentOff:
-      return "Rabat " + AmountText(value) + "%";
-    case AdjustmentMode::kPercentOn:
-      return "Narzut " + AmountText(value) + "%";
-    case AdjustmentMode::kAmountOff:
-      return "Rabat " + AmountText(value);
-    case AdjustmentMode::kAmountOn:
-      return "Narzut " + AmountText(value);
-  }
-  return {};
+void Document::Add(Deposit deposit) {
+  deposits += deposit.value;
+  entries.emplace_back(std::move(deposit));
 }
 
-AdjustmentMode AdjustmentModeOf(int32_t number) {
-  if (number < 0 || number > static_cast<int32_t>(AdjustmentMode::kAmountOn)) {
-    throw Refusal(kBadParameter);
-  }
-  return static_cast<AdjustmentMode>(number);
-}
-
-int64_t Document::Paid() const {
+int64_t SumOf(const std::vector<Payment>& payments) {
   return std::accumulate(
       payments.begin(), payments.end(), int64_t{0},
       [](int64_t sum, const Payment& payment) { return sum + payment.amount; });
 }
 
-int64_t Document::Paid(int form) const {
+int64_t SumOf(const std::vector<Payment>& payments, int form) {
   return std::accumulate(payments.begin(), payments.end(), int64_t{0},
                          [form](int64_t sum, const Payment& payment) {
                            return sum +

@@ -1,58 +1,97 @@
-// The fiscal document in progress: what its commands brought so far, and
-// whether it may be closed.
+// A fiscal document as a value: what its commands brought, and what its closing
+// made of it. Texts are UTF-8, amounts in grosze, quantities in 10^-8.
 #ifndef PRINTER_FISCAL_DOCUMENT_H_
 #define PRINTER_FISCAL_DOCUMENT_H_
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
+#include "printer/fiscal/adjustment.h"
 #include "printer/fiscal/books.h"
 
 namespace quilon::printer {
 
+struct Item {
+  std::string name;
+  std::string second_name;
+  std::string unit;
+  size_t rate = 0;
+  int64_t quantity = 0;
+  int64_t price = 0;
+  int64_t value = 0;      // quantity times price
+  Adjustment adjustment;  // of the value
+  std::string adjustment_text;
+  std::string closing_text;
+
+  // What is sold of it; throws as Adjustment::AppliedTo.
+  int64_t Sold() const { return adjustment.AppliedTo(value); }
+};
+
+// Packaging: paid with the document, but no part of its sale.
+struct Deposit {
+  int32_t number = 0;
+  std::string unit;
+  int64_t quantity = 0;
+  int64_t price = 0;
+  int64_t value = 0;
+};
+
+// Further information, which changes no total.
+struct Note {
+  using Amount = int64_t;
+  std::string title;
+  std::vector<std::variant<std::string, Amount>> fields;
+};
+
+using Entry = std::variant<Item, Deposit, Note>;
+
 struct Payment {
   int form;        // the command's number: 6, 7, 10 or 11
   int32_t number;  // the client's own number of the payment
-  int64_t amount;  // grosze
+  int64_t amount;
   std::string quantity;
 };
 
-// How a total or a line changes before it is booked.
-enum class AdjustmentMode : int32_t {
-  kNone = 0,
-  kPercentOff = 1,  // value in hundredths of a percent
-  kPercentOn = 2,
-  kAmountOff = 3,  // value in grosze
-  kAmountOn = 4,
-};
+inline constexpr int kCash = 6;
 
-struct Adjustment {
-  AdjustmentMode mode = AdjustmentMode::kNone;
-  int64_t value = 0;
-
-  // The amount after the adjustment; throws Refusal(kBadAdjustment) when the
-  // value is negative or nothing would remain.
-  int64_t AppliedTo(int64_t amount) const;
-  // "Rabat 10,00%", "Narzut 5,00"; empty for kNone.
-  std::string Text() const;
-};
-
-// Throws Refusal(kBadParameter) when there is no such mode.
-AdjustmentMode AdjustmentModeOf(int32_t number);
+int64_t SumOf(const std::vector<Payment>& payments);
+// In one form only.
+int64_t SumOf(const std::vector<Payment>& payments, int form);
 
 struct Document {
   Series series;
-  Totals sales{};
-  size_t items = 0;
+  std::vector<std::string> header_lines{};
+  std::string number_text{};         // that the client gave an invoice
+  std::vector<std::string> buyer{};  // the first text is the NIP
+  std::vector<std::string> remarks{};
+  std::chrono::local_seconds begun{};
+
+  std::vector<Entry> entries{};
   std::vector<Payment> payments{};
 
-  int64_t deposits = 0;  // to be paid, too, but not sold
+  // Of the entries.
+  Totals sales{};
+  size_t items = 0;
+  int64_t deposits = 0;
 
-  int64_t Paid() const;
-  // In one form only.
-  int64_t Paid(int form) const;
+  // Known once it is closed.
+  int32_t number = 0;  // of its series
+  std::chrono::local_seconds ended{};
+  std::string cashier{};
+  Adjustment adjustment{};  // of the whole document
+  Totals sold{};            // after it
+  std::vector<std::string> closing_texts{};
+
+  void Add(Item item);
+  void Add(Deposit deposit);
+  void Add(Note note) { entries.emplace_back(std::move(note)); }
+
+  // What the client has to pay for what was sold, and for deposits.
+  int64_t Due() const { return SumOf(sold) + deposits; }
 };
 
 }  // namespace quilon::printer

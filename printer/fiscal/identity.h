@@ -2,6 +2,7 @@
 #ifndef PRINTER_FISCAL_IDENTITY_H_
 #define PRINTER_FISCAL_IDENTITY_H_
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
@@ -11,6 +12,10 @@ inline constexpr std::string_view kDeviceName = "Quilon Virtual";
 inline constexpr std::string_view kFirmwareVersion = "1.00";
 inline constexpr std::string_view kUniqueNumber = "QVP0000000001";
 inline constexpr std::string_view kTaxNumber = "000-000-00-00";
+inline constexpr std::array<std::string_view, 3> kOwner = {
+    "Sklep wzorcowy", "ul. Prosta 1", "00-001 Warszawa"};
+// Stands where a real printer has its fiscal logo.
+inline constexpr std::string_view kVirtualLogo = "WYDRUK WIRTUALNY";
 inline constexpr std::string_view kSerialNumber = "0000001";
 
 // Fiscal and protected memory, in records and in KiB.

@@ -3,6 +3,7 @@
 #define PRINTER_FISCAL_PRINTOUT_H_
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,8 @@
 #include "printer/fiscal/books.h"
 
 namespace quilon::printer {
+
+struct Document;
 
 enum class PrintoutKind {
   kReceipt,
@@ -30,6 +33,8 @@ struct Printout {
   // To be paid, and paid, in grosze.
   int64_t due = 0;
   int64_t paid = 0;
+  // Of a receipt or an invoice, also of one that was given up.
+  std::shared_ptr<const Document> document{};
   // UTF-8, without line ends. Of very long ones the newest Paper::kKeptLines.
   std::vector<std::string> lines{};
 };

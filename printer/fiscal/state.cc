@@ -38,7 +38,8 @@ json ToJson(const Books& books) {
           {"receipt_count", books.receipt_count},
           {"invoice_count", books.invoice_count},
           {"cancelled_count", books.cancelled_count},
-          {"report_count", books.report_count}};
+          {"report_count", books.report_count},
+          {"printout_count", books.printout_count}};
 }
 
 Books BooksOf(const json& state) {
@@ -49,6 +50,7 @@ Books BooksOf(const json& state) {
   state.at("invoice_count").get_to(books.invoice_count);
   state.at("cancelled_count").get_to(books.cancelled_count);
   state.at("report_count").get_to(books.report_count);
+  books.printout_count = state.value("printout_count", 0);
   return books;
 }
 

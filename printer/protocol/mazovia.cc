@@ -77,6 +77,15 @@ std::string MazoviaToUtf8(std::string_view bytes) {
   return text;
 }
 
+std::vector<std::string> MazoviaToUtf8(std::span<const std::string> texts) {
+  std::vector<std::string> converted;
+  converted.reserve(texts.size());
+  for (const std::string& text : texts) {
+    converted.push_back(MazoviaToUtf8(std::string_view(text)));
+  }
+  return converted;
+}
+
 std::string Utf8ToMazovia(std::string_view text) {
   std::string bytes;
   while (!text.empty()) {

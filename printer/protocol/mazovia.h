@@ -8,12 +8,15 @@
 #define PRINTER_PROTOCOL_MAZOVIA_H_
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace quilon::printer {
 
 std::string MazoviaToUtf8(std::string_view bytes);
+std::vector<std::string> MazoviaToUtf8(std::span<const std::string> texts);
 
 // A character outside the code page becomes "?".
 std::string Utf8ToMazovia(std::string_view text);

@@ -75,9 +75,15 @@ std::vector<int64_t> ParseQuantity(std::string_view text) {
     if (!AllDigits(fraction) || fraction.size() > kMaxFractionDigits) {
       return {};
     }
-    readings.push_back(whole + *ParseInteger(fraction));
+    constexpr size_t kShort = 4;
+    const bool is_short = fraction.size() <= kShort;
+    const int64_t units = whole + *ParseInteger(fraction);
+    const bool has_units = fraction.front() != '0';
     fraction.append(kMaxFractionDigits - fraction.size(), '0');
     readings.push_back(whole + *ParseInteger(fraction));
+    if (has_units) {
+      readings.insert(is_short ? readings.end() : readings.begin(), units);
+    }
   }
   readings.erase(std::unique(readings.begin(), readings.end()), readings.end());
   std::erase(readings, 0);
@@ -113,6 +119,11 @@ std::string QuantityText(int64_t quantity) {
     text.pop_back();
   }
   return text;
+}
+
+std::string PercentText(int64_t rate) {
+  return (rate % 100 == 0 ? std::to_string(rate / 100) : AmountText(rate)) +
+         "%";
 }
 
 }  // namespace quilon::printer

@@ -27,12 +27,13 @@ std::optional<int64_t> ParseInteger(std::string_view text);
 // "0.-50" is -50. A fraction has two digits.
 std::optional<int64_t> ParseAmount(std::string_view text);
 
-// All readings of a quantity text that differ, at most two. The fraction is
-// first read as a whole number of 10^-8 units, as a client that drops its
-// leading zeros writes it ("1.5000000" is 1.05); then, when it has fewer than
-// eight digits, as a plain decimal fraction ("1.5" is 1.50). The value of the
-// line tells which one was meant. Empty when the text is no quantity above zero
-// and below 100 000 000.
+// All readings of a quantity text that differ, at most two. A fraction of more
+// than four digits is first read as a whole number of 10^-8 units, as a client
+// that drops its leading zeros writes it ("1.5000000" is 1.05), and then as a
+// plain decimal fraction; a shorter one the other way round. One that begins
+// with a zero has lost none: it is decimal ("10.004"). The value of the line
+// tells which one was meant. Empty when the text is no quantity above zero and
+// below 100 000 000.
 std::vector<int64_t> ParseQuantity(std::string_view text);
 
 // Quantity times price, rounded half up to the grosz. Both within the limits
@@ -52,6 +53,8 @@ std::string Padded(int64_t number, size_t digits);
 // As paper shows them: "12,05"; "1,05", "2".
 std::string AmountText(int64_t amount);
 std::string QuantityText(int64_t quantity);
+// Hundredths of a percent: "23%", "7,50%".
+std::string PercentText(int64_t rate);
 
 }  // namespace quilon::printer
 

@@ -75,7 +75,9 @@ class Example:
     def contradictions(self, outcomes, before, after):
         """What is told otherwise than it is, as texts."""
         expected = dict.fromkeys(before, 0)
-        unknown = set()
+        # What is paid for a document goes into the drawer, or not; the printer's own tests say when.
+        sells = any(key in ("receipts", "invoices") for key, _ in self.effect.values())
+        unknown = {"cash"} if sells else set()
         for name, (key, amount) in self.effect.items():
             outcome = outcomes.get(name, "not printed")
             if outcome in ("printed", "open"):
@@ -191,10 +193,10 @@ def length_of(frame):
 
 
 class Judge(unittest.TestCase):
-    BEFORE = {"receipts": 100, "cash": 0}
+    BEFORE = {"receipts": 100, "reports": 0}
 
-    def told(self, outcome, receipts, cash=0):
-        return NEXT_RECEIPT.contradictions({"receipt": outcome}, self.BEFORE, {"receipts": receipts, "cash": cash})
+    def told(self, outcome, receipts, reports=0):
+        return NEXT_RECEIPT.contradictions({"receipt": outcome}, self.BEFORE, {"receipts": receipts, "reports": reports})
 
     def test_truth(self):
         self.assertEqual(self.told("printed", 100 + RECEIPT), [])
@@ -202,11 +204,11 @@ class Judge(unittest.TestCase):
         self.assertEqual(self.told("unknown", 100 + 2 * RECEIPT), [])
 
     def test_lies(self):
-        for outcome, receipts, cash in (
+        for outcome, receipts, reports in (
             ("printed", 100, 0), ("printed", 100 + 2 * RECEIPT, 0), ("printed", 100 + RECEIPT, 1),
             ("not printed", 100 + RECEIPT, 0), ("not printed", 101, 0), ("unknown", 100, 1),
         ):
-            self.assertEqual(len(self.told(outcome, receipts, cash)), 1, (outcome, receipts, cash))
+            self.assertEqual(len(self.told(outcome, receipts, reports)), 1, (outcome, receipts, reports))
 
 
 class Faults(unittest.TestCase):

@@ -36,28 +36,35 @@ TEST_F(Documents, AnInvoiceStandsOnPaperAndInItsOwnBooks) {
   EXPECT_EQ(Verdict(kLine), 0);
   // One extra line; code, extra line, three closing texts
   EXPECT_EQ(Verdict("1;2;1;0;0;1;3;4;5$ekod\rdodatek\rraz\r\rtrzy\r9/0/"), 0);
-  EXPECT_THAT(NewPaper(),
-              ElementsAre("               Sprzedawca",                 //
-                          "               ul. Prosta",                 //
-                          "           FAKTURA FV 1/2024",              //
-                          "Nabywca                    000-000-00-00",  //
-                          "Nabywca                        Jan Nowak",  //
-                          "Nabywca                        ul. Długa",  //
-                          "                 dwóch",                    //
-                          "                  uwag",                    //
-                          "Chleb",                                     //
-                          "  2 x 4,50                        9,00 A",  //
-                          "----------------------------------------",  //
-                          "SPRZEDAŻ OPODATK. A                 9,00",  //
-                          "PTU A 23,00%                        1,68",  //
-                          "SUMA PTU                            1,68",  //
-                          "SUMA PLN                            9,00",  //
-                          "                  kod",                     //
-                          "                dodatek",                   //
-                          "                  raz",                     //
-                          "                  trzy",                    //
-                          "1                       2024-01-31 12:05",  //
-                          ""));
+  EXPECT_THAT(
+      NewPaper(),
+      ElementsAre("             Sklep wzorcowy", "              ul. Prosta 1",
+                  "            00-001 Warszawa",
+                  "               Sprzedawca",                 //
+                  "               ul. Prosta",                 //
+                  "           NIP 000-000-00-00",              //
+                  "2024-01-31 12:05           wydruk 000001",  //
+                  "           FAKTURA FV 1/2024",              //
+                  "NIP nabywcy                000-000-00-00",  //
+                  "Nabywca                        Jan Nowak",  //
+                  "Nabywca                        ul. Długa",  //
+                  "                 dwóch",                    //
+                  "                  uwag",                    //
+                  "Chleb",                                     //
+                  "  2 x 4,50                        9,00 A",  //
+                  "----------------------------------------",  //
+                  "SPRZEDAŻ OPODATKOWANA A             9,00",  //
+                  "PTU A 23%                           1,68",  //
+                  "SUMA PTU                            1,68",  //
+                  "SUMA PLN                            9,00",  //
+                  "Gotówka                             9,00",  //
+                  "                  kod",                     //
+                  "                dodatek",                   //
+                  "                  raz",                     //
+                  "                  trzy",                    //
+                  "Faktura 1               2024-01-31 12:05",  //
+                  "     WYDRUK WIRTUALNY QVP0000000001",       //
+                  ""));
   EXPECT_EQ(Invoices(), 900);
   EXPECT_EQ(Receipts(), 0);
   EXPECT_EQ(device.books.invoice_count, 1);

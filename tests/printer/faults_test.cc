@@ -120,7 +120,8 @@ TEST_F(FaultyPrinter, AnswersLate) {
 }
 
 TEST_F(FaultyPrinter, RunsOutOfPaper) {
-  Order("paper-out@line=2");
+  // The head has six lines, the sale two.
+  Order("paper-out@line=8");
   EXPECT_EQ(Verdict(kHeader), 0);
   EXPECT_EQ(Verdict(kLine), 0);
   EXPECT_EQ(Hear("\x10"), "\x76");

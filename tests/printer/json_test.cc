@@ -105,8 +105,8 @@ TEST(StatusJson, HoldsTheTotalsOfBothSeries) {
             (json{{"count", 3}, {"totals", {100, 0, 0, 0, 0, 0, 7}}}));
   EXPECT_EQ(status.at("invoices"),
             (json{{"count", 0}, {"totals", {0, 0, 0, 0, 0, 0, 0}}}));
-  EXPECT_EQ(status.at("rates"), (json{"23,00%", "8,00%", "5,00%", "0,00%",
-                                      "zw.", "7,00%", "4,00%"}));
+  EXPECT_EQ(status.at("rates"),
+            (json{"23%", "8%", "5%", "0%", "zw.", "7%", "4%"}));
   EXPECT_EQ(status.at("paper_out"), true);
   EXPECT_EQ(status.at("online"), true);
   EXPECT_EQ(status.at("display").size(), 8U);

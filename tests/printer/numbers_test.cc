@@ -45,8 +45,10 @@ TEST(ParseQuantity, ReadsTheFractionAsUnitsAndAsDecimals) {
   // 1.05 without its leading zero, or 1.5
   EXPECT_THAT(ParseQuantity("1.5000000"),
               ElementsAre(105'000'000, 150'000'000));
-  // 0.00000001 or 0.1
-  EXPECT_THAT(ParseQuantity("0.1"), ElementsAre(1, 10'000'000));
+  // 0.1, or 0.00000001 without its leading zeros
+  EXPECT_THAT(ParseQuantity("0.1"), ElementsAre(10'000'000, 1));
+  // Nothing was left out where a zero stands.
+  EXPECT_THAT(ParseQuantity("10.004"), ElementsAre(1'000'400'000));
   EXPECT_THAT(ParseQuantity("99999999"), ElementsAre(9'999'999'900'000'000));
 }
 

@@ -3,6 +3,7 @@
 import io
 import pathlib
 import queue
+import re
 import socket
 import subprocess
 import threading
@@ -10,8 +11,7 @@ import threading
 PATIENCE = 60
 ESC = b"\x1b"
 ENQ = b"\x05"
-# What scripts/demo prints, without its last line: the number and the time. Tax at 23 %: 24.50 * 23 / 123 = 4.58;
-# at 5 %: 42.35 * 5 / 105 = 2.02.
+# What scripts/demo prints, whenever that is. Tax at 23 %: 24.50 * 23 / 123 = 4.58; at 5 %: 42.35 * 5 / 105 = 2.02.
 DEMO_RECEIPT = pathlib.Path(__file__).parent.parent / "golden/demo_receipt.txt"
 
 
@@ -28,6 +28,11 @@ HEADER = framed(b"0;0;0;1;0$h\r")
 LINE = framed(b"1;0;0^lChleb\r2\rA/4.50/9/")
 CLOSING = framed(b"1;0;0;0;0;0$e\r0/9/0/")
 RECEIPT = HEADER + LINE + CLOSING
+
+
+def at_any_time(line):
+    """A line of paper with letters in place of its date and time."""
+    return re.sub(r"\d{4}-\d\d-\d\d \d\d:\d\d", "YYYY-MM-DD hh:mm", line)
 
 
 def connect(port):

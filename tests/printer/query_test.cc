@@ -71,10 +71,17 @@ TEST_F(Query, JournalHoldsThePaper) {
   EXPECT_EQ(Verdict("0;1;0;1;0$hZielona \xA7"
                     "abka; a/b\\c\r\r"),
             0);
-  // Two lines; a backslash cannot stand in an answer.
+  // Seven lines; a backslash cannot stand in an answer.
   EXPECT_EQ(Send("!e1/2/3/4/"),
-            Framed("!e0/3/4/2/1/1/          Zielona \xA7"
-                   "abka; a/b?c\n            PARAGON FISKALNY\n\r"));
+            Framed("!e0/3/4/7/1/1/"
+                   "             Sklep wzorcowy\n"
+                   "              ul. Prosta 1\n"
+                   "            00-001 Warszawa\n"
+                   "          Zielona \xA7"
+                   "abka; a/b?c\n"
+                   "           NIP 000-000-00-00\n"
+                   "2024-01-31 12:05           wydruk 000001\n"
+                   "            PARAGON FISKALNY\n\r"));
 }
 
 TEST_F(Query, JournalStateHasAFormForEachKind) {

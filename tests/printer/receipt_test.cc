@@ -12,6 +12,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 constexpr const char* kHeader = "0;0;0;1;0$h\r";
 // Two at 4.50 make 9.00.
@@ -34,8 +35,13 @@ TEST_F(Receipt, StandsOnPaperWithPolishLetters) {
   EXPECT_EQ(Verdict("1;0;1;0;0;0$ekod\rDzi\x91kujemy\r20/13.19/0/"), 0);
   // 9.00 x 23/123 = 1.6829; 4.19 x 5/105 = 0.1995
   EXPECT_THAT(NewPaper(),
-              ElementsAre("               Sklep Łódź",                 //
+              ElementsAre("             Sklep wzorcowy",               //
+                          "              ul. Prosta 1",                //
+                          "            00-001 Warszawa",               //
+                          "               Sklep Łódź",                 //
                           "              Do widzenia",                 //
+                          "           NIP 000-000-00-00",              //
+                          "2024-01-31 12:05           wydruk 000001",  //
                           "            PARAGON FISKALNY",              //
                           "Chałwa",                                    //
                           "  2 szt x 4,50                    9,00 A",  //
@@ -43,17 +49,18 @@ TEST_F(Receipt, StandsOnPaperWithPolishLetters) {
                           "  1,05 kg x 3,99                  4,19 C",  //
                           "  luzem",                                   //
                           "----------------------------------------",  //
-                          "SPRZEDAŻ OPODATK. A                 9,00",  //
-                          "PTU A 23,00%                        1,68",  //
-                          "SPRZEDAŻ OPODATK. C                 4,19",  //
-                          "PTU C 5,00%                         0,20",  //
+                          "SPRZEDAŻ OPODATKOWANA A             9,00",  //
+                          "PTU A 23%                           1,68",  //
+                          "SPRZEDAŻ OPODATKOWANA C             4,19",  //
+                          "PTU C 5%                            0,20",  //
                           "SUMA PTU                            1,88",  //
                           "SUMA PLN                           13,19",  //
                           "Gotówka 1                          20,00",  //
                           "Reszta                              6,81",  //
                           "                  kod",                     //
                           "               Dziękujemy",                 //
-                          "1                       2024-01-31 12:05",  //
+                          "Paragon 1               2024-01-31 12:05",  //
+                          "     WYDRUK WIRTUALNY QVP0000000001",       //
                           ""));
   EXPECT_EQ(device.books.receipts, (Totals{900, 0, 419, 0, 0, 0, 0}));
   EXPECT_EQ(device.books.receipt_count, 1);
@@ -76,16 +83,17 @@ TEST_F(Receipt, KeepsTheSecondNameLineApartFromTheQuantity) {
 TEST_F(Receipt, AdjustsALineByEachMode) {
   // 9.00 changes by 10%, by 10%, by 1.50 and by 1.50
   for (const auto& [mode, value, booked, text] :
-       {std::tuple{"1", "10", 810, "  Rabat 10,00% stały"},
-        std::tuple{"2", "10", 990, "  Narzut 10,00% stały"},
-        std::tuple{"3", "1.50", 750, "  Rabat 1,50 stały"},
-        std::tuple{"4", "1.50", 1050, "  Narzut 1,50 stały"}}) {
+       {std::tuple{"1", "10", 810, "  Rabat 10% stały                -0,90"},
+        std::tuple{"2", "10", 990, "  Narzut 10% stały               +0,90"},
+        std::tuple{"3", "1.50", 750, "  Rabat stały                    -1,50"},
+        std::tuple{"4", "1.50", 1050,
+                   "  Narzut stały                   +1,50"}}) {
     Send(kHeader);
     EXPECT_EQ(Verdict(std::string("1;") + mode + ";0^lChleb\r2\rB/4.50/9/" +
                       value + "/sta\x92y\r"),
               0);
     EXPECT_EQ(SumOf(device.document->sales), booked);
-    EXPECT_THAT(NewPaper(), Contains(HasSubstr(text)));
+    EXPECT_THAT(NewPaper(), Contains(text));
     Send("0$e");
   }
 }
@@ -183,6 +191,79 @@ TEST_F(Receipt, TakesEveryFormOfPayment) {
   EXPECT_THAT(paper, Contains("Reszta                              0,05"));
 }
 
+TEST_F(Receipt, GivesChangeInCashOnly) {
+  Send(kHeader);
+  Send(kLine);
+  Send("7$d10/1\r\r");
+  EXPECT_EQ(Verdict(kClose), kBadPayment);
+  Send("0$e");
+  Send(kHeader);
+  Send(kLine);
+  Send("7$d8/1\r\r");
+  Send("6$d2/1\r\r");
+  EXPECT_EQ(Verdict(kClose), 0);
+  EXPECT_THAT(NewPaper(), Contains("Reszta                              1,00"));
+}
+
+TEST_F(Receipt, PutsItsCashIntoTheDrawer) {
+  Send(kHeader);
+  Send(kLine);
+  Send("7$d4/1\r\r");
+  Send("6$d10/1\r\r");
+  EXPECT_EQ(Verdict(kClose), 0);
+  EXPECT_EQ(device.cash, 500);
+  // Without a word about payments all is cash.
+  Send(kHeader);
+  Send(kLine);
+  EXPECT_EQ(Verdict(kClose), 0);
+  EXPECT_EQ(device.cash, 1400);
+}
+
+TEST_F(Receipt, PrintsWhatTheClosingPays) {
+  Send(kHeader);
+  Send(kLine);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r20/9/0/"), 0);
+  const auto paper = NewPaper();
+  EXPECT_THAT(paper, Contains("Gotówka                            20,00"));
+  EXPECT_THAT(paper, Contains("Reszta                             11,00"));
+}
+
+TEST_F(Receipt, ShowsAnExemptSaleWithoutTax) {
+  Send(kHeader);
+  EXPECT_EQ(Verdict("1;0;0^lPorada\r2\rE/4.50/9/"), 0);
+  EXPECT_EQ(Verdict(kClose), 0);
+  const auto paper = NewPaper();
+  EXPECT_THAT(paper, Contains("SPRZEDAŻ ZWOLNIONA E                9,00"));
+  EXPECT_THAT(paper, Contains("SUMA PTU                            0,00"));
+  EXPECT_THAT(paper, Not(Contains(HasSubstr("PTU E"))));
+}
+
+TEST_F(Receipt, PrintsAWeighedQuantityAsItIs) {
+  Send(kHeader);
+  // 10.004 kg at 1.00 make 10.00, as 10.00000004 kg would.
+  EXPECT_EQ(Verdict("1;0;0^lZiemniaki\r10.004 kg\rC/1/10/"), 0);
+  EXPECT_THAT(NewPaper(), Contains("  10,004 kg x 1,00               10,00 C"));
+}
+
+TEST_F(Receipt, NamesTheCashier) {
+  Send("3#pAnna\r1234\r");
+  Send(kHeader);
+  Send(kLine);
+  EXPECT_EQ(Verdict(kClose), 0);
+  EXPECT_THAT(NewPaper(), Contains("Kasjer                              Anna"));
+}
+
+TEST_F(Receipt, CountsItsPrintouts) {
+  for (const char* number : {"000001", "000002"}) {
+    Send(kHeader);
+    EXPECT_THAT(NewPaper(), Contains(HasSubstr(number)));
+    Send("0$e");
+  }
+  Send("0#r");
+  Send(kHeader);
+  EXPECT_THAT(NewPaper(), Contains(HasSubstr("000004")));
+}
+
 TEST_F(Receipt, RefusesAWrongPayment) {
   EXPECT_EQ(Verdict("6$d1/1\r\r"), kNoDocument);
   Send(kHeader);
@@ -202,9 +283,11 @@ TEST_F(Receipt, IsCancelledWithoutBooking) {
   NewPaper();
   EXPECT_EQ(Verdict("0$eKasa 1\rJan\r"), 0);
   EXPECT_THAT(NewPaper(),
-              ElementsAre("               ANULOWANO", "                 Kasa 1",
-                          "                  Jan",
-                          "                        2024-01-31 12:05", ""));
+              ElementsAre("----------------------------------------",
+                          "           PARAGON ANULOWANY",
+                          "                 Kasa 1", "                  Jan",
+                          "                        2024-01-31 12:05",
+                          "     WYDRUK WIRTUALNY QVP0000000001", ""));
   EXPECT_EQ(SumOf(device.books.receipts), 0);
   EXPECT_EQ(device.books.cancelled_count, 1);
   EXPECT_FALSE(device.last_document_closed);

@@ -75,9 +75,9 @@ TEST(Switches, RefuseWhatThePrinterCannotDo) {
 
 TEST(Paper, WaitsForTheRollToBeRefilled) {
   Bench bench;
-  bench.device.paper.RunOutAfter(1);
+  bench.device.paper.RunOutAfter(6);
   bench.Send("0;1;0;1;0$hfirst\r\r");
-  EXPECT_EQ(bench.NewPaper().size(), 1U);
+  EXPECT_EQ(bench.NewPaper().size(), 6U);
   EXPECT_EQ(bench.Hear(kDleByte), "\x76");
   bench.device.paper.Refill();
   const auto paper = bench.NewPaper();

@@ -157,7 +157,12 @@ TEST(VirtualPrinter, TellsItsWatchersWhatHappensInOrder) {
     EXPECT_EQ(second.Read(1), "\x6A");
   }
   EXPECT_THAT(diary.entries,
-              ElementsAre("status", "line             PARAGON FISKALNY",
+              ElementsAre("status", "line              Sklep wzorcowy",
+                          "line               ul. Prosta 1",
+                          "line             00-001 Warszawa",
+                          "line            NIP 000-000-00-00",
+                          "line 2024-01-31 12:05           wydruk 000001",
+                          "line             PARAGON FISKALNY",
                           "exchange 1 of 1: 0;0; ->  0",
                           "exchange 2 of 1: \x05 -> \x6E 0", "status: open",
                           "exchange 3 of 2: 1$Qb ->  1022",
@@ -214,10 +219,12 @@ TEST(VirtualPrinter, TellsItsWatchersOfPrintouts) {
   EXPECT_EQ(receipt.sales, (Totals{900, 0, 0, 0, 0, 0, 0}));
   EXPECT_EQ(receipt.due, 900);
   EXPECT_EQ(receipt.paid, 1000);
-  EXPECT_EQ(receipt.lines.front(), "            PARAGON FISKALNY");
-  EXPECT_EQ(receipt.lines.back(), "1                       2024-01-31 12:05");
+  EXPECT_EQ(receipt.lines.front(), "             Sklep wzorcowy");
+  EXPECT_EQ(receipt.lines.back(), "     WYDRUK WIRTUALNY QVP0000000001");
+  ASSERT_NE(receipt.document, nullptr);
+  EXPECT_EQ(receipt.document->payments.size(), 1U);
   EXPECT_EQ(NameOf(diary.printouts[1].kind), "cancelled");
-  EXPECT_EQ(diary.printouts[1].lines.size(), 3U);
+  EXPECT_EQ(diary.printouts[1].lines.size(), 10U);
   EXPECT_EQ(NameOf(diary.printouts[2].kind), "report");
   EXPECT_EQ(diary.printouts[2].number, 3);
 }

@@ -187,15 +187,22 @@ TEST_F(Web, GivesAReceiptAsPictureAndText) {
   PrintReceipt();
   EXPECT_EQ(Get("/printouts/1.png").body.substr(0, 8), "\x89PNG\r\n\x1A\n");
   EXPECT_EQ(Get("/printouts/1.txt").body,
+            "             Sklep wzorcowy\n"
+            "              ul. Prosta 1\n"
+            "            00-001 Warszawa\n"
+            "           NIP 000-000-00-00\n"
+            "2024-01-31 12:05           wydruk 000001\n"
             "            PARAGON FISKALNY\n"
             "Chleb\n"
             "  2 x 4,50                        9,00 A\n"
             "----------------------------------------\n"
-            "SPRZEDAŻ OPODATK. A                 9,00\n"
-            "PTU A 23,00%                        1,68\n"
+            "SPRZEDAŻ OPODATKOWANA A             9,00\n"
+            "PTU A 23%                           1,68\n"
             "SUMA PTU                            1,68\n"
             "SUMA PLN                            9,00\n"
-            "1                       2024-01-31 12:05\n");
+            "Gotówka                             9,00\n"
+            "Paragon 1               2024-01-31 12:05\n"
+            "     WYDRUK WIRTUALNY QVP0000000001\n");
   EXPECT_EQ(Get("/printouts/2.txt").status, 404);
 }
 
@@ -274,7 +281,7 @@ TEST_F(Web, TellsTheNewsAsItHappens) {
   Print(Framed("0;0;0;1;0$h\r"));
   reader.ReadUpTo("event: line\n");
   EXPECT_THAT(reader.ReadUpTo("\n\n"),
-              HasSubstr("data: \"            PARAGON FISKALNY\"\n\n"));
+              HasSubstr("data: \"             Sklep wzorcowy\"\n\n"));
   reader.ReadUpTo("event: exchange\n");
   EXPECT_THAT(reader.ReadUpTo("\n\n"), HasSubstr("\"mnemonic\":\"$h\""));
   reader.ReadUpTo("\"document_open\":true");

@@ -8,7 +8,7 @@ import { after, before, test } from "node:test";
 
 import { Cashier, Printer, printDemoReceipt, startBrowser } from "./processes.mjs";
 
-// Its last line, the number and the time, is missing.
+// Letters stand in place of its dates and times.
 const demoReceipt = (await readFile(new URL("../golden/demo_receipt.txt", import.meta.url), "utf8")).trimEnd().split("\n");
 const patience = { timeout: 20_000 };
 
@@ -110,14 +110,13 @@ test("the demo receipt appears without a reload", () => withPrinter(async () => 
   assert.equal(await printDemoReceipt(printer.port), 0);
   await page.locator(".sheet:not(#open-sheet)").waitFor(patience);
   const [paper] = await paperTexts();
-  assert.deepEqual(paper.split("\n").slice(0, -1), demoReceipt);
-  assert.match(paper.split("\n").at(-1), /^1 +\d{4}-\d\d-\d\d \d\d:\d\d$/);
+  assert.deepEqual(paper.replaceAll(/\d{4}-\d\d-\d\d \d\d:\d\d/g, "YYYY-MM-DD hh:mm").split("\n"), demoReceipt);
   assert.equal(await page.evaluate(() => window.notReloaded), true);
 
   // 24.50 at the rate A, 42.35 at C
   const totals = await page.locator("#totals tbody tr").allTextContents();
-  assert.equal(totals[0], "A 23,00%24,500,00");
-  assert.equal(totals[2], "C 5,00%42,350,00");
+  assert.equal(totals[0], "A 23%24,500,00");
+  assert.equal(totals[2], "C 5%42,350,00");
   assert.equal(totals[7], "Sum66,850,00");
   assert.equal(totals[8], "Number10");
 }));

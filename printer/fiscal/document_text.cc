@@ -1,0 +1,204 @@
+#include "printer/fiscal/document_text.h"
+
+#include "printer/fiscal/identity.h"
+#include "printer/protocol/numbers.h"
+
+namespace quilon::printer {
+namespace {
+
+constexpr std::string_view kCurrency = "PLN";
+
+std::string QuantityAndPrice(int64_t quantity, const std::string& unit,
+                             int64_t price) {
+  return "  " + QuantityText(quantity) + (unit.empty() ? "" : " ") + unit +
+         " x " + AmountText(price);
+}
+
+std::string WithLetter(int64_t amount, size_t rate) {
+  return AmountText(amount) + " " + LetterOfRate(rate);
+}
+
+// The value of a discount or surcharge, with its sign.
+std::string ChangeText(int64_t before, int64_t after) {
+  const int64_t change = after - before;
+  return (change < 0 ? "-" : "+") + AmountText(change < 0 ? -change : change);
+}
+
+void Print(Paper& paper, const Item& item) {
+  paper.Print(item.name);
+  if (!item.second_name.empty()) {
+    paper.Print(item.second_name);
+  }
+  paper.PrintPair(QuantityAndPrice(item.quantity, item.unit, item.price),
+                  WithLetter(item.value, item.rate));
+  if (item.adjustment.mode != AdjustmentMode::kNone) {
+    const std::string name =
+        item.adjustment_text.empty() ? "" : " " + item.adjustment_text;
+    paper.PrintPair("  " + item.adjustment.Text() + name,
+                    ChangeText(item.value, item.Sold()) + "  ");
+    paper.PrintPair("", WithLetter(item.Sold(), item.rate));
+  }
+  if (!item.closing_text.empty()) {
+    paper.Print("  " + item.closing_text);
+  }
+}
+
+void Print(Paper& paper, const Deposit& deposit) {
+  paper.Print("Kaucja " + std::to_string(deposit.number));
+  paper.PrintPair(
+      QuantityAndPrice(deposit.quantity, deposit.unit, deposit.price),
+      AmountText(deposit.value) + "  ");
+}
+
+void Print(Paper& paper, const Note& note) {
+  paper.PrintCentered(note.title);
+  int amounts = 0;
+  for (const auto& field : note.fields) {
+    if (const auto* amount = std::get_if<Note::Amount>(&field)) {
+      paper.PrintPair("Kwota " + std::to_string(++amounts),
+                      AmountText(*amount));
+    } else {
+      paper.Print(std::get<std::string>(field));
+    }
+  }
+}
+
+void PrintCentered(Paper& paper, const std::vector<std::string>& texts) {
+  for (const std::string& text : texts) {
+    if (!text.empty()) {
+      paper.PrintCentered(text);
+    }
+  }
+}
+
+void PrintRates(Paper& paper, const Totals& sold) {
+  int64_t tax_sum = 0;
+  for (size_t rate = 0; rate < kRateCount; ++rate) {
+    const int64_t gross = sold.at(rate);
+    if (gross == 0) {
+      continue;
+    }
+    const std::string letter(1, LetterOfRate(rate));
+    if (kRates.at(rate) == kExempt) {
+      paper.PrintPair("SPRZEDAŻ ZWOLNIONA " + letter, AmountText(gross));
+      continue;
+    }
+    const int64_t tax = TaxIn(gross, kRates.at(rate));
+    paper.PrintPair("SPRZEDAŻ OPODATKOWANA " + letter, AmountText(gross));
+    paper.PrintPair("PTU " + letter + " " + RateText(rate), AmountText(tax));
+    tax_sum += tax;
+  }
+  paper.PrintPair("SUMA PTU", AmountText(tax_sum));
+}
+
+std::string NameOf(const Payment& payment) {
+  switch (payment.form) {
+    case kCash:
+      return "Gotówka";
+    case 7:
+      return "Karta";
+    case 10:
+      return "Inna forma";
+    default:
+      return "Waluta";
+  }
+}
+
+void PrintPayments(Paper& paper, const Document& document) {
+  for (const Payment& payment : document.payments) {
+    const std::string number =
+        payment.number == 0 ? "" : " " + std::to_string(payment.number);
+    paper.PrintPair(NameOf(payment) + number, AmountText(payment.amount));
+  }
+  const int64_t change = SumOf(document.payments) - document.Due();
+  if (change > 0) {
+    paper.PrintPair("Reszta", AmountText(change));
+  }
+}
+
+}  // namespace
+
+std::string MomentText(std::chrono::local_seconds moment) {
+  const auto day = std::chrono::floor<std::chrono::days>(moment);
+  const std::chrono::year_month_day date(day);
+  const std::chrono::hh_mm_ss time(moment - day);
+  return Padded(static_cast<int>(date.year()), 4) + "-" +
+         Padded(static_cast<unsigned>(date.month()), 2) + "-" +
+         Padded(static_cast<unsigned>(date.day()), 2) + " " +
+         Padded(time.hours().count(), 2) + ":" +
+         Padded(time.minutes().count(), 2);
+}
+
+void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
+  for (const std::string_view line : kOwner) {
+    paper.PrintCentered(line);
+  }
+  PrintCentered(paper, document.header_lines);
+  paper.PrintCentered(std::string("NIP ").append(kTaxNumber));
+  constexpr size_t kDigits = 6;
+  paper.PrintPair(MomentText(document.begun),
+                  "wydruk " + Padded(running_number, kDigits));
+  if (document.series == Series::kReceipt) {
+    paper.PrintCentered("PARAGON FISKALNY");
+    return;
+  }
+  paper.PrintCentered(document.number_text.empty()
+                          ? "FAKTURA"
+                          : "FAKTURA " + document.number_text);
+  bool first = true;
+  for (const std::string& text : document.buyer) {
+    if (!text.empty()) {
+      paper.PrintPair(first ? "NIP nabywcy" : "Nabywca", text);
+    }
+    first = false;
+  }
+  PrintCentered(paper, document.remarks);
+}
+
+void PrintEntry(Paper& paper, const Entry& entry) {
+  std::visit([&paper](const auto& kind) { Print(paper, kind); }, entry);
+}
+
+void PrintEnd(Paper& paper, const Document& document) {
+  paper.PrintRule();
+  const int64_t sum = SumOf(document.sales);
+  const int64_t sold = SumOf(document.sold);
+  if (document.adjustment.mode != AdjustmentMode::kNone) {
+    paper.PrintPair("SUMA CZĘŚCIOWA", AmountText(sum));
+    paper.PrintPair(document.adjustment.Text(), ChangeText(sum, sold));
+  }
+  PrintRates(paper, document.sold);
+  paper.PrintPair(std::string("SUMA ").append(kCurrency), AmountText(sold));
+  if (document.deposits != 0) {
+    paper.PrintPair("KAUCJE", AmountText(document.deposits));
+    paper.PrintPair("DO ZAPŁATY", AmountText(document.Due()));
+  }
+  PrintPayments(paper, document);
+  PrintCentered(paper, document.closing_texts);
+  const bool receipt = document.series == Series::kReceipt;
+  paper.PrintPair(
+      (receipt ? "Paragon " : "Faktura ") + std::to_string(document.number),
+      MomentText(document.ended));
+  if (!document.cashier.empty()) {
+    paper.PrintPair("Kasjer", document.cashier);
+  }
+  PrintLogo(paper);
+}
+
+void PrintCancellation(Paper& paper, const Document& document,
+                       const std::vector<std::string>& texts) {
+  paper.PrintRule();
+  paper.PrintCentered(document.series == Series::kReceipt
+                          ? "PARAGON ANULOWANY"
+                          : "FAKTURA ANULOWANA");
+  PrintCentered(paper, texts);
+  paper.PrintPair("", MomentText(document.ended));
+  PrintLogo(paper);
+}
+
+void PrintLogo(Paper& paper) {
+  paper.PrintCentered(
+      std::string(kVirtualLogo).append(" ").append(kUniqueNumber));
+}
+
+}  // namespace quilon::printer

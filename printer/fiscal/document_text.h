@@ -1,0 +1,38 @@
+// A fiscal document as text on paper: its head, one entry after the other, its
+// end. The order of a receipt's parts is that of the law.
+#ifndef PRINTER_FISCAL_DOCUMENT_TEXT_H_
+#define PRINTER_FISCAL_DOCUMENT_TEXT_H_
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "printer/fiscal/document.h"
+#include "printer/fiscal/paper.h"
+
+namespace quilon::printer {
+
+// The owner, their NIP, the printout's running number and time, the title.
+// `running_number` is that of all printouts.
+void PrintHead(Paper& paper, const Document& document, int32_t running_number);
+
+void PrintEntry(Paper& paper, const Entry& entry);
+
+// Totals, taxes, payments, number, cashier, time and logo of a document that is
+// closed.
+void PrintEnd(Paper& paper, const Document& document);
+
+// The end of a document that is given up, with further texts.
+void PrintCancellation(Paper& paper, const Document& document,
+                       const std::vector<std::string>& texts);
+
+// Any printout's last lines: the time, and in the place of a fiscal logo that
+// the printer is none.
+void PrintLogo(Paper& paper);
+
+// "2024-01-31 12:05".
+std::string MomentText(std::chrono::local_seconds moment);
+
+}  // namespace quilon::printer
+
+#endif  // PRINTER_FISCAL_DOCUMENT_TEXT_H_
