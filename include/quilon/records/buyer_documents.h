@@ -26,15 +26,20 @@ typedef struct BuyerHeader {
   /** The header lines.
    *  Virtual printer: printed at the head of the document. */
   char lines[8][61];
-  /** First text of the buyer, sent also when empty, as the four below. */
+  /** First text of the buyer, sent also when empty, as the four below.
+   *  Virtual printer: NIP of the buyer. */
   char buyer_text1[15];
-  /** Second text of the buyer. */
+  /** Second text of the buyer.
+   *  Virtual printer: printed as the buyer's. */
   char buyer_text2[18];
-  /** Third text of the buyer. */
+  /** Third text of the buyer.
+   *  Virtual printer: printed as the buyer's. */
   char buyer_text3[21];
-  /** Fourth text of the buyer. */
+  /** Fourth text of the buyer.
+   *  Virtual printer: printed as the buyer's. */
   char buyer_text4[28];
-  /** Fifth text of the buyer. */
+  /** Fifth text of the buyer.
+   *  Virtual printer: printed as the buyer's. */
   char buyer_text5[28];
   /** First text behind the buyer's, sent also when empty.
    *  Virtual printer: printed at the head of the document. */

@@ -127,8 +127,8 @@ typedef struct DocumentEnd {
   char extra_lines[3][41];
   char reserved1[4];
   /** What the customer paid, in hundredths.
-   *  Virtual printer: counts when no payment came before, 0 means exactly what
-   *  is due. */
+   *  Virtual printer: counts as cash when no payment came before, 0 means
+   *  exactly what is due. */
   int64_t paid;
   /** Total of the document, in hundredths: what the totals comparison expects
    *  to be booked, before the adjustment. */
