@@ -53,6 +53,11 @@ class VirtualPrinter::Engine {
         watchers_(std::move(options.watchers)),
         latency_(options.latency),
         frame_patience_(options.frame_patience) {
+    device_.paper.set_sinks(
+        [this](const std::string& line) { Tell(&Watcher::OnLine, line); },
+        [this](const Printout& printout) {
+          Tell(&Watcher::OnPrintout, printout);
+        });
     state_file_.Load(device_);
     if (!state_file_.Save(device_)) {
       throw std::runtime_error("cannot write the state file");
@@ -61,11 +66,6 @@ class VirtualPrinter::Engine {
     for (const std::string& fault : options.faults) {
       device_.OrderFault(fault);
     }
-    device_.paper.set_sinks(
-        [this](const std::string& line) { Tell(&Watcher::OnLine, line); },
-        [this](const Printout& printout) {
-          Tell(&Watcher::OnPrintout, printout);
-        });
     TellStatus();
     Deliver();
     OpenWires(options);

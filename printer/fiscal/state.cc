@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <stdexcept>
 
+#include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
 #include "printer/protocol/hex.h"
 #include "printer/protocol/json_text.h"
@@ -83,10 +84,6 @@ ParameterSet ParameterSetOf(const json& state) {
 void Restore(Device& device, const json& state) {
   device.books = BooksOf(state.at("books"));
   state.at("last_document_closed").get_to(device.last_document_closed);
-  if (state.at("document_open").get<bool>()) {
-    ++device.books.cancelled_count;
-    device.last_document_closed = false;
-  }
   state.at("cash").get_to(device.cash);
   device.cashier = CashierOf(state.at("cashier"));
   device.clock_offset =
@@ -110,6 +107,11 @@ void Restore(Device& device, const json& state) {
     const auto digits = logo.at("digits").get<std::string>();
     device.logos[logo.at("number").get<int32_t>()] = {digits.size(), digits};
   }
+  if (state.at("document_open").get<bool>()) {
+    const bool invoice = state.value("invoice_open", false);
+    device.document = {invoice ? Series::kInvoice : Series::kReceipt};
+    CancelDocument(device, {"Zanik zasilania"});
+  }
 }
 
 }  // namespace
@@ -118,6 +120,8 @@ std::string StateText(const Device& device) {
   json state = {{"books", ToJson(device.books)},
                 {"last_document_closed", device.last_document_closed},
                 {"document_open", device.document.has_value()},
+                {"invoice_open", device.document && device.document->series ==
+                                                        Series::kInvoice},
                 {"cash", device.cash},
                 {"cashier", ToJson(device.cashier)},
                 {"clock_offset", device.clock_offset.count()},

@@ -1,8 +1,8 @@
 // The printer's memory as JSON, so that it survives a restart.
 //
-// Everything but the paper and the open document is kept. A printer that is
-// switched off with a document open cancels it: the next one begins with that
-// document counted as cancelled.
+// Everything but the paper and the open document is kept. A document that was
+// open when the printer was switched off is cancelled when its state comes
+// back: counted so, and ended so on the paper.
 #ifndef PRINTER_FISCAL_STATE_H_
 #define PRINTER_FISCAL_STATE_H_
 

@@ -1,5 +1,6 @@
 #include "printer/fiscal/state.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -14,6 +15,9 @@
 
 namespace quilon::printer {
 namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
 
 // A folder of its own that goes away with the test.
 class Folder {
@@ -71,6 +75,20 @@ TEST(State, CancelsADocumentThatWasOpen) {
   EXPECT_FALSE(after.device.document);
   EXPECT_FALSE(after.device.last_document_closed);
   EXPECT_EQ(after.device.books.cancelled_count, 1);
+  EXPECT_THAT(
+      after.NewPaper(),
+      ElementsAre("----------------------------------------",
+                  "           PARAGON ANULOWANY", "            Zanik zasilania",
+                  "                        2024-01-31 12:05",
+                  "     WYDRUK WIRTUALNY QVP0000000001", ""));
+}
+
+TEST(State, KnowsWhichDocumentWasOpen) {
+  Bench before;
+  before.Send("1;0;1;5;6;0;7;0;0;8;9$hFV 1\r1\r2\r3\r4\r5\r6\r7\r");
+  Bench after;
+  RestoreState(after.device, StateText(before.device));
+  EXPECT_THAT(after.NewPaper(), Contains("           FAKTURA ANULOWANA"));
 }
 
 TEST(State, RefusesWhatIsNoState) {
