@@ -196,7 +196,8 @@ class Judge(unittest.TestCase):
     BEFORE = {"receipts": 100, "reports": 0}
 
     def told(self, outcome, receipts, reports=0):
-        return NEXT_RECEIPT.contradictions({"receipt": outcome}, self.BEFORE, {"receipts": receipts, "reports": reports})
+        after = {"receipts": receipts, "reports": reports}
+        return NEXT_RECEIPT.contradictions({"receipt": outcome}, self.BEFORE, after)
 
     def test_truth(self):
         self.assertEqual(self.told("printed", 100 + RECEIPT), [])
