@@ -21,7 +21,7 @@ constexpr std::chrono::milliseconds kInterruptPause{10};
 constexpr std::chrono::milliseconds kRetryPause{10};  // for memory, and room
 constexpr std::chrono::hours kForGood{24 * 365};
 constexpr int32_t kDrainPatience = 2000;
-constexpr int32_t kHeldUp = 200;  // a line that moves nothing so long
+constexpr int32_t kHeldUp = 500;  // a line that moves nothing so long
 constexpr uint32_t kDrainPause = 10;
 
 constexpr int kPurgeWaits = 20;
