@@ -21,7 +21,8 @@ std::string WithLetter(int64_t amount, size_t rate) {
 // The value of a discount or surcharge, with its sign.
 std::string ChangeText(int64_t before, int64_t after) {
   const int64_t change = after - before;
-  return (change < 0 ? "-" : "+") + AmountText(change < 0 ? -change : change);
+  return std::string(change < 0 ? "-" : "+")
+      .append(AmountText(change < 0 ? -change : change));
 }
 
 void Print(Paper& paper, const Item& item) {
@@ -32,10 +33,11 @@ void Print(Paper& paper, const Item& item) {
   paper.PrintPair(QuantityAndPrice(item.quantity, item.unit, item.price),
                   WithLetter(item.value, item.rate));
   if (item.adjustment.mode != AdjustmentMode::kNone) {
-    const std::string name =
-        item.adjustment_text.empty() ? "" : " " + item.adjustment_text;
-    paper.PrintPair("  " + item.adjustment.Text() + name,
-                    ChangeText(item.value, item.Sold()) + "  ");
+    std::string name = "  " + item.adjustment.Text();
+    if (!item.adjustment_text.empty()) {
+      name.append(" ").append(item.adjustment_text);
+    }
+    paper.PrintPair(name, ChangeText(item.value, item.Sold()) + "  ");
     paper.PrintPair("", WithLetter(item.Sold(), item.rate));
   }
   if (!item.closing_text.empty()) {
@@ -106,9 +108,11 @@ std::string NameOf(const Payment& payment) {
 
 void PrintPayments(Paper& paper, const Document& document) {
   for (const Payment& payment : document.payments) {
-    const std::string number =
-        payment.number == 0 ? "" : " " + std::to_string(payment.number);
-    paper.PrintPair(NameOf(payment) + number, AmountText(payment.amount));
+    std::string name = NameOf(payment);
+    if (payment.number != 0) {
+      name.append(" ").append(std::to_string(payment.number));
+    }
+    paper.PrintPair(name, AmountText(payment.amount));
   }
   const int64_t change = SumOf(document.payments) - document.Due();
   if (change > 0) {
