@@ -12,7 +12,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr uint32_t kTimeout = 400;
+constexpr uint32_t kTimeout = 800;
 constexpr milliseconds kReply{kTimeout};
 constexpr milliseconds kNever = TotalsPrinter::kNever;
 constexpr milliseconds kAtOnce{0};
