@@ -90,7 +90,7 @@ TEST(PseudoTerminal, ForgetsWhatADeadClientLeftUnfinished) {
     const Terminal dying(printer.pty_path());
     dying.Send(Framed("1$Q") + "\x1BP0;0;0;1");
     EXPECT_TRUE(printer.WaitUntil(
-        [](const Snapshot& now) { return now.error == kUnknownCommand; }));
+        [](const Snapshot& now) { return now.error == 1022; }));
   }
   // A printer sees the end of a client only while nobody has the port open: the
   // next client leaves it alone for a while and comes back until it is heard.

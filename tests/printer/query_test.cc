@@ -64,7 +64,7 @@ TEST_F(Query, LogProcessesAndReportsAreTold) {
   EXPECT_EQ(Send("1@PMI123456789012/1/2/3/"),
             Framed("@PMD1/2/3/0/123456789012\rPARAGONY 1\r0000001\r"));
   EXPECT_EQ(Send("?e"), Framed("?e1/0/"));
-  EXPECT_EQ(Verdict("1@PMIx/1/2/3/"), kBadParameter);
+  EXPECT_EQ(Verdict("1@PMIx/1/2/3/"), 4);
 }
 
 TEST_F(Query, JournalHoldsThePaper) {
@@ -89,7 +89,7 @@ TEST_F(Query, JournalStateHasAFormForEachKind) {
   EXPECT_EQ(Send("0?EDB5/6/"), Framed("?EDB5/6/1/"));
   EXPECT_EQ(Send("1?EDB5/6/"), Framed("0?EDB5/6/1/"));
   EXPECT_EQ(Send("2?EDB5/6/"), Framed("0?EDB5/6/1/"));
-  EXPECT_EQ(Verdict("3?EDB5/6/"), kBadParameter);
+  EXPECT_EQ(Verdict("3?EDB5/6/"), 4);
 }
 
 // How many numbers (i), texts (t) and texts with separators (l) each block has.
@@ -124,7 +124,7 @@ TEST_F(Query, BlocksHaveTheirForms) {
     EXPECT_TRUE(fields.empty()) << c.number;
   }
   Send("44$i");
-  EXPECT_EQ(device.error, kBadParameter);
+  EXPECT_EQ(device.error, 4);
 }
 
 TEST_F(Query, BlocksFollowTheState) {
@@ -137,7 +137,7 @@ TEST_F(Query, BlocksFollowTheState) {
 
 TEST_F(Query, ErrorReportsComeAtOnceWhenAskedFor) {
   EXPECT_EQ(Send("1$Q"), "");
-  EXPECT_EQ(Verdict("4#e"), kBadParameter);
+  EXPECT_EQ(Verdict("4#e"), 4);
   EXPECT_EQ(Verdict("1#e"), 0);
   // No checksum: the text behind the mark runs up to the ESC.
   EXPECT_EQ(Send("1$Q"), Bare("1022#Z"));

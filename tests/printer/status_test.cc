@@ -59,13 +59,13 @@ TEST(ErrorQuery, TellsTheLastErrorAndLeavesIt) {
 TEST(Switches, RefuseWhatThePrinterCannotDo) {
   Bench bench;
   bench.device.paper.RunOut();
-  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), kNoPaper);
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), 1037);
   bench.device.paper.Refill();
   bench.device.mechanism_error = true;
-  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), kPrintMechanism);
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), 1086);
   bench.device.mechanism_error = false;
   bench.device.online = false;
-  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), kBusy);
+  EXPECT_EQ(bench.Verdict("0;0;0;1;0$h\r"), 1034);
   bench.device.online = true;
   bench.device.next_refusal = 1054;
   EXPECT_EQ(bench.Hear(Bare("#n")), Framed("#E1034/"));

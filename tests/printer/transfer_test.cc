@@ -23,15 +23,15 @@ TEST_F(Transfer, AnEmptyBlockBeginsAnEmptyFile) {
 }
 
 TEST_F(Transfer, RefusesBlocksThatDoNotFit) {
-  EXPECT_EQ(Verdict("1;0@A3/2/plik\r5c\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A3/4/plik\r5c\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A3/3/plik\r5c5\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A3/2/plik\r5x\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A1/4/plik\r5c5c\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A-1/2/plik\r5c\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A1/2/\r5c\r"), kBadData);
-  EXPECT_EQ(Verdict("0;0@A2147483647/2/plik\r5c\r"), kNoSpace);
-  EXPECT_EQ(Verdict("2;0@A1/2/plik\r5c\r"), kBadParameter);
+  EXPECT_EQ(Verdict("1;0@A3/2/plik\r5c\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A3/4/plik\r5c\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A3/3/plik\r5c5\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A3/2/plik\r5x\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A1/4/plik\r5c5c\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A-1/2/plik\r5c\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A1/2/\r5c\r"), 1005);
+  EXPECT_EQ(Verdict("0;0@A2147483647/2/plik\r5c\r"), 1090);
+  EXPECT_EQ(Verdict("2;0@A1/2/plik\r5c\r"), 4);
   EXPECT_TRUE(device.files.empty());
 }
 
@@ -39,7 +39,7 @@ TEST_F(Transfer, HasRoomForAHundredFiles) {
   for (int i = 0; i < 100; ++i) {
     EXPECT_EQ(Verdict("0;0@A1/2/" + std::to_string(i) + "\r5c\r"), 0);
   }
-  EXPECT_EQ(Verdict("0;0@A1/2/100\r5c\r"), kNoSpace);
+  EXPECT_EQ(Verdict("0;0@A1/2/100\r5c\r"), 1090);
   EXPECT_EQ(Verdict("0;0@A1/2/99\r5d\r"), 0);
 }
 
@@ -47,7 +47,7 @@ TEST_F(Transfer, StoresALogoAndTellsItsChecksum) {
   EXPECT_EQ(Verdict("1;^F0/0\r7/"), 0);
   // 8 x 1 pixels: width 0008, height 0001, one row 80; in two blocks
   EXPECT_EQ(Verdict("0;^F0/10/0/8/00080001\r7/"), 0);
-  EXPECT_EQ(Verdict("10;^F0/0\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("10;^F0/0\r7/"), 1035);
   EXPECT_EQ(Verdict("0;^F0/10/8/2/80\r7/"), 0);
   // Byte i counts shifted by i mod 9. Were all 12292 bytes FF, shifts 0 to 6
   // would occur 1366 times, which cancels out, and 7 and 8 1365 times, which
@@ -57,18 +57,18 @@ TEST_F(Transfer, StoresALogoAndTellsItsChecksum) {
   // low byte stands first.
   EXPECT_EQ(Send("10;^F0/0\r7/"), Framed("^f7\r5/8\r1\r6e82\r"));
   EXPECT_EQ(Verdict("1;^F0/0\r7/"), 0);
-  EXPECT_EQ(Verdict("10;^F0/0\r7/"), kBadLogo);
+  EXPECT_EQ(Verdict("10;^F0/0\r7/"), 1035);
 }
 
 TEST_F(Transfer, RefusesLogoBlocksThatDoNotFit) {
-  EXPECT_EQ(Verdict("0;^F0/10/2/2/80\r7/"), kBadLogo);
-  EXPECT_EQ(Verdict("0;^F0/10/0/4/80\r7/"), kBadLogo);
-  EXPECT_EQ(Verdict("0;^F0/0/0/0/\r7/"), kBadLogo);
-  EXPECT_EQ(Verdict("0;^F0/65538/0/2/80\r7/"), kBadLogo);
-  EXPECT_EQ(Verdict("0;^F0/2/0/4/8080\r7/"), kBadLogo);
-  EXPECT_EQ(Verdict("0;^F0/2/0/2/8x\r7/"), kBadData);
-  EXPECT_EQ(Verdict("0;^F0/2/0/2/80\r256/"), kBadParameter);
-  EXPECT_EQ(Verdict("2;^F0/0\r7/"), kBadParameter);
+  EXPECT_EQ(Verdict("0;^F0/10/2/2/80\r7/"), 1035);
+  EXPECT_EQ(Verdict("0;^F0/10/0/4/80\r7/"), 1035);
+  EXPECT_EQ(Verdict("0;^F0/0/0/0/\r7/"), 1035);
+  EXPECT_EQ(Verdict("0;^F0/65538/0/2/80\r7/"), 1035);
+  EXPECT_EQ(Verdict("0;^F0/2/0/4/8080\r7/"), 1035);
+  EXPECT_EQ(Verdict("0;^F0/2/0/2/8x\r7/"), 1005);
+  EXPECT_EQ(Verdict("0;^F0/2/0/2/80\r256/"), 4);
+  EXPECT_EQ(Verdict("2;^F0/0\r7/"), 4);
 }
 
 }  // namespace
