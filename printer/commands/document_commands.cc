@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "printer/commands/handlers.h"
+#include "printer/commands/note.h"
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/document_text.h"
@@ -27,21 +28,6 @@ void OpenDocument(Device& device, Document document) {
   device.document = std::move(document);
   device.last_document_closed = false;
   device.slip_attached = false;
-}
-
-// Texts and amounts as the request's shape says, the empty texts left out.
-Note NoteOf(const Request& request) {
-  std::string kinds(request.shape);
-  std::erase(kinds, '?');
-  Note note{std::string(request.title), {}};
-  for (size_t i = 0; i < request.values.size(); ++i) {
-    if (kinds[i] == 'a') {
-      note.fields.emplace_back(Note::Amount{request.Number(i)});
-    } else if (!request.values[i].empty()) {
-      note.fields.emplace_back(MazoviaToUtf8(request.values[i]));
-    }
-  }
-  return note;
 }
 
 // Outside a document a note stands on the paper by itself.

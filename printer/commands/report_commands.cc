@@ -3,8 +3,9 @@
 #include <string>
 
 #include "printer/commands/handlers.h"
+#include "printer/commands/note.h"
 #include "printer/fiscal/device.h"
-#include "printer/protocol/mazovia.h"
+#include "printer/fiscal/document_text.h"
 #include "printer/protocol/numbers.h"
 #include "printer/protocol/shape.h"
 
@@ -17,21 +18,6 @@ std::string JoinedParameters(const Request& request) {
     joined.append(joined.empty() ? "" : ";").append(parameter);
   }
   return joined;
-}
-
-void PrintValues(Paper& paper, const Request& request) {
-  std::string kinds(request.shape);
-  std::erase(kinds, '?');
-  int amounts = 0;
-  for (size_t i = 0; i < request.values.size(); ++i) {
-    const std::string& value = request.values[i];
-    if (kinds[i] == 'a') {
-      paper.PrintPair("Kwota " + std::to_string(++amounts),
-                      AmountText(request.Number(i)));
-    } else if (!value.empty()) {
-      paper.Print(MazoviaToUtf8(value));
-    }
-  }
 }
 
 void PrintTotals(Paper& paper, std::string_view title, const Totals& totals,
@@ -59,7 +45,7 @@ std::string PrintForm(Device& device, Request& request) {
   if (!request.parameters.empty()) {
     paper.PrintPair("Parametry", JoinedParameters(request));
   }
-  PrintValues(paper, request);
+  PrintFields(paper, NoteOf(request));
   paper.PrintPair("", device.DateAndTime());
   device.TearOff({PrintoutKind::kReport});
   return {};
@@ -77,7 +63,7 @@ std::string PrintDailyReport(Device& device, Request& request) {
   PrintTotals(paper, "Faktury", device.books.invoices,
               device.books.invoice_count);
   paper.PrintPair("Anulowane", std::to_string(device.books.cancelled_count));
-  PrintValues(paper, request);
+  PrintFields(paper, NoteOf(request));
   paper.PrintPair("", device.DateAndTime());
   device.TearOff({PrintoutKind::kReport});
   return {};

@@ -54,15 +54,7 @@ void Print(Paper& paper, const Deposit& deposit) {
 
 void Print(Paper& paper, const Note& note) {
   paper.PrintCentered(note.title);
-  int amounts = 0;
-  for (const auto& field : note.fields) {
-    if (const auto* amount = std::get_if<Note::Amount>(&field)) {
-      paper.PrintPair("Kwota " + std::to_string(++amounts),
-                      AmountText(*amount));
-    } else {
-      paper.Print(std::get<std::string>(field));
-    }
-  }
+  PrintFields(paper, note);
 }
 
 void PrintCentered(Paper& paper, const std::vector<std::string>& texts) {
@@ -93,22 +85,23 @@ void PrintRates(Paper& paper, const Totals& sold) {
   paper.PrintPair("SUMA PTU", AmountText(tax_sum));
 }
 
-std::string NameOf(const Payment& payment) {
-  switch (payment.form) {
-    case kCash:
+std::string NameOf(PaymentForm form) {
+  switch (form) {
+    case PaymentForm::kCash:
       return "Gotówka";
-    case 7:
+    case PaymentForm::kCard:
       return "Karta";
-    case 10:
+    case PaymentForm::kOther:
       return "Inna forma";
-    default:
-      return "Waluta";
+    case PaymentForm::kCurrency:
+      break;
   }
+  return "Waluta";
 }
 
 void PrintPayments(Paper& paper, const Document& document) {
   for (const Payment& payment : document.payments) {
-    std::string name = NameOf(payment);
+    std::string name = NameOf(payment.form);
     if (payment.number != 0) {
       name.append(" ").append(std::to_string(payment.number));
     }
@@ -161,6 +154,18 @@ void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
 
 void PrintEntry(Paper& paper, const Entry& entry) {
   std::visit([&paper](const auto& kind) { Print(paper, kind); }, entry);
+}
+
+void PrintFields(Paper& paper, const Note& note) {
+  int amounts = 0;
+  for (const auto& field : note.fields) {
+    if (const auto* amount = std::get_if<Note::Amount>(&field)) {
+      paper.PrintPair("Kwota " + std::to_string(++amounts),
+                      AmountText(*amount));
+    } else {
+      paper.Print(std::get<std::string>(field));
+    }
+  }
 }
 
 void PrintEnd(Paper& paper, const Document& document) {

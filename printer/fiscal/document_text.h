@@ -3,6 +3,7 @@
 #ifndef PRINTER_FISCAL_DOCUMENT_TEXT_H_
 #define PRINTER_FISCAL_DOCUMENT_TEXT_H_
 
+#include <chrono>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -18,6 +19,9 @@ void PrintHead(Paper& paper, const Document& document, int32_t running_number);
 
 void PrintEntry(Paper& paper, const Entry& entry);
 
+// What a note says, without its title.
+void PrintFields(Paper& paper, const Note& note);
+
 // Totals, taxes, payments, number, cashier, time and logo of a document that is
 // closed.
 void PrintEnd(Paper& paper, const Document& document);
@@ -26,8 +30,8 @@ void PrintEnd(Paper& paper, const Document& document);
 void PrintCancellation(Paper& paper, const Document& document,
                        const std::vector<std::string>& texts);
 
-// Any printout's last lines: the time, and in the place of a fiscal logo that
-// the printer is none.
+// A printout's last line: in the place of a fiscal logo it says that there is
+// none.
 void PrintLogo(Paper& paper);
 
 // "2024-01-31 12:05".
