@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <numeric>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "printer/commands/handlers.h"
@@ -27,17 +27,24 @@ Adjustment ReceiptAdjustment(int64_t rate, int32_t kind, int64_t value) {
           value};
 }
 
-// Takes what a closing says was paid in one form. When payments came as
-// commands of their own, it is their sum, and counts no second time.
-void TakePayment(const Document& document, int form, int64_t amount,
-                 Closing& closing) {
+// Adds what a closing says was paid in one form, if it was anything.
+void AddPayment(PaymentForm form, int64_t amount, std::vector<Payment>& paid) {
   if (amount < 0 || amount > kMaxAmount) {
     throw Refusal(kBadPayment);
   }
+  if (amount > 0) {
+    paid.push_back({form, 0, amount, {}});
+  }
+}
+
+// Takes what a closing says was paid in one form. When payments came as
+// commands of their own, it is their sum, and counts no second time.
+void TakePayment(const Document& document, PaymentForm form, int64_t amount,
+                 Closing& closing) {
+  std::vector<Payment> paid;
+  AddPayment(form, amount, paid);
   if (document.payments.empty()) {
-    if (amount > 0) {
-      closing.payments.push_back({form, 0, amount, {}});
-    }
+    closing.payments.insert(closing.payments.end(), paid.begin(), paid.end());
   } else if (SumOf(document.payments, form) != amount) {
     throw Refusal(kBadPayment);
   }
@@ -46,8 +53,6 @@ void TakePayment(const Document& document, int form, int64_t amount,
 std::vector<std::string> TextsOf(const Request& request, size_t count) {
   return MazoviaToUtf8(std::span(request.values).first(count));
 }
-
-constexpr int kOtherForm = 10;
 
 }  // namespace
 
@@ -68,7 +73,7 @@ std::string CloseReceipt(Device& device, Request& request) {
   Closing closing;
   closing.texts = TextsOf(request, texts);
   if (const int64_t paid = request.Number(texts); paid != 0) {
-    closing.payments.push_back({kCash, 0, paid, {}});
+    closing.payments.push_back({PaymentForm::kCash, 0, paid, {}});
   }
   closing.total = request.Number(texts + 1);
   closing.adjustment =
@@ -110,11 +115,12 @@ std::string CloseWithTotals(Device& device, Request& request) {
   closing.adjustment = {AdjustmentModeOf(request.Integer(3)),
                         request.Number(kTexts + 1)};
   if (request.Integer(8) == 1) {
-    TakePayment(*device.document, kCash, request.Number(kTexts + 6), closing);
+    TakePayment(*device.document, PaymentForm::kCash,
+                request.Number(kTexts + 6), closing);
   }
   if (request.Integer(9) == 1) {
-    TakePayment(*device.document, kOtherForm, request.Number(kTexts + 7),
-                closing);
+    TakePayment(*device.document, PaymentForm::kOther,
+                request.Number(kTexts + 7), closing);
   }
   CloseDocument(device, closing);
   return {};
@@ -151,31 +157,23 @@ std::string CloseWithList(Device& device, Request& request) {
   request.values = ReadShape(
       request.fields, std::string(texts, 't') + std::string(5 + d, 'a') +
                           (with_slip ? "?" : "") + std::string(b + c, 'a'));
-  const auto sum_of_amounts = [&](size_t first, size_t n) {
-    int64_t sum = 0;
-    for (size_t i = first; i < std::min(first + n, request.values.size());
-         ++i) {
-      sum += request.Number(i);
-    }
-    return sum;
-  };
   const size_t payments = texts + 5 + d;
   Closing closing;
   closing.texts = TextsOf(request, 3 + a);
   closing.total = request.Number(texts);
   closing.adjustment = {AdjustmentModeOf(request.Integer(4)),
                         request.Number(texts + 1)};
-  const Document& document = *device.document;
-  if (document.payments.empty()) {
-    for (size_t i = 0; i < b + c; ++i) {
-      if (const int64_t amount = sum_of_amounts(payments + i, 1); amount != 0) {
-        closing.payments.push_back({i < b ? kCash : kOtherForm, 0, amount, {}});
-      }
-    }
-  } else if (const int64_t listed = sum_of_amounts(payments, b + c);
-             listed != 0 &&
-             listed != SumOf(document.payments, kCash) +
-                           SumOf(document.payments, kOtherForm)) {
+  std::vector<Payment> listed;
+  for (size_t i = payments; i < request.values.size(); ++i) {
+    AddPayment(i < payments + b ? PaymentForm::kCash : PaymentForm::kOther,
+               request.Number(i), listed);
+  }
+  const std::vector<Payment>& taken = device.document->payments;
+  if (taken.empty()) {
+    closing.payments = std::move(listed);
+  } else if (!listed.empty() &&
+             SumOf(listed) != SumOf(taken, PaymentForm::kCash) +
+                                  SumOf(taken, PaymentForm::kOther)) {
     throw Refusal(kBadPayment);
   }
   CloseDocument(device, closing);

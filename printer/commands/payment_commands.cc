@@ -7,7 +7,7 @@ namespace quilon::printer {
 // form "$d" amount "/" number CR quantity CR. The quantity may be empty.
 std::string Pay(Device& device, Request& request) {
   Payment payment{};
-  payment.form = request.Integer(0);
+  payment.form = static_cast<PaymentForm>(request.Integer(0));
   payment.amount = request.fields.Amount(kBadPayment);
   payment.number = request.fields.Integer('\r');
   payment.quantity = request.fields.Text();

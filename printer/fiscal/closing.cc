@@ -17,13 +17,14 @@ std::vector<Payment> PaymentsOf(const Document& document,
   if (!document.payments.empty()) {
     return document.payments;
   }
-  return closing.payments.empty() ? std::vector<Payment>{{kCash, 0, due, {}}}
-                                  : closing.payments;
+  return closing.payments.empty()
+             ? std::vector<Payment>{{PaymentForm::kCash, 0, due, {}}}
+             : closing.payments;
 }
 
 // Cash that came in, without the change.
 int64_t CashOf(const Document& document) {
-  return SumOf(document.payments, kCash) -
+  return SumOf(document.payments, PaymentForm::kCash) -
          (SumOf(document.payments) - document.Due());
 }
 
@@ -48,10 +49,12 @@ void CloseDocument(Device& device, const Closing& closing) {
   const int64_t sold = closing.adjustment.AppliedTo(closing.total);
   const int64_t due = sold + open.deposits;
   const std::vector<Payment> payments = PaymentsOf(open, closing, due);
-  if (SumOf(payments) < due) {
+  // What the closing itself says counts no second time, but must be enough.
+  if (SumOf(payments) < due ||
+      (!closing.payments.empty() && SumOf(closing.payments) < due)) {
     throw Refusal(kUnpaid);
   }
-  if (SumOf(payments) - due > SumOf(payments, kCash)) {
+  if (SumOf(payments) - due > SumOf(payments, PaymentForm::kCash)) {
     throw Refusal(kBadPayment);  // change is given in cash only
   }
   Document document = TakeDocument(device);
@@ -70,20 +73,16 @@ void CloseDocument(Device& device, const Closing& closing) {
   device.TearOff({.kind = document.series == Series::kReceipt
                               ? PrintoutKind::kReceipt
                               : PrintoutKind::kInvoice,
-                  .fiscal_number = document.number,
-                  .sales = document.sold,
-                  .due = document.Due(),
-                  .paid = SumOf(document.payments),
-                  .document = std::make_shared<Document>(document)});
+                  .document = std::make_shared<Document>(std::move(document))});
 }
 
 void CancelDocument(Device& device, const std::vector<std::string>& texts) {
-  const Document document = TakeDocument(device);
+  Document document = TakeDocument(device);
   PrintCancellation(device.paper, document, texts);
   ++device.books.cancelled_count;
   device.last_document_closed = false;
   device.TearOff({.kind = PrintoutKind::kCancelled,
-                  .document = std::make_shared<Document>(document)});
+                  .document = std::make_shared<Document>(std::move(document))});
 }
 
 }  // namespace quilon::printer

@@ -22,7 +22,7 @@ int64_t SumOf(const std::vector<Payment>& payments) {
       [](int64_t sum, const Payment& payment) { return sum + payment.amount; });
 }
 
-int64_t SumOf(const std::vector<Payment>& payments, int form) {
+int64_t SumOf(const std::vector<Payment>& payments, PaymentForm form) {
   return std::accumulate(payments.begin(), payments.end(), int64_t{0},
                          [form](int64_t sum, const Payment& payment) {
                            return sum +

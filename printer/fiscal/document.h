@@ -49,18 +49,19 @@ struct Note {
 
 using Entry = std::variant<Item, Deposit, Note>;
 
+// By the number that the payment command has for it.
+enum class PaymentForm { kCash = 6, kCard = 7, kOther = 10, kCurrency = 11 };
+
 struct Payment {
-  int form;        // the command's number: 6, 7, 10 or 11
+  PaymentForm form;
   int32_t number;  // the client's own number of the payment
   int64_t amount;
   std::string quantity;
 };
 
-inline constexpr int kCash = 6;
-
 int64_t SumOf(const std::vector<Payment>& payments);
 // In one form only.
-int64_t SumOf(const std::vector<Payment>& payments, int form);
+int64_t SumOf(const std::vector<Payment>& payments, PaymentForm form);
 
 struct Document {
   Series series;

@@ -1,6 +1,13 @@
 #include "printer/fiscal/printout.h"
 
+#include "printer/fiscal/document.h"
+
 namespace quilon::printer {
+
+const Document& Printout::booked() const {
+  static const Document kNothing{};
+  return document != nullptr && document->number != 0 ? *document : kNothing;
+}
 
 std::string_view NameOf(PrintoutKind kind) {
   switch (kind) {

@@ -26,17 +26,14 @@ struct Printout {
   PrintoutKind kind = PrintoutKind::kReport;
   // Among all printouts since the printer was switched on, from 1.
   int64_t number = 0;
-  // The printed number of a receipt or an invoice; 0 of the others.
-  int32_t fiscal_number = 0;
-  // What the paper of a receipt or an invoice says was sold, in grosze.
-  Totals sales{};
-  // To be paid, and paid, in grosze.
-  int64_t due = 0;
-  int64_t paid = 0;
   // Of a receipt or an invoice, also of one that was given up.
   std::shared_ptr<const Document> document{};
   // UTF-8, without line ends. Of very long ones the newest Paper::kKeptLines.
   std::vector<std::string> lines{};
+
+  // What a receipt or an invoice brought into the books; an empty document for
+  // every other printout, also for a document that was given up.
+  const Document& booked() const;
 };
 
 // "receipt", "invoice", "cancelled", "slip", "report".

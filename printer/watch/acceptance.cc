@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "printer/commands/command_table.h"
+#include "printer/fiscal/document.h"
 #include "printer/protocol/json_text.h"
 #include "printer/protocol/numbers.h"
 
@@ -26,9 +27,10 @@ struct Amount {
 };
 
 constexpr std::array kAmounts = {
-    Amount{"total", [](const Printout& p) { return SumOf(p.sales); }},
-    Amount{"due", [](const Printout& p) { return p.due; }},
-    Amount{"paid", [](const Printout& p) { return p.paid; }},
+    Amount{"total", [](const Printout& p) { return SumOf(p.booked().sold); }},
+    Amount{"due", [](const Printout& p) { return p.booked().Due(); }},
+    Amount{"paid",
+           [](const Printout& p) { return SumOf(p.booked().payments); }},
 };
 
 [[noreturn]] void Refuse(const std::string& what) {
@@ -163,7 +165,7 @@ std::vector<std::string> CompareDocument(const ExpectedDocument& expected,
   }
   for (size_t rate = 0; expected.rates && rate < kRateCount; ++rate) {
     CompareAmount(std::string("rate ") + LetterOfRate(rate),
-                  expected.rates->at(rate), printed.sales.at(rate),
+                  expected.rates->at(rate), printed.booked().sold.at(rate),
                   differences);
   }
   CompareLines(expected.lines, printed.lines, differences);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "printer/commands/command_table.h"
+#include "printer/fiscal/document.h"
 #include "printer/protocol/hex.h"
 #include "printer/protocol/mazovia.h"
 
@@ -123,14 +124,12 @@ std::string JsonOf(const Exchange& exchange, size_t most_characters) {
 }
 
 std::string JsonOf(const Printout& printout) {
-  const json entry = {{"number", printout.number},
-                      {"kind", NameOf(printout.kind)},
-                      {"fiscal_number", printout.fiscal_number},
-                      {"rates", printout.sales},
-                      {"total", SumOf(printout.sales)},
-                      {"due", printout.due},
-                      {"paid", printout.paid},
-                      {"lines", printout.lines}};
+  const Document& booked = printout.booked();
+  const json entry = {
+      {"number", printout.number},      {"kind", NameOf(printout.kind)},
+      {"fiscal_number", booked.number}, {"rates", booked.sold},
+      {"total", SumOf(booked.sold)},    {"due", booked.Due()},
+      {"paid", SumOf(booked.payments)}, {"lines", printout.lines}};
   return entry.dump();
 }
 

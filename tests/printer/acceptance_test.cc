@@ -2,18 +2,23 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <stdexcept>
 #include <string>
+
+#include "printer/fiscal/document.h"
 
 namespace quilon::printer {
 namespace {
 
 Printout Receipt(int64_t grosze) {
+  Document document;
+  document.number = 1;
+  document.sold = {0, 0, grosze, 0, 0, 0, 0};
+  document.payments = {{PaymentForm::kCash, 0, 2000, {}}};
   Printout printout;
   printout.kind = PrintoutKind::kReceipt;
-  printout.sales = {0, 0, grosze, 0, 0, 0, 0};
-  printout.due = grosze;
-  printout.paid = 2000;
+  printout.document = std::make_shared<Document>(document);
   printout.lines = {"PARAGON FISKALNY", "Chleb żytni", "  2 x 6,49 12,98 C",
                     "SUMA PLN 12,98"};
   return printout;

@@ -100,30 +100,30 @@ TEST_F(Receipt, AdjustsALineByEachMode) {
 
 TEST_F(Receipt, RefusesAnImpossibleLineAdjustment) {
   Send(kHeader);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rB/4.50/9/1/rabat\r"), kBadAdjustment);
-  EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/9/rabat\r"), kBadAdjustment);
-  EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/-1/rabat\r"), kBadAdjustment);
-  EXPECT_EQ(Verdict("1;5;0^lChleb\r2\rB/4.50/9/1/rabat\r"), kBadParameter);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rB/4.50/9/1/rabat\r"), 1004);
+  EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/9/rabat\r"), 1004);
+  EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/-1/rabat\r"), 1004);
+  EXPECT_EQ(Verdict("1;5;0^lChleb\r2\rB/4.50/9/1/rabat\r"), 4);
   EXPECT_EQ(device.document->items, 0U);
 }
 
 TEST_F(Receipt, RefusesWrongLinesAndStaysUsable) {
-  EXPECT_EQ(Verdict(kLine), kNoDocument);
+  EXPECT_EQ(Verdict(kLine), 29);
   EXPECT_EQ(Verdict(kHeader), 0);
   NewPaper();
-  EXPECT_EQ(Verdict(kHeader), kDocumentAlreadyOpen);
-  EXPECT_EQ(Verdict("1;0;0^l\r2\rA/4.50/9/"), kBadItemName);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r\rA/4.50/9/"), kBadQuantity);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r-2\rA/4.50/9/"), kBadQuantity);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2x\rA/4.50/9/"), kBadQuantity);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rH/4.50/9/"), kBadRateLetter);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\r/4.50/9/"), kBadRateLetter);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/0/0/"), kBadPrice);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/-4.-50/-9/"), kBadPrice);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.5/9/"), kBadPrice);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.50/9.01/"), kWrongValue);
-  EXPECT_EQ(Verdict("1;0;0;2$lChleb\r2\rA/4.50/9/\r"), kBadParameter);
-  EXPECT_EQ(Verdict("1;0;0;1$lChleb\r2\rA/4.50/9/"), kWrongFieldCount);
+  EXPECT_EQ(Verdict(kHeader), 1002);
+  EXPECT_EQ(Verdict("1;0;0^l\r2\rA/4.50/9/"), 16);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r\rA/4.50/9/"), 17);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r-2\rA/4.50/9/"), 17);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2x\rA/4.50/9/"), 17);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rH/4.50/9/"), 18);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\r/4.50/9/"), 18);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/0/0/"), 19);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/-4.-50/-9/"), 19);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.5/9/"), 19);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.50/9.01/"), 20);
+  EXPECT_EQ(Verdict("1;0;0;2$lChleb\r2\rA/4.50/9/\r"), 4);
+  EXPECT_EQ(Verdict("1;0;0;1$lChleb\r2\rA/4.50/9/"), 3);
   EXPECT_THAT(NewPaper(), IsEmpty());
   EXPECT_EQ(Verdict(kLine), 0);
   EXPECT_EQ(Verdict(kClose), 0);
@@ -141,14 +141,14 @@ TEST_F(Receipt, TakesEveryRateLetter) {
 }
 
 TEST_F(Receipt, ClosesOnlyWhenItIsRight) {
-  EXPECT_EQ(Verdict(kClose), kNoDocument);
+  EXPECT_EQ(Verdict(kClose), 29);
   Send(kHeader);
-  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/0/0/"), kNoItems);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/0/0/"), 1092);
   Send(kLine);
-  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9.01/0/"), kWrongTotal);
-  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r8.99/9/0/"), kUnpaid);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/9.01/0/"), 27);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r8.99/9/0/"), 30);
   EXPECT_EQ(Verdict("6$d5/1\r\r"), 0);
-  EXPECT_EQ(Verdict(kClose), kUnpaid);
+  EXPECT_EQ(Verdict(kClose), 30);
   EXPECT_TRUE(device.document);
   EXPECT_EQ(SumOf(device.books.receipts), 0);
   EXPECT_EQ(Verdict("10$d4/1\r\r"), 0);
@@ -195,7 +195,7 @@ TEST_F(Receipt, GivesChangeInCashOnly) {
   Send(kHeader);
   Send(kLine);
   Send("7$d10/1\r\r");
-  EXPECT_EQ(Verdict(kClose), kBadPayment);
+  EXPECT_EQ(Verdict(kClose), 26);
   Send("0$e");
   Send(kHeader);
   Send(kLine);
@@ -265,19 +265,28 @@ TEST_F(Receipt, CountsItsPrintouts) {
 }
 
 TEST_F(Receipt, RefusesAWrongPayment) {
-  EXPECT_EQ(Verdict("6$d1/1\r\r"), kNoDocument);
+  EXPECT_EQ(Verdict("6$d1/1\r\r"), 29);
   Send(kHeader);
-  EXPECT_EQ(Verdict("6$d0/1\r\r"), kBadPayment);
-  EXPECT_EQ(Verdict("6$d-1/1\r\r"), kBadPayment);
-  EXPECT_EQ(Verdict("6$dx/1\r\r"), kBadPayment);
-  EXPECT_EQ(Verdict("6$d1/1\rx\r"), kBadQuantity);
-  EXPECT_EQ(Verdict("6$d1/x\r\r"), kBadParameter);
-  EXPECT_EQ(Verdict("6$d1/1\r"), kWrongFieldCount);
+  EXPECT_EQ(Verdict("6$d0/1\r\r"), 26);
+  EXPECT_EQ(Verdict("6$d-1/1\r\r"), 26);
+  EXPECT_EQ(Verdict("6$dx/1\r\r"), 26);
+  EXPECT_EQ(Verdict("6$d1/1\rx\r"), 17);
+  EXPECT_EQ(Verdict("6$d1/x\r\r"), 4);
+  EXPECT_EQ(Verdict("6$d1/1\r"), 3);
   EXPECT_THAT(device.document->payments, IsEmpty());
 }
 
+TEST_F(Receipt, IsNotClosedByAnAmountThatIsTooSmall) {
+  Send(kHeader);
+  Send(kLine);
+  EXPECT_EQ(Verdict("6$d20/1\r1\r"), 0);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r5/9/0/"), 30);
+  EXPECT_TRUE(device.document);
+  EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r20/9/0/"), 0);
+}
+
 TEST_F(Receipt, IsCancelledWithoutBooking) {
-  EXPECT_EQ(Verdict("0$e"), kNoDocument);
+  EXPECT_EQ(Verdict("0$e"), 29);
   Send(kHeader);
   Send(kLine);
   NewPaper();
