@@ -62,6 +62,7 @@ class VirtualPrinter::Engine {
     if (!state_file_.Save(device_)) {
       throw std::runtime_error("cannot write the state file");
     }
+    device_.strict = !options.lenient;
     device_.faults.set_seed(options.seed);
     for (const std::string& fault : options.faults) {
       device_.OrderFault(fault);
@@ -126,28 +127,35 @@ class VirtualPrinter::Engine {
   }
 
   Receiver NewReceiver() {
+    const int64_t client = ++clients_;
     const auto line = std::make_shared<Line>(
-        device_, [this, client = ++clients_](Event event, Outcome outcome) {
+        device_, client, [this, client](Event event, Outcome outcome) {
           Note({++exchanges_, std::chrono::system_clock::now(), client,
-                std::move(event), std::move(outcome.answer), outcome.error});
+                std::move(event), std::move(outcome.answer), outcome.error,
+                std::move(outcome.reason)});
         });
-    return
-        [this, line](std::string_view bytes, std::chrono::nanoseconds silence) {
-          Reaction reaction;
-          Apply([&](Device& device) {
-            if (silence >= frame_patience_) {
-              line->ForgetUnfinished();
-            }
-            reaction = line->Receive(bytes);
-            if (!state_file_.Save(device)) {
-              device.Refuse(kUnsavedState);
-            }
-          });
-          if (!reaction.answer.empty()) {
-            reaction.delay += latency_;
-          }
-          return reaction;
-        };
+    // Goes with the receiver, when the client is gone.
+    const std::shared_ptr<void> presence(nullptr, [this, client](void*) {
+      const std::scoped_lock lock(mutex_);
+      device_.Leave(client);
+    });
+    return [this, line, presence](std::string_view bytes,
+                                  std::chrono::nanoseconds silence) {
+      Reaction reaction;
+      Apply([&](Device& device) {
+        if (silence >= frame_patience_) {
+          line->ForgetUnfinished();
+        }
+        reaction = line->Receive(bytes);
+        if (!state_file_.Save(device)) {
+          device.Refuse(RowOf(Rule::kUnsavedState).error);
+        }
+      });
+      if (!reaction.answer.empty()) {
+        reaction.delay += latency_;
+      }
+      return reaction;
+    };
   }
 
   void Note(Exchange exchange) {

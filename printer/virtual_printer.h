@@ -63,6 +63,8 @@ class VirtualPrinter {
     std::filesystem::path state_file;
     // Ordered before the first client comes; see OrderFault.
     std::vector<std::string> faults;
+    // Keeps only the rules without which a command cannot be obeyed.
+    bool lenient = false;
     // For the faults that happen by chance.
     uint64_t seed = 1;
     // Local time; empty: the system's.

@@ -104,7 +104,7 @@ enum QuilCode {
    *  Direction: send. Record: DollarC. */
   QUIL_DOLLAR_C = 22,
   /** Sends "$p": one parameter, two texts, seven values.
-   *  Virtual printer: setting.
+   *  Virtual printer: set VAT rates.
    *  Direction: send. Record: DollarP. */
   QUIL_DOLLAR_P = 23,
   /** Sends "1$P": seven parameters, six values.
@@ -182,7 +182,7 @@ enum QuilCode {
    *  Direction: send. Record: FileTransfer. */
   QUIL_SEND_EMPTY_FILE = 40,
   /** Sends "100;1$z" with a converted text.
-   *  Virtual printer: setting.
+   *  Virtual printer: name of the owner.
    *  Direction: send. Record: SingleText. */
   QUIL_DOLLAR_Z = 41,
   /** Asks for the information block of the number ("$i").

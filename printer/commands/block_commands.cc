@@ -7,6 +7,7 @@
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/identity.h"
 #include "printer/protocol/answer.h"
+#include "printer/protocol/mazovia.h"
 
 namespace quilon::printer {
 namespace {
@@ -35,9 +36,9 @@ void CommunicationPort(const Device& /*device*/, Answer& answer) {
 // Five texts, four numbers
 void Owner(const Device& device, Answer& answer) {
   answer.Text(kDeviceName)
-      .Text(kOwner[0])
-      .Text(kOwner[1])
-      .Text(kOwner[2])
+      .Text(Utf8ToMazovia(device.owner))
+      .Text(kAddress[0])
+      .Text(kAddress[1])
       .Text(kTaxNumber);
   answer.Integer(device.books.receipt_count)
       .Integer(device.books.invoice_count)
@@ -51,7 +52,7 @@ void FiscalState(const Device& device, Answer& answer) {
       .Integer(device.online ? 1 : 0)
       .Integer(device.paper.out() ? 1 : 0);
   answer.Text(kUniqueNumber).Text(kTaxNumber);
-  for (const int64_t rate : kRates) {
+  for (const int64_t rate : device.rates) {
     answer.Integer(rate);
   }
   answer.Integer(device.books.receipt_count)
@@ -164,7 +165,7 @@ std::string TellBlock(Device& device, Request& request) {
       return answer.Finish();
     }
   }
-  throw Refusal(kBadParameter);
+  throw Refusal(Rule::kParameter);
 }
 
 }  // namespace quilon::printer

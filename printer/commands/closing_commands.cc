@@ -7,6 +7,7 @@
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
 #include "printer/protocol/shape.h"
@@ -18,7 +19,7 @@ namespace {
 // surcharge only with the amounts.
 Adjustment ReceiptAdjustment(int64_t rate, int32_t kind, int64_t value) {
   if (rate < 0 || value < 0 || kind < 0 || kind > 2) {
-    throw Refusal(kBadAdjustment);
+    throw Refusal(Rule::kAdjustment);
   }
   if (kind == 1 || rate != 0) {
     return {AdjustmentMode::kPercentOff, value > 0 ? value : rate};
@@ -30,7 +31,7 @@ Adjustment ReceiptAdjustment(int64_t rate, int32_t kind, int64_t value) {
 // Adds what a closing says was paid in one form, if it was anything.
 void AddPayment(PaymentForm form, int64_t amount, std::vector<Payment>& paid) {
   if (amount < 0 || amount > kMaxAmount) {
-    throw Refusal(kBadPayment);
+    throw Refusal(Rule::kPayment, AmountText(amount));
   }
   if (amount > 0) {
     paid.push_back({form, 0, amount, {}});
@@ -45,8 +46,9 @@ void TakePayment(const Document& document, PaymentForm form, int64_t amount,
   AddPayment(form, amount, paid);
   if (document.payments.empty()) {
     closing.payments.insert(closing.payments.end(), paid.begin(), paid.end());
-  } else if (SumOf(document.payments, form) != amount) {
-    throw Refusal(kBadPayment);
+  } else if (const int64_t sum = SumOf(document.payments, form);
+             sum != amount) {
+    throw Refusal(Rule::kPaymentsDiffer, Compared(amount, sum));
   }
 }
 
@@ -62,7 +64,7 @@ std::string CloseReceipt(Device& device, Request& request) {
   request.Integer(0);
   const auto rate = ParseAmount(request.parameters.at(1));
   if (!rate) {
-    throw Refusal(kBadParameter);
+    throw Refusal(Rule::kParameter);
   }
   const int32_t extra_lines = request.Integer(2, 0, 3);
   request.Integer(3, 0, 0);
@@ -87,6 +89,7 @@ std::string CloseReceipt(Device& device, Request& request) {
 // total "/" adjustment value "/"
 std::string CloseInvoice(Device& device, Request& request) {
   request.CheckIntegers();
+  CheckSeries(device, Series::kInvoice);
   const size_t texts = static_cast<size_t>(request.Integer(2, 0, 3)) + 4;
   request.Integer(3, 0, 0);
   request.Integer(5, 1, 1);
@@ -139,6 +142,7 @@ std::string CloseWithList(Device& device, Request& request) {
   constexpr int32_t kMaxRates = 16;
   constexpr size_t kFixed = 11;
   request.CheckIntegers(0, kFixed);
+  CheckSeries(device, Series::kReceipt);
   const auto count = [&](size_t index, int32_t most) {
     return static_cast<size_t>(std::clamp(request.Integer(index), 0, most));
   };
@@ -150,7 +154,7 @@ std::string CloseWithList(Device& device, Request& request) {
   // The last parameter is closed by ";", too.
   if (request.parameters.size() != kFixed + d + 1 ||
       !request.parameters.back().empty()) {
-    throw Refusal(kWrongFieldCount);
+    throw Refusal(Rule::kFieldCount);
   }
   request.CheckIntegers(0, kFixed + d);
   const size_t texts = 3 + a + d + 2 * b + 2 * c;
@@ -171,13 +175,14 @@ std::string CloseWithList(Device& device, Request& request) {
   const std::vector<Payment>& taken = device.document->payments;
   if (taken.empty()) {
     closing.payments = std::move(listed);
-  } else if (!listed.empty() &&
-             SumOf(listed) != SumOf(taken, PaymentForm::kCash) +
-                                  SumOf(taken, PaymentForm::kOther)) {
-    throw Refusal(kBadPayment);
+  } else if (const int64_t sum = SumOf(taken, PaymentForm::kCash) +
+                                 SumOf(taken, PaymentForm::kOther);
+             !listed.empty() && SumOf(listed) != sum) {
+    throw Refusal(Rule::kPaymentsDiffer, Compared(SumOf(listed), sum));
   }
   CloseDocument(device, closing);
   device.slip_attached = with_slip;
+  device.slip_lines = 0;
   return {};
 }
 

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "printer/commands/handlers.h"
-#include "printer/protocol/errors.h"
 #include "printer/protocol/frame.h"
+#include "printer/protocol/refusal.h"
 #include "printer/protocol/shape.h"
 
 namespace quilon::printer {
@@ -18,6 +18,7 @@ constexpr auto kUnchecked = Checksum::kNone;
 constexpr auto kAlways = When::kAlways;
 constexpr auto kOnline = When::kOnline;
 constexpr auto kInside = When::kInDocument;
+constexpr auto kCancelling = When::kCancelling;
 constexpr auto kClosing = When::kClosing;
 constexpr auto kInSlip = When::kInSlip;
 constexpr auto kOutside = When::kOutsideDocument;
@@ -32,14 +33,14 @@ constexpr std::array kCommands = {
     CommandRow{"$l", "", 4, 4, "*", kChecked, kInside, kPrints, SellWithClosingText},
     CommandRow{"^l", "", 3, 3, "*", kChecked, kInside, kPrints, Sell},
     CommandRow{"$l", "", 1, 1, "*", kChecked, kInside, kPrints, AddDeposit},
-    CommandRow{"$e", "0", 1, 1, "?tt", kChecked, kInside, kPrints, GiveUpDocument},
+    CommandRow{"$e", "0", 1, 1, "?tt", kChecked, kCancelling, kPrints, GiveUpDocument},
     CommandRow{"$e", "", 6, 6, "*", kChecked, kClosing, kPrints, CloseReceipt},
     CommandRow{"$e", "", 9, 9, "*", kChecked, kClosing, kPrints, CloseInvoice},
     CommandRow{"$x", "5", 11, 11, "tttttttttaaaaaaaaa", kChecked, kClosing, kPrints, CloseWithTotals},
     CommandRow{"$y", "", 12, 28, "*", kChecked, kClosing, kPrints, CloseWithList},
     CommandRow{"$n", "", 1, 1, "ta", kChecked, kInside, kPrints, TakeNote, "DODATEK"},
     CommandRow{"$L", "", 3, 3, "aat", kChecked, kInside, kPrints, TakeNote, "ROZLICZENIE STAWKI"},
-    CommandRow{"$Y", "", 2, 2, "aat", kChecked, kInside, kPrints, TakeNote, "PODSUMA"},
+    CommandRow{"$Y", "", 2, 2, "aat", kChecked, kInside, kPrints, TakeSubtotal, "PODSUMA"},
     CommandRow{"$b", "", 2, 2, "at", kChecked, kInside, kPrints, TakeNote, "FORMA PŁATNOŚCI"},
     CommandRow{"@z", "", 2, 2, "ttaa", kChecked, kOnline, kPrints, TakeNote, "ZALICZKA"},
     CommandRow{"@c", "", 12, 12, "t?ttttttt", kChecked, kOnline, kPrints, NoteWithTexts, "INFORMACJE"},
@@ -74,10 +75,10 @@ constexpr std::array kCommands = {
     // Settings and the queries that read them back
     CommandRow{"$c", "", 6, 6, "tt", kChecked, kOutside, kPrints, SetClock},
     CommandRow{"$r", "243", 2, 2, "", kChecked, kOnline, kQuiet, ChooseTotals},
-    CommandRow{"$p", "", 1, 1, "ttiiiiiii", kChecked, kOutside, kQuiet, Keep},
+    CommandRow{"$p", "", 1, 1, "ttiiiiiii", kChecked, kOutside, kQuiet, SetRates},
     CommandRow{"$P", "1", 7, 7, "iiiiii", kChecked, kOutside, kQuiet, KeepUnread},
     CommandRow{"^c", "1", 1, 1, "ct", kChecked, kOutside, kQuiet, Keep},
-    CommandRow{"$z", "100", 2, 2, "t", kChecked, kOutside, kQuiet, Keep},
+    CommandRow{"$z", "100", 2, 2, "t", kChecked, kOutside, kQuiet, SetOwner},
     CommandRow{"^b", "1", 1, 1, "sssssts", kChecked, kOnline, kQuiet, Keep},
     CommandRow{"^b", "0", 2, 2, "sssssts", kChecked, kOnline, kQuiet, Keep},
     CommandRow{"$m", "", 0, 0, "", kChecked, kOnline, kQuiet, Keep},
@@ -111,13 +112,13 @@ constexpr std::array kCommands = {
     // Reports, shifts and cash
     CommandRow{"#r", "0", 1, 1, "?tt", kChecked, kOutside, kPrints, PrintDailyReport, "RAPORT DOBOWY"},
     CommandRow{"#r", "1", 4, 4, "?tt", kChecked, kOutside, kPrints, PrintDailyReport, "RAPORT DOBOWY"},
-    CommandRow{"#o", "", 7, 7, "?tt", kChecked, kOutside, kPrints, PrintForm, "RAPORT OKRESOWY"},
-    CommandRow{"#o", "", 1, 1, "ss?tt", kChecked, kOutside, kPrints, PrintForm, "RAPORT OKRESOWY"},
+    CommandRow{"#o", "", 7, 7, "?tt", kChecked, kOutside, kPrints, PrintReportOfDays, "RAPORT OKRESOWY"},
+    CommandRow{"#o", "", 1, 1, "ss?tt", kChecked, kOutside, kPrints, PrintReportOfNumbers, "RAPORT OKRESOWY"},
     CommandRow{"$o", "", 1, 1, "*", kChecked, kOutside, kPrints, PrintRangeReport, "RAPORT ZAKRESOWY"},
-    CommandRow{"#t", "0", 1, 1, "?tt", kChecked, kOutside, kPrints, PrintForm, "RAPORT STANU KASY"},
-    CommandRow{"@PR", "", 0, 0, "iitt", kChecked, kOutside, kPrints, PrintForm, "WYDRUK Z PAMIĘCI"},
-    CommandRow{"@PMR", "", 0, 0, "iitt", kChecked, kOutside, kPrints, PrintForm, "WYDRUK Z PAMIĘCI CHRONIONEJ"},
-    CommandRow{"#k", "", 1, 1, "tt?t", kChecked, kOutside, kPrints, PrintForm, "RAPORT ZMIANY"},
+    CommandRow{"#t", "0", 1, 1, "?tt", kChecked, kOutside, kPrints, PrintCashReport, "RAPORT STANU KASY"},
+    CommandRow{"@PR", "", 0, 0, "iitt", kChecked, kOutside, kPrints, PrintMemory, "WYDRUK Z PAMIĘCI"},
+    CommandRow{"@PMR", "", 0, 0, "iitt", kChecked, kOutside, kPrints, PrintMemory, "WYDRUK Z PAMIĘCI CHRONIONEJ"},
+    CommandRow{"#k", "", 1, 1, "tt?t", kChecked, kOutside, kPrints, PrintShiftReport, "RAPORT ZMIANY"},
     CommandRow{"#p", "1", 1, 1, "?tt", kChecked, kOutside, kQuiet, LogInOrTell, "ROZPOCZĘCIE PRACY KASJERA"},
     CommandRow{"#p", "", 1, 1, "tt", kChecked, kOutside, kPrints, LogIn, "ROZPOCZĘCIE PRACY KASJERA"},
     CommandRow{"#q", "0", 1, 1, "tt", kChecked, kOutside, kPrints, LogOut, "ZAKOŃCZENIE PRACY KASJERA"},
@@ -179,7 +180,7 @@ bool TakesCount(const CommandRow& row, const Request& request) {
   const bool selected = std::any_of(
       kCommands.begin(), kCommands.end(),
       [&](const CommandRow& row) { return IsSelected(row, request); });
-  throw Refusal(selected ? kWrongFieldCount : kBadParameter);
+  throw Refusal(selected ? Rule::kFieldCount : Rule::kParameter);
 }
 
 // The row that a request with a known mnemonic fits; null when there is none.
@@ -202,12 +203,12 @@ std::span<const CommandRow> CommandTable() { return kCommands; }
 const CommandRow& FindCommand(std::string_view body, Request& request) {
   request.mnemonic = MnemonicAt(request.from_mnemonic);
   if (request.mnemonic.empty()) {
-    throw Refusal(kUnknownCommand);
+    throw Refusal(Rule::kUnknownCommand);
   }
   const CommandRow* row = RowFor(request);
   const bool fits = ChecksumFits(body, request);
   if (!fits && NeedsChecksum(row)) {
-    throw Refusal(kBadChecksum);
+    throw Refusal(Rule::kChecksum);
   }
   if (row == nullptr) {
     RefuseParameters(request);

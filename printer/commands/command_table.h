@@ -23,10 +23,12 @@ enum class Checksum {
 enum class When {
   kAlways,  // even offline, and the verdict on the last command stays as it was
   kOnline,
-  kInSlip,           // refused with kNoDocument otherwise
-  kInDocument,       // refused with kNoDocument otherwise
+  kInSlip,           // refused with Rule::kNoDocument otherwise
+  kInDocument,       // refused with Rule::kNoTransaction otherwise
+  kCancelling,       // in a document; refused with Rule::kNoDocument otherwise
   kClosing,          // the same, and the command closes the document
-  kOutsideDocument,  // and outside slips; refused with kForbiddenNow otherwise
+  kOutsideDocument,  // and outside slips; refused with Rule::kForbiddenNow
+                     // otherwise
 };
 
 enum class Prints { kNo, kYes };
@@ -51,10 +53,10 @@ struct CommandRow {
 std::span<const CommandRow> CommandTable();
 
 // Finds the command of a frame, checks the frame's checksum, and completes the
-// request. Throws Refusal: kUnknownCommand for a strange mnemonic,
-// kBadChecksum, kBadParameter when the first parameter selects no command,
-// kWrongFieldCount when the number of parameters fits none, and what shape.h
-// says of the fields.
+// request. Throws Refusal: Rule::kUnknownCommand for a strange mnemonic,
+// Rule::kChecksum, Rule::kParameter when the first parameter selects no
+// command, Rule::kFieldCount when the number of parameters fits none, and what
+// shape.h says of the fields.
 const CommandRow& FindCommand(std::string_view body, Request& request);
 
 // A frame as a person reads it, whether the printer obeys it or not. The texts

@@ -7,6 +7,7 @@
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/document_text.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/shape.h"
 
@@ -15,15 +16,19 @@ namespace {
 
 void CheckThatNoneIsOpen(const Device& device) {
   if (device.document) {
-    throw Refusal(kDocumentAlreadyOpen);
+    throw Refusal(Rule::kDocumentOpen);
   }
   if (device.slip_open) {
-    throw Refusal(kForbiddenNow);
+    throw Refusal(Rule::kForbiddenNow);
   }
 }
 
 void OpenDocument(Device& device, Document document) {
+  document.owner = device.owner;
+  document.rates = device.rates;
+  document.client = device.client;
   document.begun = device.Now();
+  CheckOpening(device, document);
   PrintHead(device.paper, document, device.NextRunningNumber());
   device.document = std::move(document);
   device.last_document_closed = false;
@@ -33,6 +38,9 @@ void OpenDocument(Device& device, Document document) {
 // Outside a document a note stands on the paper by itself.
 std::string AddNote(Device& device, const Request& request) {
   Note note = NoteOf(request);
+  if (device.document) {
+    CheckFurtherEntry(device);
+  }
   PrintEntry(device.paper, note);
   if (device.document) {
     device.document->Add(std::move(note));
@@ -87,6 +95,13 @@ std::string GiveUpDocument(Device& device, Request& request) {
   return {};
 }
 
+// number ";" number "$Y" subtotal "/" amount "/" text CR
+std::string TakeSubtotal(Device& device, Request& request) {
+  request.CheckIntegers();
+  CheckSubtotal(device, request.Number(0));
+  return AddNote(device, request);
+}
+
 // Title, texts and amounts as the command's row says; they change no total
 std::string TakeNote(Device& device, Request& request) {
   const bool closed = request.parameters.back().empty();
@@ -112,7 +127,7 @@ std::string NoteElectronicDocument(Device& device, Request& request) {
   const size_t count = request.parameters.size();
   const bool with_numbers = count > 0 && request.Integer(0) == kWithNumbers;
   if (count != (count == 0 ? 0U : with_numbers ? 4U : 2U)) {
-    throw Refusal(kWrongFieldCount);
+    throw Refusal(Rule::kFieldCount);
   }
   for (size_t i = 1; with_numbers && i <= 2; ++i) {
     shape += request.Integer(i) != 0 ? "i" : "";

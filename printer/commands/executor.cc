@@ -5,6 +5,7 @@
 
 #include "printer/commands/command_table.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/answer.h"
 #include "printer/protocol/frame.h"
 #include "printer/protocol/numbers.h"
@@ -29,34 +30,43 @@ void CheckState(const Device& device, const CommandRow& row) {
     return;
   }
   if (!device.online) {
-    throw Refusal(kBusy);
+    throw Refusal(Rule::kOffline);
   }
-  const bool inside =
-      row.when == When::kInDocument || row.when == When::kClosing;
+  const bool inside = row.when == When::kInDocument ||
+                      row.when == When::kCancelling ||
+                      row.when == When::kClosing;
   if (inside && !device.document) {
-    throw Refusal(kNoDocument);
+    throw Refusal(device.strict && row.when == When::kInDocument
+                      ? Rule::kNoTransaction
+                      : Rule::kNoDocument);
+  }
+  if (inside) {
+    CheckClient(device);
   }
   if (row.when == When::kInSlip && !device.slip_open && !device.slip_attached) {
-    throw Refusal(kNoDocument);
+    throw Refusal(Rule::kNoDocument);
   }
   if (row.when == When::kOutsideDocument &&
       (device.document || device.slip_open)) {
-    throw Refusal(kForbiddenNow);
+    throw Refusal(Rule::kForbiddenNow);
   }
   if (row.prints == Prints::kYes && device.paper.out()) {
-    throw Refusal(kNoPaper);
+    throw Refusal(Rule::kNoPaper);
   }
   if (row.prints == Prints::kYes && device.mechanism_error) {
-    throw Refusal(kPrintMechanism);
+    throw Refusal(Rule::kMechanism);
   }
 }
 
 // Returns the answer.
 std::string Obey(Device& device, const CommandRow& row, Request& request) {
   if (row.when != When::kAlways && device.next_refusal != kNoError) {
-    throw Refusal(std::exchange(device.next_refusal, kNoError));
+    throw Refusal::Ordered(std::exchange(device.next_refusal, kNoError));
   }
   CheckState(device, row);
+  if (row.prints == Prints::kYes) {
+    CheckTexts(device, request.from_mnemonic);
+  }
   if (row.when == When::kClosing &&
       device.faults.Happen(FaultKind::kLoseClosing)) {
     return {};
@@ -97,13 +107,13 @@ Outcome ExecuteFrame(Device& device, std::string_view body) {
     return {Obey(device, row, request), kNoError};
   } catch (const Refusal& refusal) {
     device.Refuse(refusal.error());
-    if (device.error_reports == 0) {
-      return {{}, device.error};
+    Outcome outcome{{}, refusal.error(), refusal.reason()};
+    if (device.error_reports != 0) {
+      constexpr size_t kDigits = 4;
+      outcome.answer = Answer("#Z", Padded(outcome.error, kDigits))
+                           .FinishWith(request.mnemonic);
     }
-    constexpr size_t kDigits = 4;
-    return {Answer("#Z", Padded(device.error, kDigits))
-                .FinishWith(request.mnemonic),
-            device.error};
+    return outcome;
   }
 }
 

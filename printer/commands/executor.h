@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "printer/protocol/errors.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 
@@ -15,6 +15,7 @@ struct Device;
 struct Outcome {
   std::string answer;    // with ESC "P" and ESC "\"; empty: there is none
   int error = kNoError;  // with which a frame was refused
+  Reason reason{};       // why it was
 };
 
 // Executes one frame, given without ESC "P" and ESC "\".

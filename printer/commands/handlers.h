@@ -17,6 +17,7 @@ std::string BeginReceipt(Device& device, Request& request);
 std::string BeginInvoice(Device& device, Request& request);
 std::string GiveUpDocument(Device& device, Request& request);
 std::string TakeNote(Device& device, Request& request);
+std::string TakeSubtotal(Device& device, Request& request);
 std::string NoteWithTexts(Device& device, Request& request);
 std::string NoteElectronicDocument(Device& device, Request& request);
 
@@ -59,6 +60,8 @@ std::string TellBlock(Device& device, Request& request);
 std::string Keep(Device& device, Request& request);
 std::string KeepUnread(Device& device, Request& request);
 std::string KeepAndTellGroup(Device& device, Request& request);
+std::string SetRates(Device& device, Request& request);
+std::string SetOwner(Device& device, Request& request);
 std::string SetClock(Device& device, Request& request);
 std::string ChooseTotals(Device& device, Request& request);
 std::string TellService(Device& device, Request& request);
@@ -84,6 +87,11 @@ std::string EndAttachedSlip(Device& device, Request& request);
 // report_commands.cc
 std::string PrintForm(Device& device, Request& request);
 std::string PrintDailyReport(Device& device, Request& request);
+std::string PrintCashReport(Device& device, Request& request);
+std::string PrintShiftReport(Device& device, Request& request);
+std::string PrintMemory(Device& device, Request& request);
+std::string PrintReportOfDays(Device& device, Request& request);
+std::string PrintReportOfNumbers(Device& device, Request& request);
 std::string PrintRangeReport(Device& device, Request& request);
 std::string PrintSettlement(Device& device, Request& request);
 

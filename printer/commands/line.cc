@@ -33,6 +33,7 @@ void Line::React(Event event, Reaction& reaction) {
     reaction.hang_up = true;
     return;
   }
+  device_.client = client_;
   Outcome outcome = Obey(event);
   if (device_.faults.silent()) {
     outcome.answer.clear();
@@ -49,23 +50,23 @@ void Line::React(Event event, Reaction& reaction) {
 }
 
 Outcome Line::Obey(const Event& event) {
-  const auto refused = [this](int error) {
-    device_.Refuse(error);
-    return Outcome{{}, error};
+  const auto refused = [this](const Refusal& refusal) {
+    device_.Refuse(refusal.error());
+    return Outcome{{}, refusal.error(), refusal.reason()};
   };
   switch (event.kind) {
     case Event::Kind::kControl:
       return {AnswerControl(device_, event.body.front())};
     case Event::Kind::kOverflow:
-      return refused(kBufferOverflow);
+      return refused(Refusal(Rule::kOverflow));
     case Event::Kind::kFrame:
       break;
   }
   if (device_.faults.Happen(FaultKind::kBadChecksum)) {
-    return refused(kBadChecksum);
+    return refused(Refusal(Rule::kChecksum));
   }
   if (const auto error = device_.faults.Happen(FaultKind::kRefuse)) {
-    return refused(static_cast<int>(*error));
+    return refused(Refusal::Ordered(static_cast<int>(*error)));
   }
   return ExecuteFrame(device_, event.body);
 }

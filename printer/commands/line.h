@@ -5,6 +5,7 @@
 #define PRINTER_COMMANDS_LINE_H_
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -28,7 +29,9 @@ class Line {
   // it is sent.
   using Sink = std::function<void(Event event, Outcome outcome)>;
 
-  Line(Device& device, Sink sink) : device_(device), sink_(std::move(sink)) {}
+  // The client is known by its number, from 1.
+  Line(Device& device, int64_t client, Sink sink)
+      : device_(device), client_(client), sink_(std::move(sink)) {}
 
   // Takes the next bytes. After a hang-up the line takes no more.
   Reaction Receive(std::string_view bytes);
@@ -40,6 +43,7 @@ class Line {
   Outcome Obey(const Event& event);
 
   Device& device_;
+  const int64_t client_;
   Sink sink_;
   FrameParser parser_;
 };

@@ -40,7 +40,7 @@ std::string TellTotals(const Device& device, Series series) {
       .Integer(device.totals_mode);
   AddDate(answer, MomentOf(device));
   answer.Integer(device.books.report_count);
-  for (const int64_t rate : kRates) {
+  for (const int64_t rate : device.rates) {
     constexpr int64_t kWhole = 10000;
     answer.Amount(rate == kExempt ? kWhole : rate);
   }
@@ -133,7 +133,7 @@ std::string TellProtectedMemory(Device& device, Request& request) {
   const std::string& number = request.values[0];
   if (number.empty() ||
       number.find_first_not_of("-0123456789") != std::string::npos) {
-    throw Refusal(kBadParameter);
+    throw Refusal(Rule::kParameter);
   }
   return Answer("@PMD")
       .Integer(request.Number(1))

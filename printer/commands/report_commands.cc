@@ -1,11 +1,17 @@
 #include <algorithm>
+#include <chrono>
 #include <limits>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "printer/commands/handlers.h"
 #include "printer/commands/note.h"
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/document_text.h"
+#include "printer/fiscal/report_text.h"
+#include "printer/fiscal/strictness.h"
+#include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
 #include "printer/protocol/shape.h"
 
@@ -20,15 +26,100 @@ std::string JoinedParameters(const Request& request) {
   return joined;
 }
 
-void PrintTotals(Paper& paper, std::string_view title, const Totals& totals,
-                 int32_t count) {
-  paper.PrintPair(title, std::to_string(count));
-  for (size_t rate = 0; rate < kRateCount; ++rate) {
-    paper.PrintPair(
-        std::string("  ") + LetterOfRate(rate) + " " + RateText(rate),
-        AmountText(totals.at(rate)));
+// The title and all that came with it.
+void BeginForm(Device& device, const Request& request) {
+  Paper& paper = device.paper;
+  paper.PrintCentered(request.title);
+  if (!request.parameters.empty()) {
+    paper.PrintPair("Parametry", JoinedParameters(request));
   }
-  paper.PrintPair("  Razem", AmountText(SumOf(totals)));
+  PrintFields(paper, NoteOf(request));
+}
+
+void EndForm(Device& device) {
+  device.paper.PrintPair("", device.DateAndTime());
+  ++device.books.day.slip_count;
+  device.TearOff({PrintoutKind::kReport});
+}
+
+// The printer's own reports begin and end as fiscal documents do.
+void BeginReport(Device& device, const std::string& title) {
+  PrintOwner(device.paper, device.owner);
+  PrintRunningNumber(device.paper, device.Now(), device.NextRunningNumber());
+  device.paper.PrintCentered(title);
+}
+
+void EndReport(Device& device, const Request& request) {
+  PrintFields(device.paper, NoteOf(request));
+  device.paper.PrintPair("", device.DateAndTime());
+  PrintLogo(device.paper);
+  device.TearOff({PrintoutKind::kReport});
+}
+
+// Sums up the daily reports that are in.
+template <typename IsIn>
+void PrintPeriodicReport(Device& device, const Request& request, IsIn is_in) {
+  Period period;
+  for (const DailyRecord& record : device.fiscal_memory) {
+    if (is_in(record)) {
+      period.Add(record);
+    }
+  }
+  BeginReport(device, std::string(request.title));
+  if (!request.parameters.empty()) {
+    device.paper.PrintPair("Parametry", JoinedParameters(request));
+  }
+  PrintPeriod(device.paper, period);
+  EndReport(device, request);
+}
+
+using MaybeDay = std::optional<std::chrono::local_days>;
+
+// A year below 100 is one of this century; none: there is no such day.
+MaybeDay DayOf(std::string_view year, std::string_view month,
+               std::string_view day) {
+  constexpr int64_t kCentury = 2000;
+  constexpr int64_t kMost = 9999;
+  const auto y = ParseInteger(year);
+  const auto m = ParseInteger(month);
+  const auto d = ParseInteger(day);
+  if (!y || !m || !d || *y < 0 || *y > kMost || *m < 1 || *m > 12 || *d < 1 ||
+      *d > 31) {
+    return std::nullopt;
+  }
+  const std::chrono::year_month_day date(
+      std::chrono::year(static_cast<int>(*y < 100 ? *y + kCentury : *y)),
+      std::chrono::month(static_cast<unsigned>(*m)),
+      std::chrono::day(static_cast<unsigned>(*d)));
+  return date.ok() ? MaybeDay(date) : std::nullopt;
+}
+
+// "2024-01-31"
+MaybeDay DayOf(std::string_view text) {
+  constexpr size_t kLength = 10;
+  if (text.size() != kLength || text[4] != '-' || text[7] != '-') {
+    return std::nullopt;
+  }
+  return DayOf(text.substr(0, 4), text.substr(5, 2), text.substr(8, 2));
+}
+
+std::string ReportOfDays(Device& device, const Request& request, MaybeDay first,
+                         MaybeDay last) {
+  CheckDays(device, first, last);
+  PrintPeriodicReport(device, request, [&](const DailyRecord& record) {
+    const auto day = std::chrono::floor<std::chrono::days>(record.made);
+    return first && last && *first <= day && day <= *last;
+  });
+  return {};
+}
+
+std::string ReportOfNumbers(Device& device, const Request& request,
+                            int64_t first, int64_t last) {
+  CheckReportNumbers(device, first, last);
+  PrintPeriodicReport(device, request, [&](const DailyRecord& record) {
+    return first <= record.number && record.number <= last;
+  });
+  return {};
 }
 
 std::string Repeated(int32_t count, char kind) {
@@ -40,48 +131,101 @@ std::string Repeated(int32_t count, char kind) {
 // Title, parameters and fields as the command's row says, in their order
 std::string PrintForm(Device& device, Request& request) {
   request.CheckIntegers();
-  Paper& paper = device.paper;
-  paper.PrintCentered(request.title);
-  if (!request.parameters.empty()) {
-    paper.PrintPair("Parametry", JoinedParameters(request));
-  }
-  PrintFields(paper, NoteOf(request));
-  paper.PrintPair("", device.DateAndTime());
-  device.TearOff({PrintoutKind::kReport});
+  BeginForm(device, request);
+  EndForm(device);
   return {};
+}
+
+// "0#t" [text CR [text CR]]: what is in the drawer, and what was paid in and
+// out since the last daily report
+std::string PrintCashReport(Device& device, Request& request) {
+  request.CheckIntegers();
+  const Day& day = device.books.day;
+  BeginForm(device, request);
+  device.paper.PrintPair("Wpłaty", AmountText(day.paid_in));
+  device.paper.PrintPair("Wypłaty", AmountText(day.paid_out));
+  device.paper.PrintPair("Stan kasy", AmountText(device.cash));
+  EndForm(device);
+  return {};
+}
+
+// number "#k" shift CR text CR [text CR]: who works, and what is in the drawer
+std::string PrintShiftReport(Device& device, Request& request) {
+  request.CheckIntegers();
+  CheckShift(device, request.values[0]);
+  BeginForm(device, request);
+  if (!device.cashier.name.empty()) {
+    device.paper.PrintPair("Kasjer", MazoviaToUtf8(device.cashier.name));
+  }
+  device.paper.PrintPair("Stan kasy", AmountText(device.cash));
+  EndForm(device);
+  return {};
+}
+
+// "@PR" or "@PMR" first "/" and last document "/" text CR text CR
+std::string PrintMemory(Device& device, Request& request) {
+  CheckDocumentNumbers(device, request.Number(0), request.Number(1));
+  return PrintForm(device, request);
 }
 
 // "0#r", or "1;" day ";" month ";" year "#r"; then [text CR [text CR]]
 std::string PrintDailyReport(Device& device, Request& request) {
   request.CheckIntegers();
-  Paper& paper = device.paper;
-  ++device.books.report_count;
-  paper.PrintCentered(std::string(request.title) + " " +
-                      std::to_string(device.books.report_count));
-  PrintTotals(paper, "Paragony", device.books.receipts,
-              device.books.receipt_count);
-  PrintTotals(paper, "Faktury", device.books.invoices,
-              device.books.invoice_count);
-  paper.PrintPair("Anulowane", std::to_string(device.books.cancelled_count));
-  PrintFields(paper, NoteOf(request));
-  paper.PrintPair("", device.DateAndTime());
-  device.TearOff({PrintoutKind::kReport});
+  if (request.parameters.size() > 1) {
+    CheckReportDay(device, DayOf(request.parameters[3], request.parameters[2],
+                                 request.parameters[1]));
+  }
+  CheckDailyReport(device);
+  Books& books = device.books;
+  const DailyRecord record{++books.report_count, device.Now(), device.rates,
+                           std::exchange(books.day, {})};
+  BeginReport(device,
+              std::string(request.title) + " " + std::to_string(record.number));
+  PrintDay(device.paper, record.day, record.rates);
+  EndReport(device, request);
+  device.fiscal_memory.push_back(record);
+  device.goods.clear();
   return {};
 }
 
-// kind "$o" with nothing, with from CR to CR [text "/"], or with
-// from "/" to "/" [text "/"]
-std::string PrintRangeReport(Device& device, Request& request) {
-  const std::string_view rest = request.fields.rest();
-  const bool by_text = rest.find('\r') != std::string_view::npos;
-  request.shape = rest.empty() ? "" : by_text ? "tt?s" : "ss?s";
-  request.values = ReadShape(request.fields, request.shape);
-  for (size_t i = 0; !by_text && i < 2 && i < request.values.size(); ++i) {
-    if (!ParseInteger(request.values[i])) {
-      throw Refusal(kBadParameter);
-    }
+// day ";" month ";" year ";" day ";" month ";" year ";" kind "#o" [text CR
+// [text CR]]
+std::string PrintReportOfDays(Device& device, Request& request) {
+  request.CheckIntegers();
+  const auto& given = request.parameters;
+  return ReportOfDays(device, request, DayOf(given[2], given[1], given[0]),
+                      DayOf(given[5], given[4], given[3]));
+}
+
+// kind "#o" first "/" and last daily report "/" [text CR [text CR]]
+std::string PrintReportOfNumbers(Device& device, Request& request) {
+  request.CheckIntegers();
+  const auto first = ParseInteger(request.values[0]);
+  const auto last = ParseInteger(request.values[1]);
+  if (device.strict && (!first || !last)) {
+    throw Refusal(Rule::kParameter);
   }
-  return PrintForm(device, request);
+  return ReportOfNumbers(device, request, first.value_or(0), last.value_or(0));
+}
+
+// kind "$o" with nothing: all daily reports; with first and last day CR, each
+// "2024-01-31", [text "/"]; or with first and last number "/" [text "/"]
+std::string PrintRangeReport(Device& device, Request& request) {
+  request.CheckIntegers();
+  const std::string_view rest = request.fields.rest();
+  const bool by_day = rest.find('\r') != std::string_view::npos;
+  const bool all = rest.empty();
+  request.shape = all ? "" : by_day ? "tt?s" : "ss?s";
+  request.values = ReadShape(request.fields, request.shape);
+  if (all) {
+    return ReportOfNumbers(device, request, 1,
+                           std::max(1, device.books.report_count));
+  }
+  if (by_day) {
+    return ReportOfDays(device, request, DayOf(request.values[0]),
+                        DayOf(request.values[1]));
+  }
+  return PrintReportOfNumbers(device, request);
 }
 
 // a ";" b ";" c ";212" [";" number] c times "#m" five texts, c texts, a texts,
@@ -97,7 +241,7 @@ std::string PrintSettlement(Device& device, Request& request) {
   const int32_t c = std::max(0, request.Integer(2, kAnyLow, kMaxShort));
   request.Integer(3, 212, 212);
   if (request.parameters.size() != kFixed + static_cast<size_t>(c)) {
-    throw Refusal(kWrongFieldCount);
+    throw Refusal(Rule::kFieldCount);
   }
   const std::string shape = "ttttt" + Repeated(c, 't') + Repeated(a, 't') +
                             Repeated(b, 't') + "aaaaa" + Repeated(c, 'a') +

@@ -7,6 +7,7 @@
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/document_text.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
 
@@ -22,17 +23,19 @@ bool QuantityFollows(std::string_view after_field) {
 
 void Check(const Item& item, std::string_view rate_letter) {
   if (item.name.empty()) {
-    throw Refusal(kBadItemName);
+    throw Refusal(Rule::kItemName);
   }
   if (!RateOfLetter(rate_letter)) {
-    throw Refusal(kBadRateLetter);
+    throw Refusal(Rule::kRateLetter);
   }
   if (item.price <= 0 || item.price > kMaxAmount) {
-    throw Refusal(kBadPrice);
+    throw Refusal(Rule::kPrice, item.name);
   }
   if (item.value <= 0 || item.value > kMaxAmount ||
       ValueOf(item.quantity, item.price) != item.value) {
-    throw Refusal(kWrongValue);
+    throw Refusal(Rule::kValue, QuantityText(item.quantity) + " x " +
+                                    AmountText(item.price) + " ≠ " +
+                                    AmountText(item.value));
   }
 }
 
@@ -51,7 +54,7 @@ Quantity QuantityOf(std::string_view field, int64_t price, int64_t value) {
   }
   const std::vector<int64_t> readings = ParseQuantity(field.substr(0, blank));
   if (readings.empty()) {
-    throw Refusal(kBadQuantity);
+    throw Refusal(Rule::kQuantity);
   }
   const auto meant = std::find_if(
       readings.begin(), readings.end(),
@@ -63,7 +66,7 @@ Quantity QuantityOf(std::string_view field, int64_t price, int64_t value) {
 // name CR [second name CR] quantity [" " unit] CR letter "/" price "/" value
 // "/" [adjustment "/" its text CR] [closing text CR]. The second name stands
 // only in "^l", the closing text always and only in "$l".
-Item ReadItem(Request& request, bool has_closing_text) {
+Item ReadItem(const Device& device, Request& request, bool has_closing_text) {
   Fields& fields = request.fields;
   Item item;
   item.name = MazoviaToUtf8(fields.Text());
@@ -73,8 +76,9 @@ Item ReadItem(Request& request, bool has_closing_text) {
     quantity = fields.Until('\r');
   }
   const std::string_view letter = fields.Until('/');
-  item.price = fields.Amount(kBadPrice);
-  item.value = fields.Amount(kWrongValue);
+  item.price = fields.Amount(Rule::kPrice);
+  item.value = fields.Amount(Rule::kValue);
+  CheckSign(device, quantity, item.value);
   auto [number, unit] = QuantityOf(quantity, item.price, item.value);
   item.quantity = number;
   item.unit = std::move(unit);
@@ -82,10 +86,11 @@ Item ReadItem(Request& request, bool has_closing_text) {
       std::count(fields.rest().begin(), fields.rest().end(), '\r');
   if (texts_left > (has_closing_text ? 1 : 0)) {
     item.adjustment.mode = AdjustmentModeOf(request.Integer(1));
-    item.adjustment.value = fields.Amount(kBadAdjustment);
+    item.adjustment.value = fields.Amount(Rule::kAdjustment);
     item.adjustment_text = MazoviaToUtf8(fields.Text());
+    CheckAdjusted(device, item.adjustment.mode);
     if (item.adjustment.mode == AdjustmentMode::kNone) {
-      throw Refusal(kBadAdjustment);
+      throw Refusal(Rule::kAdjustment);
     }
   }
   if (has_closing_text) {
@@ -99,10 +104,14 @@ Item ReadItem(Request& request, bool has_closing_text) {
 
 std::string AddItem(Device& device, Request& request, bool has_closing_text) {
   request.CheckIntegers();
-  Item item = ReadItem(request, has_closing_text);
+  Item item = ReadItem(device, request, has_closing_text);
+  CheckItem(device, item);
   Document& document = *device.document;
   if (SumOf(document.sales) + item.Sold() > kMaxAmount) {
-    throw Refusal(kTotalOverflow);
+    throw Refusal(Rule::kTotalTooLarge);
+  }
+  if (device.goods.emplace(item.name, item.rate).second) {
+    ++device.books.day.goods_count;
   }
   document.Add(std::move(item));
   PrintEntry(device.paper, document.entries.back());
@@ -131,23 +140,24 @@ std::string AddDeposit(Device& device, Request& request) {
   deposit.number = fields.Integer('\r');
   const std::string quantity = fields.Text();
   const std::string_view letter = fields.Until('/');
-  deposit.price = fields.Amount(kBadPrice);
-  deposit.value = fields.Amount(kBadDeposit);
+  deposit.price = fields.Amount(Rule::kPrice);
+  deposit.value = fields.Amount(Rule::kDeposit);
   fields.Finish();
   auto [number, unit] = QuantityOf(quantity, deposit.price, deposit.value);
   deposit.quantity = number;
   deposit.unit = std::move(unit);
   Document& document = *device.document;
   if (letter != "P") {
-    throw Refusal(kBadRateLetter);
+    throw Refusal(Rule::kRateLetter);
   }
   if (deposit.price <= 0 || deposit.price > kMaxAmount) {
-    throw Refusal(kBadPrice);
+    throw Refusal(Rule::kPrice);
   }
   if (deposit.value <= 0 || document.deposits + deposit.value > kMaxAmount ||
       ValueOf(deposit.quantity, deposit.price) != deposit.value) {
-    throw Refusal(kBadDeposit);
+    throw Refusal(Rule::kDeposit);
   }
+  CheckFurtherEntry(device);
   document.Add(std::move(deposit));
   PrintEntry(device.paper, document.entries.back());
   return {};

@@ -1,9 +1,12 @@
 #include <chrono>
 #include <string>
+#include <utility>
 
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/answer.h"
+#include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
 
 namespace quilon::printer {
@@ -56,6 +59,43 @@ std::string KeepAndTellGroup(Device& device, Request& request) {
   return Answer("$G").Integer(1).Text(request.values[0]).Finish();
 }
 
+// count "$p" cash register CR cashier CR seven rates, each "/": the rates from
+// A on, in hundredths of a percent, 10000 for an exempt one; further ones are
+// not in use
+std::string SetRates(Device& device, Request& request) {
+  constexpr int64_t kWhole = 10000;
+  const int32_t count = request.Integer(0);
+  bool valid = count >= 1 && count <= static_cast<int32_t>(kRateCount);
+  Rates rates{};
+  for (size_t i = 0; i < kRateCount; ++i) {
+    const int64_t rate = request.Number(2 + i);
+    const bool used = static_cast<int32_t>(i) < count;
+    valid = valid && (!used || (rate >= 0 && rate <= kWhole));
+    rates.at(i) = !used ? kUnused : rate == kWhole ? kExempt : rate;
+  }
+  if (!valid && device.strict) {
+    throw Refusal(Rule::kRateValues);
+  }
+  CheckRates(device, rates);
+  if (valid) {
+    device.rates = rates;
+    ++device.rate_changes;
+    device.books.day.rates_changed = true;
+    ++device.books.day.event_count;
+  }
+  return KeepUnread(device, request);
+}
+
+// "100;1$z" text CR: the name of the printer's owner
+std::string SetOwner(Device& device, Request& request) {
+  request.CheckIntegers();
+  std::string owner = MazoviaToUtf8(request.values[0]);
+  CheckOwner(device, owner);
+  device.owner = std::move(owner);
+  ++device.books.day.event_count;
+  return KeepUnread(device, request);
+}
+
 // year ";" month ";" day ";" hour ";" minute ";" second "$c" cash register CR
 // cashier CR. A year below 100 is one of this century.
 std::string SetClock(Device& device, Request& request) {
@@ -73,11 +113,13 @@ std::string SetClock(Device& device, Request& request) {
   if (given_year < 0 || static_cast<int>(y) < kFirstYear ||
       static_cast<int>(y) > kLastYear || !date.ok() || hour < 0 || hour > 23 ||
       minute < 0 || minute > 59 || second < 0 || second > 59) {
-    throw Refusal(kBadClock);
+    throw Refusal(Rule::kNoSuchTime);
   }
   const auto moment = std::chrono::local_days{date} + std::chrono::hours(hour) +
                       std::chrono::minutes(minute) +
                       std::chrono::seconds(second);
+  CheckClock(device, moment);
+  ++device.books.day.event_count;
   const std::string before = device.DateAndTime();
   device.clock_offset = moment - device.clock();
   device.paper.PrintCentered("ZMIANA ZEGARA");
@@ -158,7 +200,7 @@ std::string SetParameters(Device& device, Request& request) {
   size_t type = kPlainType;
   if (!request.parameters.empty()) {
     if (request.parameters.size() != 2 || !request.parameters[1].empty()) {
-      throw Refusal(kWrongFieldCount);
+      throw Refusal(Rule::kFieldCount);
     }
     type = static_cast<size_t>(request.Integer(0, kEmptyType, kLongestType));
   }

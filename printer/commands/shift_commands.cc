@@ -1,15 +1,17 @@
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/answer.h"
 #include "printer/protocol/numbers.h"
 
 namespace quilon::printer {
 namespace {
 
-int64_t CashAmount(const Request& request) {
+int64_t CashAmount(const Device& device, const Request& request) {
+  CheckCashDesk(device, request.Integer(0));
   const int64_t amount = request.Number(0);
   if (amount <= 0 || amount > kMaxAmount) {
-    throw Refusal(kBadCashAmount);
+    throw Refusal(Rule::kCashAmount);
   }
   return amount;
 }
@@ -19,6 +21,7 @@ int64_t CashAmount(const Request& request) {
 // number "#p" name CR code CR
 std::string LogIn(Device& device, Request& request) {
   const int32_t number = request.Integer(0);
+  CheckLogIn(device, number, request.values[0]);
   PrintForm(device, request);
   device.cashier = {number, request.values[0], request.values[1]};
   return {};
@@ -30,7 +33,7 @@ std::string LogInOrTell(Device& device, Request& request) {
     return LogIn(device, request);
   }
   if (!request.values.empty()) {
-    throw Refusal(kWrongFieldCount);
+    throw Refusal(Rule::kFieldCount);
   }
   const Cashier& cashier = device.cashier;
   return Answer("#P")
@@ -42,6 +45,7 @@ std::string LogInOrTell(Device& device, Request& request) {
 
 // "0#q" name CR code CR
 std::string LogOut(Device& device, Request& request) {
+  CheckLogOut(device, request.values[0]);
   PrintForm(device, request);
   device.cashier = {};
   return {};
@@ -49,23 +53,26 @@ std::string LogOut(Device& device, Request& request) {
 
 // number "#i" amount "/" [text CR [text CR]]
 std::string PayIn(Device& device, Request& request) {
-  const int64_t amount = CashAmount(request);
+  const int64_t amount = CashAmount(device, request);
   if (device.cash + amount > kMaxAmount) {
-    throw Refusal(kBadCashAmount);
+    throw Refusal(device.strict ? Rule::kDrawerTooFull : Rule::kCashAmount);
   }
   PrintForm(device, request);
   device.cash += amount;
+  device.books.day.paid_in += amount;
   return {};
 }
 
 // number "#d" amount "/" [text CR [text CR]]
 std::string PayOut(Device& device, Request& request) {
-  const int64_t amount = CashAmount(request);
+  const int64_t amount = CashAmount(device, request);
   if (amount > device.cash) {
-    throw Refusal(kCashTooLow);
+    throw Refusal(Rule::kDrawerTooEmpty,
+                  AmountText(amount) + " > " + AmountText(device.cash));
   }
   PrintForm(device, request);
   device.cash -= amount;
+  device.books.day.paid_out += amount;
   return {};
 }
 

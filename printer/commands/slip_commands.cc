@@ -3,6 +3,7 @@
 
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
 
@@ -29,6 +30,7 @@ void PrintLines(Paper& paper, const std::vector<std::string>& lines) {
 void PrintEnd(Device& device) {
   device.paper.PrintCentered("# NIEFISKALNY #");
   device.paper.PrintPair("", device.DateAndTime());
+  ++device.books.day.slip_count;
   device.TearOff({PrintoutKind::kSlip});
   device.slip_open = false;
   device.slip_attached = false;
@@ -46,9 +48,10 @@ std::string BeginSlip(Device& device, Request& request) {
   const std::string header = request.fields.Text();
   request.fields.Finish();
   if (request.Integer(4) != 1 && !header.empty()) {
-    throw Refusal(kWrongFieldCount);
+    throw Refusal(Rule::kFieldCount);
   }
   device.slip_open = true;
+  device.slip_lines = 0;
   device.slip_attached = false;
   device.paper.PrintCentered("# NIEFISKALNY #");
   if (!header.empty()) {
@@ -63,6 +66,8 @@ std::string PrintSlipLines(Device& device, Request& request) {
   const std::vector<std::string> lines =
       ReadLines(request.fields, kMaxSlipLines);
   request.fields.Finish();
+  CheckSlip(device, lines.size());
+  device.slip_lines += lines.size();
   PrintLines(device.paper, lines);
   return {};
 }
@@ -78,13 +83,13 @@ std::string EndSlip(Device& device, Request& request) {
   if (request.parameters.size() == 5) {
     request.fields.Until(';');
     if (!ParseInteger(request.fields.rest())) {
-      throw Refusal(kBadParameter);
+      throw Refusal(Rule::kParameter);
     }
   } else {
     request.fields.Finish();
   }
   if (lines.size() < count) {
-    throw Refusal(kWrongFieldCount);
+    throw Refusal(Rule::kFieldCount);
   }
   std::string closing_text;
   if (lines.size() > count) {

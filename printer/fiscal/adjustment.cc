@@ -1,7 +1,7 @@
 #include "printer/fiscal/adjustment.h"
 
-#include "printer/protocol/errors.h"
 #include "printer/protocol/numbers.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 
@@ -10,7 +10,7 @@ int64_t Adjustment::AppliedTo(int64_t amount) const {
       mode == AdjustmentMode::kPercentOff || mode == AdjustmentMode::kPercentOn;
   constexpr int64_t kMaxPercent = 1'000'000;
   if (value < 0 || value > (percent ? kMaxPercent : kMaxAmount)) {
-    throw Refusal(kBadAdjustment);
+    throw Refusal(Rule::kAdjustment);
   }
   int64_t result = amount;
   switch (mode) {
@@ -30,7 +30,7 @@ int64_t Adjustment::AppliedTo(int64_t amount) const {
       break;
   }
   if (result <= 0 || result > kMaxAmount) {
-    throw Refusal(kBadAdjustment);
+    throw Refusal(Rule::kAdjustment);
   }
   return result;
 }
@@ -53,7 +53,7 @@ std::string Adjustment::Text() const {
 
 AdjustmentMode AdjustmentModeOf(int32_t number) {
   if (number < 0 || number > static_cast<int32_t>(AdjustmentMode::kAmountOn)) {
-    throw Refusal(kBadParameter);
+    throw Refusal(Rule::kParameter);
   }
   return static_cast<AdjustmentMode>(number);
 }

@@ -20,14 +20,14 @@ struct Adjustment {
   AdjustmentMode mode = AdjustmentMode::kNone;
   int64_t value = 0;
 
-  // The amount after the adjustment; throws Refusal(kBadAdjustment) when the
+  // The amount after the adjustment; throws Refusal(Rule::kAdjustment) when the
   // value is negative or nothing would remain.
   int64_t AppliedTo(int64_t amount) const;
   // "Rabat 10%", "Narzut"; empty for kNone.
   std::string Text() const;
 };
 
-// Throws Refusal(kBadParameter) when there is no such mode.
+// Throws Refusal(Rule::kParameter) when there is no such mode.
 AdjustmentMode AdjustmentModeOf(int32_t number);
 
 }  // namespace quilon::printer

@@ -46,8 +46,8 @@ std::optional<size_t> RateOfLetter(std::string_view letter) {
 
 char LetterOfRate(size_t rate) { return static_cast<char>('A' + rate); }
 
-std::string RateText(size_t rate) {
-  return kRates.at(rate) == kExempt ? "zw." : PercentText(kRates.at(rate));
+std::string RateText(int64_t rate) {
+  return rate == kExempt ? "zw." : rate == kUnused ? "---" : PercentText(rate);
 }
 
 }  // namespace quilon::printer

@@ -7,7 +7,9 @@
 
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/document_text.h"
+#include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
+#include "printer/protocol/numbers.h"
 
 namespace quilon::printer {
 namespace {
@@ -28,6 +30,24 @@ int64_t CashOf(const Document& document) {
          (SumOf(document.payments) - document.Due());
 }
 
+void Add(Totals& totals, const Totals& added) {
+  std::transform(totals.begin(), totals.end(), added.begin(), totals.begin(),
+                 std::plus<>());
+}
+
+void Book(Device& device, const Document& document) {
+  const Totals added = device.faults.Booked(document.sold);
+  Add(device.books.Of(document.series), added);
+  Day& day = device.books.day;
+  Add(day.Of(document.series), added);
+  ++day.CountOf(document.series);
+  day.first_sale = day.first_sale.value_or(document.ended);
+  day.last_sale = document.ended;
+  if (document.series == Series::kInvoice) {
+    device.invoice_numbers.insert(document.number_text);
+  }
+}
+
 Document TakeDocument(Device& device) {
   Document document = std::move(*device.document);
   device.document.reset();
@@ -41,10 +61,10 @@ Document TakeDocument(Device& device) {
 void CloseDocument(Device& device, const Closing& closing) {
   const Document& open = *device.document;
   if (open.items == 0) {
-    throw Refusal(kNoItems);
+    throw Refusal(Rule::kNoLine);
   }
   if (closing.total != SumOf(open.sales)) {
-    throw Refusal(kWrongTotal);
+    throw Refusal(Rule::kTotal, Compared(closing.total, SumOf(open.sales)));
   }
   const int64_t sold = closing.adjustment.AppliedTo(closing.total);
   const int64_t due = sold + open.deposits;
@@ -52,11 +72,13 @@ void CloseDocument(Device& device, const Closing& closing) {
   // What the closing itself says counts no second time, but must be enough.
   if (SumOf(payments) < due ||
       (!closing.payments.empty() && SumOf(closing.payments) < due)) {
-    throw Refusal(kUnpaid);
+    throw Refusal(Rule::kUnpaid,
+                  AmountText(SumOf(payments)) + " < " + AmountText(due));
   }
   if (SumOf(payments) - due > SumOf(payments, PaymentForm::kCash)) {
-    throw Refusal(kBadPayment);  // change is given in cash only
+    throw Refusal(Rule::kChange);
   }
+  CheckClosing(device, closing);
   Document document = TakeDocument(device);
   document.adjustment = closing.adjustment;
   document.sold = Spread(document.sales, sold);
@@ -64,10 +86,7 @@ void CloseDocument(Device& device, const Closing& closing) {
   document.number = ++device.books.CountOf(document.series);
   document.payments = payments;
   PrintEnd(device.paper, document);
-  const Totals added = device.faults.Booked(document.sold);
-  Totals& totals = device.books.Of(document.series);
-  std::transform(totals.begin(), totals.end(), added.begin(), totals.begin(),
-                 std::plus<>());
+  Book(device, document);
   device.cash += CashOf(document);
   device.last_document_closed = true;
   device.TearOff({.kind = document.series == Series::kReceipt
@@ -80,6 +99,8 @@ void CancelDocument(Device& device, const std::vector<std::string>& texts) {
   Document document = TakeDocument(device);
   PrintCancellation(device.paper, document, texts);
   ++device.books.cancelled_count;
+  ++device.books.day.cancelled_count;
+  device.books.day.cancelled_value += SumOf(document.sales);
   device.last_document_closed = false;
   device.TearOff({.kind = PrintoutKind::kCancelled,
                   .document = std::make_shared<Document>(std::move(document))});

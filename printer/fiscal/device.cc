@@ -3,8 +3,12 @@
 #include <utility>
 
 #include "printer/fiscal/document_text.h"
+#include "printer/fiscal/identity.h"
 
 namespace quilon::printer {
+
+Device::Device(Clock wall_clock)
+    : clock(std::move(wall_clock)), owner(kOwner) {}
 
 void Device::OrderFault(const std::string& text) {
   const Fault fault = ParseFault(text);
@@ -18,6 +22,12 @@ void Device::OrderFault(const std::string& text) {
 void Device::Refuse(int number) {
   last_command_ok = false;
   error = number;
+}
+
+void Device::Leave(int64_t gone) {
+  if (document && document->client == gone) {
+    document->client = 0;
+  }
 }
 
 std::string Device::DateAndTime() const { return MomentText(Now()); }

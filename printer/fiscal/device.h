@@ -10,7 +10,9 @@
 #include <functional>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "printer/fiscal/books.h"
 #include "printer/fiscal/clock.h"
@@ -18,18 +20,21 @@
 #include "printer/fiscal/faults.h"
 #include "printer/fiscal/paper.h"
 #include "printer/fiscal/storage.h"
-#include "printer/protocol/errors.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 
 struct Device {
-  explicit Device(Clock wall_clock) : clock(std::move(wall_clock)) {}
+  explicit Device(Clock wall_clock);
 
   // Orders a fault by its text; throws std::invalid_argument when it is not
   // one.
   void OrderFault(const std::string& text);
   // Records that a command was refused.
   void Refuse(int number);
+
+  // A client is gone; its open document is anybody's now.
+  void Leave(int64_t gone);
 
   // The printer's own clock.
   std::chrono::local_seconds Now() const { return clock() + clock_offset; }
@@ -42,6 +47,7 @@ struct Device {
 
   Clock clock;
 
+  bool strict = true;  // keeps also the rules that a lenient printer does not
   bool online = true;
   bool mechanism_error = false;
   int next_refusal =
@@ -51,12 +57,21 @@ struct Device {
   bool last_command_ok = true;
   bool last_document_closed = true;
 
+  int64_t client = 0;  // whose command is obeyed, from 1; 0: the bench
   std::optional<Document> document;
   Faults faults;
   Books books;
+  std::string owner;  // UTF-8
+  Rates rates = kUsualRates;
+  int rate_changes = 0;
+  std::vector<DailyRecord> fiscal_memory;
+  // The rate at which a name was sold since the last daily report.
+  std::map<std::string, size_t, std::less<>> goods;
+  std::set<std::string, std::less<>> invoice_numbers;
   Paper paper;
 
   bool slip_open = false;
+  size_t slip_lines = 0;
   // A slip may follow the document that was just closed.
   bool slip_attached = false;
   int64_t cash = 0;  // paid in and not out again, grosze

@@ -65,6 +65,9 @@ int64_t SumOf(const std::vector<Payment>& payments, PaymentForm form);
 
 struct Document {
   Series series;
+  std::string owner{};  // of the printer, at that time
+  Rates rates = kUsualRates;
+  int64_t client = 0;  // who has it open; 0: anybody, the client is gone
   std::vector<std::string> header_lines{};
   std::string number_text{};         // that the client gave an invoice
   std::vector<std::string> buyer{};  // the first text is the NIP

@@ -65,7 +65,7 @@ void PrintCentered(Paper& paper, const std::vector<std::string>& texts) {
   }
 }
 
-void PrintRates(Paper& paper, const Totals& sold) {
+void PrintRates(Paper& paper, const Totals& sold, const Rates& rates) {
   int64_t tax_sum = 0;
   for (size_t rate = 0; rate < kRateCount; ++rate) {
     const int64_t gross = sold.at(rate);
@@ -73,13 +73,14 @@ void PrintRates(Paper& paper, const Totals& sold) {
       continue;
     }
     const std::string letter(1, LetterOfRate(rate));
-    if (kRates.at(rate) == kExempt) {
+    if (rates.at(rate) == kExempt) {
       paper.PrintPair("SPRZEDAŻ ZWOLNIONA " + letter, AmountText(gross));
       continue;
     }
-    const int64_t tax = TaxIn(gross, kRates.at(rate));
+    const int64_t tax = TaxIn(gross, rates.at(rate));
     paper.PrintPair("SPRZEDAŻ OPODATKOWANA " + letter, AmountText(gross));
-    paper.PrintPair("PTU " + letter + " " + RateText(rate), AmountText(tax));
+    paper.PrintPair("PTU " + letter + " " + RateText(rates.at(rate)),
+                    AmountText(tax));
     tax_sum += tax;
   }
   paper.PrintPair("SUMA PTU", AmountText(tax_sum));
@@ -126,15 +127,25 @@ std::string MomentText(std::chrono::local_seconds moment) {
          Padded(time.minutes().count(), 2);
 }
 
-void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
-  for (const std::string_view line : kOwner) {
+void PrintOwner(Paper& paper, const std::string& owner,
+                const std::vector<std::string>& further_lines) {
+  PrintCentered(paper, {owner});
+  for (const std::string_view line : kAddress) {
     paper.PrintCentered(line);
   }
-  PrintCentered(paper, document.header_lines);
+  PrintCentered(paper, further_lines);
   paper.PrintCentered(std::string("NIP ").append(kTaxNumber));
+}
+
+void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
+                        int32_t number) {
   constexpr size_t kDigits = 6;
-  paper.PrintPair(MomentText(document.begun),
-                  "wydruk " + Padded(running_number, kDigits));
+  paper.PrintPair(MomentText(moment), "wydruk " + Padded(number, kDigits));
+}
+
+void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
+  PrintOwner(paper, document.owner, document.header_lines);
+  PrintRunningNumber(paper, document.begun, running_number);
   if (document.series == Series::kReceipt) {
     paper.PrintCentered("PARAGON FISKALNY");
     return;
@@ -176,7 +187,7 @@ void PrintEnd(Paper& paper, const Document& document) {
     paper.PrintPair("SUMA CZĘŚCIOWA", AmountText(sum));
     paper.PrintPair(document.adjustment.Text(), ChangeText(sum, sold));
   }
-  PrintRates(paper, document.sold);
+  PrintRates(paper, document.sold, document.rates);
   paper.PrintPair(std::string("SUMA ").append(kCurrency), AmountText(sold));
   if (document.deposits != 0) {
     paper.PrintPair("KAUCJE", AmountText(document.deposits));

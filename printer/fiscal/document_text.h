@@ -13,6 +13,14 @@
 
 namespace quilon::printer {
 
+// Name, address, further lines and NIP of the printer's owner.
+void PrintOwner(Paper& paper, const std::string& owner,
+                const std::vector<std::string>& further_lines = {});
+
+// The time, and the number among all printouts.
+void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
+                        int32_t number);
+
 // The owner, their NIP, the printout's running number and time, the title.
 // `running_number` is that of all printouts.
 void PrintHead(Paper& paper, const Document& document, int32_t running_number);

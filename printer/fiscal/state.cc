@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <stdexcept>
 
 #include "printer/fiscal/closing.h"
@@ -31,6 +32,97 @@ std::vector<std::string> TextsOfJson(const json& array) {
     texts.push_back(Utf8ToMazovia(text.get<std::string>()));
   }
   return texts;
+}
+
+using Moment = std::optional<std::chrono::local_seconds>;
+
+json ToJson(const Moment& moment) {
+  return moment ? json(moment->time_since_epoch().count()) : json();
+}
+
+Moment MomentOf(const json& seconds) {
+  return seconds.is_null() ? Moment()
+                           : std::chrono::local_seconds(
+                                 std::chrono::seconds(seconds.get<int64_t>()));
+}
+
+json ToJson(const Day& day) {
+  return {{"receipts", day.receipts},
+          {"invoices", day.invoices},
+          {"receipt_count", day.receipt_count},
+          {"invoice_count", day.invoice_count},
+          {"cancelled_count", day.cancelled_count},
+          {"cancelled_value", day.cancelled_value},
+          {"slip_count", day.slip_count},
+          {"event_count", day.event_count},
+          {"goods_count", day.goods_count},
+          {"rates_changed", day.rates_changed},
+          {"paid_in", day.paid_in},
+          {"paid_out", day.paid_out},
+          {"first_sale", ToJson(day.first_sale)},
+          {"last_sale", ToJson(day.last_sale)}};
+}
+
+Day DayOf(const json& state) {
+  Day day;
+  state.at("receipts").get_to(day.receipts);
+  state.at("invoices").get_to(day.invoices);
+  state.at("receipt_count").get_to(day.receipt_count);
+  state.at("invoice_count").get_to(day.invoice_count);
+  state.at("cancelled_count").get_to(day.cancelled_count);
+  state.at("cancelled_value").get_to(day.cancelled_value);
+  state.at("slip_count").get_to(day.slip_count);
+  state.at("event_count").get_to(day.event_count);
+  state.at("goods_count").get_to(day.goods_count);
+  state.at("rates_changed").get_to(day.rates_changed);
+  state.at("paid_in").get_to(day.paid_in);
+  state.at("paid_out").get_to(day.paid_out);
+  day.first_sale = MomentOf(state.at("first_sale"));
+  day.last_sale = MomentOf(state.at("last_sale"));
+  return day;
+}
+
+json ToJson(const DailyRecord& record) {
+  return {{"number", record.number},
+          {"made", ToJson(Moment(record.made))},
+          {"rates", record.rates},
+          {"day", ToJson(record.day)}};
+}
+
+DailyRecord DailyRecordOf(const json& state) {
+  return {state.at("number").get<int32_t>(), MomentOf(state.at("made")).value(),
+          state.at("rates").get<Rates>(), DayOf(state.at("day"))};
+}
+
+// What is sold, and how. A state of an older printer holds nothing of it.
+json TradeToJson(const Device& device) {
+  json trade = {{"owner", device.owner},
+                {"rates", device.rates},
+                {"rate_changes", device.rate_changes},
+                {"day", ToJson(device.books.day)},
+                {"goods", device.goods},
+                {"invoice_numbers", device.invoice_numbers},
+                {"fiscal_memory", json::array()}};
+  for (const DailyRecord& record : device.fiscal_memory) {
+    trade["fiscal_memory"].push_back(ToJson(record));
+  }
+  return trade;
+}
+
+void RestoreTrade(Device& device, const json& trade) {
+  trade.at("owner").get_to(device.owner);
+  trade.at("rates").get_to(device.rates);
+  trade.at("rate_changes").get_to(device.rate_changes);
+  device.books.day = DayOf(trade.at("day"));
+  for (const auto& [name, rate] : trade.at("goods").items()) {
+    device.goods[name] = rate.get<size_t>();
+  }
+  for (const json& number : trade.at("invoice_numbers")) {
+    device.invoice_numbers.insert(number.get<std::string>());
+  }
+  for (const json& record : trade.at("fiscal_memory")) {
+    device.fiscal_memory.push_back(DailyRecordOf(record));
+  }
 }
 
 json ToJson(const Books& books) {
@@ -83,6 +175,9 @@ ParameterSet ParameterSetOf(const json& state) {
 
 void Restore(Device& device, const json& state) {
   device.books = BooksOf(state.at("books"));
+  if (state.contains("trade")) {
+    RestoreTrade(device, state.at("trade"));
+  }
   state.at("last_document_closed").get_to(device.last_document_closed);
   state.at("cash").get_to(device.cash);
   device.cashier = CashierOf(state.at("cashier"));
@@ -109,7 +204,7 @@ void Restore(Device& device, const json& state) {
   }
   if (state.at("document_open").get<bool>()) {
     const bool invoice = state.value("invoice_open", false);
-    device.document = {invoice ? Series::kInvoice : Series::kReceipt};
+    device.document = {.series = invoice ? Series::kInvoice : Series::kReceipt};
     CancelDocument(device, {"Zanik zasilania"});
   }
 }
@@ -118,6 +213,7 @@ void Restore(Device& device, const json& state) {
 
 std::string StateText(const Device& device) {
   json state = {{"books", ToJson(device.books)},
+                {"trade", TradeToJson(device)},
                 {"last_document_closed", device.last_document_closed},
                 {"document_open", device.document.has_value()},
                 {"invoice_open", device.document && device.document->series ==

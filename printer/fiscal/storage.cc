@@ -6,6 +6,16 @@
 #include "printer/protocol/mazovia.h"
 
 namespace quilon::printer {
+namespace {
+
+unsigned WordAt(const std::string& bytes, size_t position) {
+  const auto byte = [&](size_t at) {
+    return unsigned{static_cast<unsigned char>(bytes.at(at))};
+  };
+  return byte(position) << 8U | byte(position + 1);
+}
+
+}  // namespace
 
 void Display::Write(std::string_view mazovia) {
   while (!mazovia.empty()) {
@@ -38,6 +48,18 @@ void Display::WriteLine(size_t line, std::string_view mazovia) {
 }
 
 std::string Logo::Bytes() const { return BytesOfHex(digits); }
+
+unsigned Logo::width() const { return WordAt(Bytes(), 0); }
+
+unsigned Logo::height() const { return WordAt(Bytes(), 2); }
+
+bool Logo::IsImage() const {
+  constexpr size_t kPixels = 8;
+  const std::string bytes = Bytes();
+  return bytes.size() >= kSizes &&
+         bytes.size() ==
+             kSizes + (width() + kPixels - 1) / kPixels * size_t{height()};
+}
 
 uint16_t Logo::Checksum() const {
   constexpr size_t kBytes = 12292;

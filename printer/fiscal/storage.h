@@ -66,11 +66,19 @@ struct StoredFile {
 struct Logo {
   static constexpr int32_t kMaxDigits = 65536;
   static constexpr int32_t kMaxNumber = 255;
-  size_t size = 0;  // digits announced
+  static constexpr unsigned kMaxWidth = 384;  // dots on paper of 57 mm
+  size_t size = 0;                            // digits announced
   std::string digits;
+
+  static constexpr size_t kSizes = 4;  // bytes before the rows
 
   bool IsComplete() const { return digits.size() == size; }
   std::string Bytes() const;
+  // In pixels, of at least kSizes bytes.
+  unsigned width() const;
+  unsigned height() const;
+  // Whether there are so many rows of that width, eight pixels a byte.
+  bool IsImage() const;
   // 16 bits: the bytes, followed by 0xFF up to 12292 bytes in all, each shifted
   // left by its number modulo 9, XORed together, plus one.
   uint16_t Checksum() const;

@@ -44,6 +44,9 @@ void AddBehaviour(CLI::App& app, CommandLine& command_line) {
   VirtualPrinter::Options& options = command_line.printer;
   app.add_option("--state", options.state_file,
                  "Keep the printer's memory in this file");
+  app.add_flag("--lenient", options.lenient,
+               "Refuse only what cannot be obeyed, not what a fiscal printer "
+               "refuses beyond that");
   app.add_option_function<int>(
          "--latency",
          [&options](int milliseconds) {

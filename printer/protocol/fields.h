@@ -1,6 +1,6 @@
 // Reads, one after another, the fields that follow a command's mnemonic. Each
-// reader throws Refusal: with kWrongFieldCount when the field's end is missing,
-// with the error that the caller names when the content is wrong.
+// reader throws Refusal: with Rule::kFieldCount when the field's end is
+// missing, with the error that the caller names when the content is wrong.
 #ifndef PRINTER_PROTOCOL_FIELDS_H_
 #define PRINTER_PROTOCOL_FIELDS_H_
 
@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "printer/protocol/errors.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 
@@ -22,9 +22,9 @@ class Fields {
   // A text closed by CR, as it came (Mazovia).
   std::string Text();
   // An amount in grosze closed by "/".
-  int64_t Amount(int error = kBadParameter);
+  int64_t Amount(Rule rule = Rule::kParameter);
   // A whole number of 32 bits closed by the end mark.
-  int32_t Integer(char end, int error = kBadParameter);
+  int32_t Integer(char end, Rule rule = Rule::kParameter);
 
   bool empty() const { return rest_.empty(); }
   std::string_view rest() const { return rest_; }

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "printer/protocol/errors.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 namespace {
@@ -15,7 +15,7 @@ unsigned DigitValue(char digit) {
                          : digit;
   const size_t value = kDigits.find(lower);
   if (value == std::string_view::npos) {
-    throw Refusal(kBadData);
+    throw Refusal(Rule::kFileData);
   }
   return static_cast<unsigned>(value);
 }
@@ -24,7 +24,7 @@ unsigned DigitValue(char digit) {
 
 std::string BytesOfHex(std::string_view digits) {
   if (digits.size() % 2 != 0) {
-    throw Refusal(kBadData);
+    throw Refusal(Rule::kFileData);
   }
   std::string bytes;
   bytes.reserve(digits.size() / 2);

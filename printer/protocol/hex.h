@@ -7,8 +7,8 @@
 
 namespace quilon::printer {
 
-// The bytes that pairs of digits stand for; throws Refusal(kBadData) when one
-// is missing or not hexadecimal.
+// The bytes that pairs of digits stand for; throws Refusal(Rule::kFileData)
+// when one is missing or not hexadecimal.
 std::string BytesOfHex(std::string_view digits);
 
 // In lower case.

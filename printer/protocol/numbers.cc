@@ -112,6 +112,10 @@ std::string Padded(int64_t number, size_t digits) {
 
 std::string AmountText(int64_t amount) { return WithFraction(amount, 100, 2); }
 
+std::string Compared(int64_t said, int64_t right) {
+  return AmountText(said).append(" ≠ ").append(AmountText(right));
+}
+
 std::string QuantityText(int64_t quantity) {
   std::string text = WithFraction(quantity, kQuantityUnit, 8);
   text.erase(text.find_last_not_of('0') + 1);

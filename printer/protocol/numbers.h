@@ -53,6 +53,8 @@ std::string Padded(int64_t number, size_t digits);
 // As paper shows them: "12,05"; "1,05", "2".
 std::string AmountText(int64_t amount);
 std::string QuantityText(int64_t quantity);
+// What somebody says, and what is right: "6,00 ≠ 5,00".
+std::string Compared(int64_t said, int64_t right);
 // Hundredths of a percent: "23%", "7,50%".
 std::string PercentText(int64_t rate);
 

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "printer/protocol/errors.h"
 #include "printer/protocol/numbers.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 
@@ -15,7 +15,7 @@ int32_t Request::Integer(size_t index) const {
 int32_t Request::Integer(size_t index, int32_t low, int32_t high) const {
   const auto value = ParseInteger(parameters.at(index));
   if (!value || *value < low || *value > high) {
-    throw Refusal(kBadParameter);
+    throw Refusal(Rule::kParameter);
   }
   return static_cast<int32_t>(*value);
 }

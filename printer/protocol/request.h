@@ -30,12 +30,12 @@ struct Request {
   // The fields of a command without one, for its handler to read.
   Fields fields{{}};
 
-  // A parameter as a whole number of 32 bits; throws Refusal(kBadParameter)
+  // A parameter as a whole number of 32 bits; throws Refusal(Rule::kParameter)
   // when it is something else.
   int32_t Integer(size_t index) const;
   // The same, and within [low, high].
   int32_t Integer(size_t index, int32_t low, int32_t high) const;
-  // Throws Refusal(kBadParameter) unless the parameters from the first to
+  // Throws Refusal(Rule::kParameter) unless the parameters from the first to
   // before the end, or to the last one, are whole numbers of 32 bits.
   void CheckIntegers(size_t first, size_t end) const;
   void CheckIntegers() const { CheckIntegers(0, parameters.size()); }

@@ -15,8 +15,9 @@
 
 namespace quilon::printer {
 
-// Reads all fields; throws Refusal(kWrongFieldCount) or Refusal(kBadParameter)
-// when they do not have the shape. Amounts come back in grosze, as a number.
+// Reads all fields; throws Refusal(Rule::kFieldCount) or
+// Refusal(Rule::kParameter) when they do not have the shape. Amounts come back
+// in grosze, as a number.
 std::vector<std::string> ReadShape(Fields& fields, std::string_view shape);
 
 }  // namespace quilon::printer

@@ -200,7 +200,8 @@ void Acceptance::OnExchange(const Exchange& exchange) {
   if (refusals_.size() < kShown) {
     const std::string mnemonic(DecodeFrame(exchange.event.body).mnemonic);
     refusals_.push_back((mnemonic.empty() ? "a strange command" : mnemonic) +
-                        ", error " + std::to_string(exchange.error));
+                        ", error " + std::to_string(exchange.error) + ": " +
+                        exchange.reason.english);
   }
 }
 

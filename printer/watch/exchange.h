@@ -8,6 +8,7 @@
 #include <string>
 
 #include "printer/protocol/frame.h"
+#include "printer/protocol/refusal.h"
 
 namespace quilon::printer {
 
@@ -22,6 +23,7 @@ struct Exchange {
   std::string answer;
   // The number with which a frame was refused; 0 when it was obeyed.
   int error = 0;
+  Reason reason{};  // why it was
 };
 
 }  // namespace quilon::printer

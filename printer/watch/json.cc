@@ -81,6 +81,14 @@ std::string_view ChecksumName(DecodedFrame::Checksum checksum) {
   return "missing";
 }
 
+void AddRefusal(json& entry, const Exchange& exchange) {
+  entry["error"] = exchange.error;
+  if (exchange.error != kNoError) {
+    entry["reason"] = {{"en", exchange.reason.english},
+                       {"pl", exchange.reason.polish}};
+  }
+}
+
 void AddFrame(json& entry, const Exchange& exchange, size_t most_characters) {
   const DecodedFrame frame = DecodeFrame(exchange.event.body);
   json parameters = json::array();
@@ -92,7 +100,7 @@ void AddFrame(json& entry, const Exchange& exchange, size_t most_characters) {
   entry["mnemonic"] = frame.mnemonic;
   entry["fields"] = Shortened(Visible(frame.fields), most_characters);
   entry["checksum"] = ChecksumName(frame.checksum);
-  entry["error"] = exchange.error;
+  AddRefusal(entry, exchange);
 }
 
 json SeriesJson(const Totals& totals, int32_t count) {
@@ -117,7 +125,7 @@ std::string JsonOf(const Exchange& exchange, size_t most_characters) {
       break;
     case Event::Kind::kOverflow:
       entry["kind"] = "overflow";
-      entry["error"] = exchange.error;
+      AddRefusal(entry, exchange);
       break;
   }
   return entry.dump();
@@ -136,7 +144,7 @@ std::string JsonOf(const Printout& printout) {
 std::string JsonOf(const Status& status) {
   const Books& books = status.books;
   json rates = json::array();
-  for (size_t rate = 0; rate < kRateCount; ++rate) {
+  for (const int64_t rate : status.rates) {
     rates.push_back(RateText(rate));
   }
   const json entry = {

@@ -12,6 +12,7 @@ Status StatusOf(const Device& device) {
           device.last_command_ok,
           device.document.has_value(),
           device.last_document_closed,
+          device.rates,
           device.books,
           {device.display.lines().begin(), device.display.lines().end()},
           device.drawer_openings};

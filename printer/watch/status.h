@@ -19,6 +19,7 @@ struct Status {
   bool last_command_ok = true;
   bool document_open = false;
   bool last_document_closed = true;
+  Rates rates{};
   Books books;                       // fiscal totals in grosze and counters
   std::vector<std::string> display;  // the customer display's lines, UTF-8
   int drawer_openings = 0;

@@ -28,6 +28,7 @@ Exchange RefusedLine() {
   Exchange exchange;
   exchange.event = {Event::Kind::kFrame, "1;0;0^lx\r"};
   exchange.error = 20;
+  exchange.reason = {"the value is wrong", "wartość jest błędna"};
   return exchange;
 }
 
@@ -90,7 +91,8 @@ TEST(Acceptance, CountsRefusedCommandsWhenAsked) {
   EXPECT_TRUE(strict.Passed());
   strict.OnExchange(RefusedLine());
   EXPECT_EQ(strict.Report(),
-            "refused commands\n  expected 0, refused 1\n  ^l, error 20\n");
+            "refused commands\n  expected 0, refused 1\n  ^l, error 20: the "
+            "value is wrong\n");
   EXPECT_FALSE(strict.Passed());
 
   Acceptance expecting(ParseScript(R"({"refused": 1, "documents": []})"));

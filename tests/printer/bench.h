@@ -1,5 +1,5 @@
 // A printer on the test bench: the device behind one line, with a clock that
-// stands still at 2024-01-31 12:05:00.
+// stands still at 2024-01-31 12:05:00 until a test moves it.
 #ifndef TESTS_PRINTER_BENCH_H_
 #define TESTS_PRINTER_BENCH_H_
 
@@ -39,15 +39,17 @@ inline std::chrono::local_seconds BenchTime() {
 }
 
 struct Bench {
-  Device device{BenchTime};
+  std::chrono::local_seconds now = BenchTime();
+  Device device{[this] { return now; }};
   std::vector<Exchange> heard;
-  Line line{device, [this](Event event, Outcome outcome) {
+  Line line{device, 1, [this](Event event, Outcome outcome) {
               heard.push_back({0,
                                {},
                                0,
                                std::move(event),
                                std::move(outcome.answer),
-                               outcome.error});
+                               outcome.error,
+                               std::move(outcome.reason)});
             }};
 
   // Sends bytes as they are; returns the answer.

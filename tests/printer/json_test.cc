@@ -26,13 +26,22 @@ json Heard(const std::string& bytes) {
 
 json Frame(const json& parameters, const std::string& mnemonic,
            const std::string& fields, const std::string& checksum,
-           const std::string& answer, int error) {
-  return {{"number", 0},          {"client", 0},
-          {"kind", "frame"},      {"parameters", parameters},
-          {"mnemonic", mnemonic}, {"fields", fields},
-          {"checksum", checksum}, {"answer", answer},
-          {"error", error}};
+           const std::string& answer, int error, const json& reason = {}) {
+  json frame = {{"number", 0},          {"client", 0},
+                {"kind", "frame"},      {"parameters", parameters},
+                {"mnemonic", mnemonic}, {"fields", fields},
+                {"checksum", checksum}, {"answer", answer},
+                {"error", error}};
+  if (!reason.is_null()) {
+    frame["reason"] = reason;
+  }
+  return frame;
 }
+
+const json kWrongChecksum = {{"en", "its checksum is wrong or missing"},
+                             {"pl", "suma kontrolna jest błędna lub jej brak"}};
+const json kUnknown = {{"en", "its mnemonic is unknown"},
+                       {"pl", "mnemonik jest nieznany"}};
 
 TEST(ExchangeJson, TakesAFrameApart) {
   EXPECT_EQ(
@@ -42,9 +51,11 @@ TEST(ExchangeJson, TakesAFrameApart) {
 
 TEST(ExchangeJson, TellsAWrongChecksumAndWhatCameInstead) {
   EXPECT_EQ(Heard(Bare("0;0;0;1;0$h\r00")),
-            Frame({"0", "0", "0", "1", "0"}, "$h", "↵00", "wrong", "", 2));
+            Frame({"0", "0", "0", "1", "0"}, "$h", "↵00", "wrong", "", 2,
+                  kWrongChecksum));
   EXPECT_EQ(Heard(Bare("0;0;0;1;0$h")),
-            Frame({"0", "0", "0", "1", "0"}, "$h", "", "wrong", "", 2));
+            Frame({"0", "0", "0", "1", "0"}, "$h", "", "wrong", "", 2,
+                  kWrongChecksum));
 }
 
 TEST(ExchangeJson, TellsAChecksumThatMayBeMissing) {
@@ -59,9 +70,9 @@ TEST(ExchangeJson, TellsAChecksumThatMayBeMissing) {
 
 TEST(ExchangeJson, ShowsAStrangeCommandWhole) {
   EXPECT_EQ(Heard(Framed("1;2$Q\x01")),
-            Frame({"1", "2"}, "", "$Q☺", "right", "", 1022));
+            Frame({"1", "2"}, "", "$Q☺", "right", "", 1022, kUnknown));
   EXPECT_EQ(Heard(Bare("hello")),
-            Frame(json::array(), "", "", "wrong", "", 1022));
+            Frame(json::array(), "", "", "wrong", "", 1022, kUnknown));
 }
 
 TEST(ExchangeJson, NamesControlBytes) {
@@ -81,7 +92,10 @@ TEST(ExchangeJson, TellsAFrameThatIsTooLong) {
                   {"client", 0},
                   {"kind", "overflow"},
                   {"answer", ""},
-                  {"error", 1026}}));
+                  {"error", 1026},
+                  {"reason",
+                   {{"en", "its frame is longer than 1 MiB"},
+                    {"pl", "ramka jest dłuższa niż 1 MiB"}}}}));
 }
 
 TEST(ExchangeJson, TakesAnyBytes) {

@@ -100,7 +100,7 @@ TEST_F(Receipt, AdjustsALineByEachMode) {
 
 TEST_F(Receipt, RefusesAnImpossibleLineAdjustment) {
   Send(kHeader);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rB/4.50/9/1/rabat\r"), 1004);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rB/4.50/9/1/rabat\r"), 1117);
   EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/9/rabat\r"), 1004);
   EXPECT_EQ(Verdict("1;3;0^lChleb\r2\rB/4.50/9/-1/rabat\r"), 1004);
   EXPECT_EQ(Verdict("1;5;0^lChleb\r2\rB/4.50/9/1/rabat\r"), 4);
@@ -108,18 +108,19 @@ TEST_F(Receipt, RefusesAnImpossibleLineAdjustment) {
 }
 
 TEST_F(Receipt, RefusesWrongLinesAndStaysUsable) {
-  EXPECT_EQ(Verdict(kLine), 29);
+  EXPECT_EQ(Verdict(kLine), 21);
   EXPECT_EQ(Verdict(kHeader), 0);
   NewPaper();
   EXPECT_EQ(Verdict(kHeader), 1002);
   EXPECT_EQ(Verdict("1;0;0^l\r2\rA/4.50/9/"), 16);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r\rA/4.50/9/"), 17);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r-2\rA/4.50/9/"), 17);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r-2\rA/4.50/9/"), 22);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r2x\rA/4.50/9/"), 17);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rH/4.50/9/"), 18);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r2\r/4.50/9/"), 18);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/0/0/"), 19);
-  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/-4.-50/-9/"), 19);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/-4.-50/-9/"), 22);
+  EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/-4.-50/9/"), 19);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.5/9/"), 19);
   EXPECT_EQ(Verdict("1;0;0^lChleb\r2\rA/4.50/9.01/"), 20);
   EXPECT_EQ(Verdict("1;0;0;2$lChleb\r2\rA/4.50/9/\r"), 4);
@@ -133,7 +134,8 @@ TEST_F(Receipt, RefusesWrongLinesAndStaysUsable) {
 TEST_F(Receipt, TakesEveryRateLetter) {
   Send(kHeader);
   for (const char letter : std::string("ABCDEFG")) {
-    EXPECT_EQ(Verdict(std::string("1;0;0^lChleb\r2\r") + letter + "/4.50/9/"),
+    EXPECT_EQ(Verdict(std::string("1;0;0^lChleb ") + letter + "\r2\r" + letter +
+                      "/4.50/9/"),
               0);
   }
   EXPECT_EQ(Verdict("1;0;0;0;0;0$e\r0/63/0/"), 0);
@@ -265,7 +267,7 @@ TEST_F(Receipt, CountsItsPrintouts) {
 }
 
 TEST_F(Receipt, RefusesAWrongPayment) {
-  EXPECT_EQ(Verdict("6$d1/1\r\r"), 29);
+  EXPECT_EQ(Verdict("6$d1/1\r\r"), 21);
   Send(kHeader);
   EXPECT_EQ(Verdict("6$d0/1\r\r"), 26);
   EXPECT_EQ(Verdict("6$d-1/1\r\r"), 26);

@@ -35,12 +35,12 @@ TEST_F(Settings, WrongFormsAreRefused) {
 }
 
 TEST_F(Settings, ClockIsSetAndShownOnPaper) {
-  EXPECT_EQ(Verdict("24;12;31;23;59;58$ckasa\rkasjer\r"), 0);
-  EXPECT_EQ(Hear(Bare("#c")), Framed("#C2024/12/31/23/59/58/"));
+  EXPECT_EQ(Verdict("24;1;31;14;4;58$ckasa\rkasjer\r"), 0);
+  EXPECT_EQ(Hear(Bare("#c")), Framed("#C2024/1/31/14/4/58/"));
   EXPECT_THAT(NewPaper(),
               ElementsAre("             ZMIANA ZEGARA",
                           "Przed zmianą            2024-01-31 12:05",
-                          "Po zmianie              2024-12-31 23:59", ""));
+                          "Po zmianie              2024-01-31 14:04", ""));
 }
 
 TEST_F(Settings, AnImpossibleTimeIsRefused) {

@@ -39,10 +39,14 @@ class Folder {
 
 void Use(Bench& bench) {
   for (const char* body :
-       {"0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rB/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/",
-        "2024;12;31;23;59;58$c\r\r", "1$d", "@SERWprzegl\206d\x01\x7F\xFF\r5/",
+       {"100;1$zSklep Ewa\r", "2$p\r\r2300/800/0/0/0/0/0/",
+        "1;0;1;5;6;0;7;0;0;8;9$hFV 1\r\rEwa\r"
+        "\r\r\r\r\r",
+        "1;0;0^lMas\x92o\r2\rB/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/", "0#r",
+        "24;1;31;14;4;58$c\r\r", "0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rB/4.50/9/",
+        "1;0;0;0;0;0$e\r0/9/0/", "1$d", "@SERWprzegl\206d\x01\x7F\xFF\r5/",
         "2;@EPARtwo\r1/2/3/s\r11/12/13/14/", "0;0@A1/2/plik\r5c\r",
-        "0;0@A9/2/pending\r5c\r", "0;^F0/2/0/2/80\r7/", "243;1$r"}) {
+        "0;0@A9/2/pending\r5c\r", "0;^F0/10/0/10/0008000180\r7/", "243;1$r"}) {
     EXPECT_EQ(bench.Verdict(body), 0) << body;
   }
 }
@@ -56,10 +60,23 @@ TEST(State, SurvivesTheWayThroughAFile) {
   StateFile(folder.file()).Load(after.device);
   EXPECT_EQ(after.device.books.receipts, (Totals{0, 900, 0, 0, 0, 0, 0}));
   EXPECT_EQ(after.device.books.receipt_count, 1);
+  EXPECT_EQ(after.device.books.day.receipts[1], 900);
+  EXPECT_EQ(after.device.books.day.first_sale,
+            BenchTime() + std::chrono::seconds(7198));
+  ASSERT_EQ(after.device.fiscal_memory.size(), 1U);
+  EXPECT_EQ(after.device.fiscal_memory[0].day.invoices[1], 900);
+  EXPECT_EQ(after.device.fiscal_memory[0].day.event_count, 2);
+  EXPECT_TRUE(after.device.fiscal_memory[0].day.rates_changed);
+  EXPECT_EQ(after.device.owner, "Sklep Ewa");
+  EXPECT_EQ(after.device.rates[1], 800);
+  EXPECT_EQ(after.device.rates[2], kUnused);
+  EXPECT_EQ(after.device.rate_changes, 1);
+  EXPECT_EQ(after.device.goods.at("Chleb"), 1U);
+  EXPECT_EQ(after.device.invoice_numbers.count("FV 1"), 1U);
   EXPECT_EQ(after.device.drawer_openings, 1);
   EXPECT_EQ(after.device.files.at("plik").bytes, "\\");
   EXPECT_EQ(after.device.files.count("pending"), 0U);
-  EXPECT_EQ(after.device.logos.at(7).digits, "80");
+  EXPECT_EQ(after.device.logos.at(7).digits, "0008000180");
   for (const char* query : {"#c", "?SERW1/", "2;?EPAR\r"}) {
     EXPECT_EQ(after.Send(query), before.Send(query));
   }
@@ -85,7 +102,7 @@ TEST(State, CancelsADocumentThatWasOpen) {
 
 TEST(State, KnowsWhichDocumentWasOpen) {
   Bench before;
-  before.Send("1;0;1;5;6;0;7;0;0;8;9$hFV 1\r1\r2\r3\r4\r5\r6\r7\r");
+  before.Send("1;0;1;5;6;0;7;0;0;8;9$hFV 1\r\rEwa\r3\r4\r5\r6\r7\r");
   Bench after;
   RestoreState(after.device, StateText(before.device));
   EXPECT_THAT(after.NewPaper(), Contains("           FAKTURA ANULOWANA"));

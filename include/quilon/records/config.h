@@ -24,11 +24,14 @@ QUILON_OFFSET(DollarC, texts, 24);
 
 /** QUIL_DOLLAR_P, and the fields of QUIL_DOLLAR_CAPITAL_P. */
 typedef struct DollarP {
-  /** The only parameter of "$p"; "$P" does not send it. */
+  /** The only parameter of "$p"; "$P" does not send it.
+   *  Virtual printer: number of VAT rates in use. */
   int32_t number;
   /** Two texts, converted; "$P" does not send them. */
   char texts[2][256];
-  /** The seven fields behind the texts; "$P" sends the first six. */
+  /** The seven fields behind the texts; "$P" sends the first six.
+   *  Virtual printer: VAT rates from A on in hundredths of a percent, 10000
+   *  for an exempt one. */
   int32_t values[7];
 } DollarP;
 QUILON_SIZE(DollarP, 544);

@@ -218,7 +218,7 @@ typedef struct DollarCapitalY {
   /** The two parameters. */
   int32_t integers[2];
   /** Two amounts, in hundredths.
-   *  Virtual printer: printed, change no total. */
+   *  Virtual printer: the first is the subtotal, both are printed. */
   int64_t amounts[2];
   /** Sent also when empty.
    *  Virtual printer: printed. */

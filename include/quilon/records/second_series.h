@@ -42,7 +42,7 @@ typedef struct HashK {
    *  Virtual printer: printed on the report. */
   int32_t parameter;
   /** First text, sent also when empty.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: name of the shift. */
   char text1[9];
   /** Second text, sent also when empty.
    *  Virtual printer: printed on the report. */
@@ -61,7 +61,7 @@ QUILON_OFFSET(HashK, text3, 46);
  *  QUIL_HASH_O_FIELDS `number` and the two fields. */
 typedef struct HashO {
   /** The six parameters before `number`.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: first day, month, year, last day, month, year. */
   char parameters[6][3];
   char reserved1[2];
   /** Last parameter.
@@ -74,10 +74,10 @@ typedef struct HashO {
    *  Virtual printer: printed on the report. */
   char text2[9];
   /** First field, sent also when empty.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: number of the first daily report. */
   char field1[11];
   /** Second field, sent also when empty.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: number of the last daily report. */
   char field2[64];
   char reserved2[3];
 } HashO;
@@ -99,10 +99,10 @@ typedef struct DollarOTexts {
    *  Virtual printer: printed on the report. */
   char field[3];
   /** First field.
-   *  Virtual printer: first day or number. */
+   *  Virtual printer: first day, as 2024-01-31. */
   char text1[11];
   /** Second field.
-   *  Virtual printer: last day or number. */
+   *  Virtual printer: last day, as 2024-01-31. */
   char text2[64];
   char reserved2[2];
 } DollarOTexts;
@@ -118,10 +118,10 @@ typedef struct DollarONumbers {
   int32_t parameter;
   int32_t reserved1;
   /** First field, as plain decimal.
-   *  Virtual printer: first number. */
+   *  Virtual printer: number of the first daily report. */
   int64_t number1;
   /** Second field, as plain decimal.
-   *  Virtual printer: last number. */
+   *  Virtual printer: number of the last daily report. */
   int64_t number2;
   /** Last field.
    *  Virtual printer: printed on the report. */
@@ -147,10 +147,10 @@ QUILON_OFFSET(HashT, text2, 9);
 /** "@PR": QUIL_AT_PR. */
 typedef struct PrCommand {
   /** First field.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: number of the first document. */
   int32_t number1;
   /** Second field.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: number of the last document. */
   int32_t number2;
   /** Third field, sent also when empty.
    *  Virtual printer: printed on the report. */
@@ -168,10 +168,10 @@ QUILON_OFFSET(PrCommand, text2, 28);
 typedef struct PmrCommand {
   int32_t reserved1;
   /** First field.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: number of the first document. */
   int32_t number1;
   /** Second field.
-   *  Virtual printer: printed on the report. */
+   *  Virtual printer: number of the last document. */
   int32_t number2;
   /** Third field, sent also when empty.
    *  Virtual printer: printed on the report. */
