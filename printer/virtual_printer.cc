@@ -132,7 +132,7 @@ class VirtualPrinter::Engine {
         device_, client, [this, client](Event event, Outcome outcome) {
           Note({++exchanges_, std::chrono::system_clock::now(), client,
                 std::move(event), std::move(outcome.answer), outcome.error,
-                std::move(outcome.reason)});
+                std::move(outcome.reason), std::move(outcome.faults)});
         });
     // Goes with the receiver, when the client is gone.
     const std::shared_ptr<void> presence(nullptr, [this, client](void*) {

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "printer/protocol/refusal.h"
 
@@ -16,6 +17,7 @@ struct Outcome {
   std::string answer;    // with ESC "P" and ESC "\"; empty: there is none
   int error = kNoError;  // with which a frame was refused
   Reason reason{};       // why it was
+  std::vector<std::string> faults{};  // that happened meanwhile, as ordered
 };
 
 // Executes one frame, given without ESC "P" and ESC "\".

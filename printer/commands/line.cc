@@ -9,18 +9,16 @@ namespace quilon::printer {
 Reaction Line::Receive(std::string_view bytes) {
   Reaction reaction;
   for (const char byte : bytes) {
-    switch (device_.faults.TakeByte()) {
-      case Faults::ByteFate::kTaken:
-        if (auto event = parser_.Feed(byte)) {
-          React(*std::move(event), reaction);
-        }
-        break;
-      case Faults::ByteFate::kLost:
-        break;
-      case Faults::ByteFate::kCut:
-        reaction.hang_up = true;
-        break;
+    const Faults::ByteFate fate = device_.faults.TakeByte();
+    NoteFaults();
+    if (fate == Faults::ByteFate::kTaken) {
+      if (auto event = parser_.Feed(byte)) {
+        React(*std::move(event), reaction);
+      }
+    } else if (!struck_.empty()) {
+      Tell({Event::Kind::kLost, {}}, {});
     }
+    reaction.hang_up = reaction.hang_up || fate == Faults::ByteFate::kCut;
     if (reaction.hang_up) {
       break;
     }
@@ -31,6 +29,7 @@ Reaction Line::Receive(std::string_view bytes) {
 void Line::React(Event event, Reaction& reaction) {
   if (event.kind == Event::Kind::kFrame && device_.faults.DiesOfFrame()) {
     reaction.hang_up = true;
+    Tell({Event::Kind::kLost, {}}, {});
     return;
   }
   device_.client = client_;
@@ -46,6 +45,18 @@ void Line::React(Event event, Reaction& reaction) {
         device_.faults.Happen(FaultKind::kLate).value_or(0));
     reaction.answer += outcome.answer;
   }
+  Tell(std::move(event), std::move(outcome));
+}
+
+void Line::NoteFaults() {
+  for (std::string& fault : device_.faults.TakeStruck()) {
+    struck_.push_back(std::move(fault));
+  }
+}
+
+void Line::Tell(Event event, Outcome outcome) {
+  NoteFaults();
+  outcome.faults = std::exchange(struck_, {});
   sink_(std::move(event), std::move(outcome));
 }
 
@@ -59,6 +70,8 @@ Outcome Line::Obey(const Event& event) {
       return {AnswerControl(device_, event.body.front())};
     case Event::Kind::kOverflow:
       return refused(Refusal(Rule::kOverflow));
+    case Event::Kind::kLost:
+      return {};
     case Event::Kind::kFrame:
       break;
   }

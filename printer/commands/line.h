@@ -9,6 +9,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "printer/commands/executor.h"
 #include "printer/protocol/frame.h"
@@ -26,7 +27,7 @@ struct Reaction {
 class Line {
  public:
   // Called with everything that came and what it brought about, the answer as
-  // it is sent.
+  // it is sent; also with a fault that lets nothing come.
   using Sink = std::function<void(Event event, Outcome outcome)>;
 
   // The client is known by its number, from 1.
@@ -41,11 +42,16 @@ class Line {
  private:
   void React(Event event, Reaction& reaction);
   Outcome Obey(const Event& event);
+  void NoteFaults();
+  void Tell(Event event, Outcome outcome);
 
   Device& device_;
   const int64_t client_;
   Sink sink_;
   FrameParser parser_;
+  // The faults that happened since the last event. Another client may be heard
+  // before a frame of this one ends.
+  std::vector<std::string> struck_;
 };
 
 }  // namespace quilon::printer

@@ -8,14 +8,14 @@
 namespace quilon::printer {
 
 Device::Device(Clock wall_clock)
-    : clock(std::move(wall_clock)), owner(kOwner) {}
+    : clock(std::move(wall_clock)), owner(kOwner) {
+  paper.set_roll_end(
+      [this] { return faults.Happen(FaultKind::kPaperOut).has_value(); });
+}
 
 void Device::OrderFault(const std::string& text) {
-  const Fault fault = ParseFault(text);
-  if (fault.kind == FaultKind::kPaperOut) {
-    paper.RunOutAfter(fault.position);
-  } else {
-    faults.Order(fault);
+  if (faults.Order(ParseFault(text))) {
+    paper.RunOut();
   }
 }
 

@@ -26,9 +26,11 @@ namespace quilon::printer {
 
 struct Device {
   explicit Device(Clock wall_clock);
+  Device(const Device&) = delete;
+  Device& operator=(const Device&) = delete;
+  ~Device() = default;
 
-  // Orders a fault by its text; throws std::invalid_argument when it is not
-  // one.
+  // Orders a fault by its text; throws NotAFault when it is not one.
   void OrderFault(const std::string& text);
   // Records that a command was refused.
   void Refuse(int number);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <stdexcept>
 #include <system_error>
 
 #include "printer/protocol/mazovia.h"
@@ -17,7 +16,7 @@ class FaultReader {
 
   Fault Read() {
     const FaultRow& row = TakeRow();
-    Fault fault{row.kind, 0, 1, 1, 0};
+    Fault fault{.text = std::string(text_), .kind = row.kind};
     if (!row.value.empty()) {
       Expect(Take("="));
       fault.value = Bounded(row.value, row.least, row.most, TakeNumber());
@@ -82,7 +81,8 @@ class FaultReader {
                   int64_t number) const {
     if (number < least || number > most) {
       Refuse(std::string(what) + " is " + std::to_string(least) + " to " +
-             std::to_string(most));
+                 std::to_string(most),
+             NotAFault::Bounds{least, most});
     }
     return number;
   }
@@ -93,11 +93,13 @@ class FaultReader {
     }
   }
 
-  [[noreturn]] void Refuse(const std::string& why) const {
+  [[noreturn]] void Refuse(const std::string& why,
+                           std::optional<NotAFault::Bounds> bounds = {}) const {
     constexpr size_t kShown = 60;
     const std::string_view begin = FirstCharacters(text_, kShown);
-    throw std::invalid_argument(why + ": " + std::string(begin) +
-                                (begin.size() < text_.size() ? "…" : ""));
+    throw NotAFault(
+        why, std::string(begin) + (begin.size() < text_.size() ? "…" : ""),
+        bounds);
   }
 
   std::string_view text_;

@@ -10,8 +10,11 @@
 #define PRINTER_FISCAL_FAULT_TABLE_H_
 
 #include <cstdint>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "printer/protocol/numbers.h"
 
@@ -87,18 +90,39 @@ std::string FormOf(const FaultRow& row);
 
 // What was ordered.
 struct Fault {
-  FaultKind kind;
-  int64_t value;
-  uint64_t position;
-  uint64_t times;         // left; kWithoutEnd for ever
-  uint64_t seen;          // since the order or the last time it could happen
+  std::string text;  // as it was ordered
+  FaultKind kind{};
+  int64_t value = 0;
+  uint64_t position = 1;
+  uint64_t times = 1;     // left; kWithoutEnd for ever
+  uint64_t seen = 0;      // since the order or the last time it could happen
   uint32_t chance = 100;  // percent
+  uint64_t struck = 0;    // how often it happened
 
   static constexpr uint64_t kWithoutEnd = UINT64_MAX;
 };
 
-// Throws std::invalid_argument, which says why, when the text is not a fault or
-// a number in it is out of bounds.
+// Says in English why a text is not a fault, and what a program needs to say so
+// in another language.
+struct NotAFault : std::invalid_argument {
+  struct Bounds {
+    int64_t least;
+    int64_t most;
+  };
+
+  NotAFault(const std::string& why, std::string begin_of_text,
+            std::optional<Bounds> passed)
+      : std::invalid_argument(why + ": " + begin_of_text),
+        begin(std::move(begin_of_text)),
+        bounds(passed) {}
+
+  std::string begin;
+  // Of the number that is out of them; empty: it is not even written so.
+  std::optional<Bounds> bounds;
+};
+
+// Throws NotAFault when the text is not a fault or a number in it is out of
+// bounds.
 Fault ParseFault(const std::string& text);
 
 }  // namespace quilon::printer

@@ -1,32 +1,54 @@
 #include "printer/fiscal/faults.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quilon::printer {
+
+bool Faults::Order(Fault fault) {
+  const bool at_once = fault.position == 0 && Strikes(fault);
+  faults_.push_back(std::move(fault));
+  return at_once;
+}
 
 void Faults::Clear() {
   faults_.clear();
   silent_ = dead_ = dying_ = false;
 }
 
+std::vector<ArmedFault> Faults::armed() const {
+  std::vector<ArmedFault> armed;
+  armed.reserve(faults_.size());
+  for (const Fault& fault : faults_) {
+    armed.push_back({fault.text, fault.struck, fault.times == 0});
+  }
+  return armed;
+}
+
 std::optional<int64_t> Faults::Happen(FaultKind kind) {
   std::optional<int64_t> happened;
   for (Fault& fault : faults_) {
-    if (fault.kind != kind || fault.times == 0 ||
-        ++fault.seen < fault.position) {
-      continue;
+    if (fault.kind == kind && fault.times > 0 &&
+        ++fault.seen >= fault.position && Strikes(fault)) {
+      happened = fault.value;
+      struck_.push_back(fault.text);
     }
-    fault.seen = 0;
-    constexpr uint32_t kAlways = 100;
-    if (fault.chance < kAlways && dice_() % kAlways >= fault.chance) {
-      continue;
-    }
-    if (fault.times != Fault::kWithoutEnd) {
-      --fault.times;
-    }
-    happened = fault.value;
   }
   return happened;
+}
+
+bool Faults::Strikes(Fault& fault) {
+  fault.seen = 0;
+  constexpr uint32_t kAlways = 100;
+  if (fault.times == 0 ||
+      (fault.chance < kAlways && dice_() % kAlways >= fault.chance)) {
+    return false;
+  }
+  if (fault.times != Fault::kWithoutEnd) {
+    --fault.times;
+  }
+  ++fault.struck;
+  return true;
 }
 
 Faults::ByteFate Faults::TakeByte() {

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <optional>
 #include <random>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "printer/fiscal/books.h"
@@ -13,16 +15,29 @@
 
 namespace quilon::printer {
 
+// A fault that was ordered and not cleared.
+struct ArmedFault {
+  std::string fault;    // as it was ordered
+  uint64_t struck = 0;  // how often it happened
+  bool over = false;    // it will not happen any more
+
+  friend bool operator==(const ArmedFault&, const ArmedFault&) = default;
+};
+
 class Faults {
  public:
-  void Order(const Fault& fault) { faults_.push_back(fault); }
+  // Returns whether it happens at once, as only the end of the paper can.
+  bool Order(Fault fault);
   void Clear();
+  std::vector<ArmedFault> armed() const;
   // With the same seed the same faults happen by the same chances.
   void set_seed(uint64_t seed) { dice_.seed(seed); }
 
   // Call once whenever what the faults of this kind count comes by: a document,
   // frame, answer, line or byte. The value of one that happens now.
   std::optional<int64_t> Happen(FaultKind kind);
+  // What happened since the last call, as it was ordered.
+  std::vector<std::string> TakeStruck() { return std::exchange(struck_, {}); }
 
   // What happens to the byte that just arrived.
   enum class ByteFate { kTaken, kLost, kCut };
@@ -38,7 +53,11 @@ class Faults {
   bool silent() const { return silent_; }
 
  private:
+  // It is the fault's turn: returns whether it happens.
+  bool Strikes(Fault& fault);
+
   std::vector<Fault> faults_;
+  std::vector<std::string> struck_;
   // Predictable on purpose: a run can be repeated.
   std::mt19937_64 dice_{1};  // NOLINT(cert-msc51-cpp)
   bool silent_ = false;

@@ -35,20 +35,8 @@ void Paper::PrintRule() { Put(std::string(kWidth, '-')); }
 
 void Paper::TearOff(Printout printout) { Put(std::move(printout)); }
 
-void Paper::RunOut() {
-  out_ = true;
-  ending_ = false;
-}
-
-void Paper::RunOutAfter(size_t lines) {
-  ending_ = lines > 0;
-  left_ = lines;
-  out_ = out_ || lines == 0;
-}
-
 void Paper::Refill() {
   out_ = false;
-  ending_ = false;
   for (Piece& piece : std::exchange(waiting_, {})) {
     Show(std::move(piece));
   }
@@ -60,9 +48,7 @@ void Paper::Put(Piece piece) {
     return;
   }
   Show(std::move(piece));
-  if (ending_ && --left_ == 0) {
-    RunOut();
-  }
+  out_ = roll_ends_ && roll_ends_();
 }
 
 void Paper::Show(Piece piece) {

@@ -31,6 +31,12 @@ class Paper {
     printout_sink_ = std::move(printout_sink);
   }
 
+  // Called behind every line that did not have to wait; returns whether the
+  // roll ends there.
+  void set_roll_end(std::function<bool()> roll_ends) {
+    roll_ends_ = std::move(roll_ends);
+  }
+
   // A text on as many lines as it takes.
   void Print(std::string_view utf8);
   void PrintCentered(std::string_view utf8);
@@ -42,9 +48,7 @@ class Paper {
   // with a blank line.
   void TearOff(Printout printout);
 
-  void RunOut();
-  // Lets the roll end after so many further lines.
-  void RunOutAfter(size_t lines);
+  void RunOut() { out_ = true; }
   void Refill();
   bool out() const { return out_; }
 
@@ -65,9 +69,8 @@ class Paper {
   int64_t printouts_ = 0;
   LineSink line_sink_;
   PrintoutSink printout_sink_;
+  std::function<bool()> roll_ends_;
   bool out_ = false;
-  bool ending_ = false;
-  size_t left_ = 0;  // lines until the roll ends, when it is ending
 };
 
 }  // namespace quilon::printer

@@ -30,6 +30,7 @@ struct Event {
              // included
     kControl,   // body holds the one control byte
     kOverflow,  // a frame passed FrameParser::kMaxBody bytes and was dropped
+    kLost,      // the printer lost, on purpose, what was on its way
   };
   Kind kind;
   std::string body;

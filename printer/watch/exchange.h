@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "printer/protocol/frame.h"
 #include "printer/protocol/refusal.h"
@@ -24,6 +25,8 @@ struct Exchange {
   // The number with which a frame was refused; 0 when it was obeyed.
   int error = 0;
   Reason reason{};  // why it was
+  // Those that happened meanwhile, as they were ordered.
+  std::vector<std::string> faults;
 };
 
 }  // namespace quilon::printer

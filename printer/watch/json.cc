@@ -115,6 +115,9 @@ std::string JsonOf(const Exchange& exchange, size_t most_characters) {
       {"time", IsoTime(exchange.time)},
       {"client", exchange.client},
       {"answer", Shortened(AnswerText(exchange.answer), most_characters)}};
+  if (!exchange.faults.empty()) {
+    entry["faults"] = exchange.faults;
+  }
   switch (exchange.event.kind) {
     case Event::Kind::kFrame:
       AddFrame(entry, exchange, most_characters);
@@ -126,6 +129,9 @@ std::string JsonOf(const Exchange& exchange, size_t most_characters) {
     case Event::Kind::kOverflow:
       entry["kind"] = "overflow";
       AddRefusal(entry, exchange);
+      break;
+    case Event::Kind::kLost:
+      entry["kind"] = "lost";
       break;
   }
   return entry.dump();
@@ -143,6 +149,12 @@ std::string JsonOf(const Printout& printout) {
 
 std::string JsonOf(const Status& status) {
   const Books& books = status.books;
+  json faults = json::array();
+  for (const ArmedFault& armed : status.faults) {
+    faults.push_back({{"fault", armed.fault},
+                      {"struck", armed.struck},
+                      {"over", armed.over}});
+  }
   json rates = json::array();
   for (const int64_t rate : status.rates) {
     rates.push_back(RateText(rate));
@@ -161,7 +173,8 @@ std::string JsonOf(const Status& status) {
       {"report_count", books.report_count},
       {"rates", std::move(rates)},
       {"display", status.display},
-      {"drawer_openings", status.drawer_openings}};
+      {"drawer_openings", status.drawer_openings},
+      {"faults", std::move(faults)}};
   return entry.dump();
 }
 

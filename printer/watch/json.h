@@ -14,18 +14,21 @@
 
 namespace quilon::printer {
 
-// "number", "time" (ISO 8601, UTC), "client", "kind" ("frame", "control" or
-// "overflow"), "answer", and of a frame "parameters", "mnemonic", "fields",
-// "checksum" ("right", "wrong" or "missing") and "error". A control
-// byte's mnemonic is its name; the answer to DLE and ENQ is in hexadecimal. Of
-// longer fields and answers only so many characters are given, and "…".
+// "number", "time" (ISO 8601, UTC), "client", "kind" ("frame", "control",
+// "overflow" or "lost"), "answer", and of a frame "parameters", "mnemonic",
+// "fields", "checksum" ("right", "wrong" or "missing") and "error". A control
+// byte's mnemonic is its name; the answer to DLE and ENQ is in hexadecimal.
+// Where faults struck, "faults" holds them as they were ordered. Of longer
+// fields and answers only so many characters are given, and "…".
 std::string JsonOf(const Exchange& exchange,
                    size_t most_characters = std::string::npos);
 // "number", "kind", "fiscal_number", "rates", "total", "due", "paid", "lines".
 // Amounts are in grosze.
 std::string JsonOf(const Printout& printout);
 // The fields of Status under their names; "receipts" and "invoices" hold each
-// the totals per VAT rate, in grosze, and the count; "rates" what each rate is.
+// the totals per VAT rate, in grosze, and the count; "rates" what each rate is;
+// "faults" those that are armed: each the "fault" as it was ordered, how often
+// it "struck", and whether it is "over".
 std::string JsonOf(const Status& status);
 // A text in UTF-8, quoted.
 std::string JsonOf(const std::string& text);

@@ -15,7 +15,8 @@ Status StatusOf(const Device& device) {
           device.rates,
           device.books,
           {device.display.lines().begin(), device.display.lines().end()},
-          device.drawer_openings};
+          device.drawer_openings,
+          device.faults.armed()};
 }
 
 }  // namespace quilon::printer

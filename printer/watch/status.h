@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "printer/fiscal/books.h"
+#include "printer/fiscal/faults.h"
 
 namespace quilon::printer {
 
@@ -23,6 +24,7 @@ struct Status {
   Books books;                       // fiscal totals in grosze and counters
   std::vector<std::string> display;  // the customer display's lines, UTF-8
   int drawer_openings = 0;
+  std::vector<ArmedFault> faults;
 
   friend bool operator==(const Status&, const Status&) = default;
 };

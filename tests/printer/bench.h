@@ -49,7 +49,8 @@ struct Bench {
                                std::move(event),
                                std::move(outcome.answer),
                                outcome.error,
-                               std::move(outcome.reason)});
+                               std::move(outcome.reason),
+                               std::move(outcome.faults)});
             }};
 
   // Sends bytes as they are; returns the answer.

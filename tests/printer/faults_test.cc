@@ -7,6 +7,8 @@
 #include <chrono>
 #include <stdexcept>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "printer/virtual_printer.h"
 #include "tests/printer/bench.h"
@@ -14,6 +16,10 @@
 
 namespace quilon::printer {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::UnorderedElementsAre;
 
 constexpr const char* kHeader = "0;0;0;1;0$h\r";
 constexpr const char* kLine = "1;0;0^lChleb\r2\rA/4.50/9/";
@@ -153,6 +159,97 @@ TEST_F(FaultyPrinter, GarblesAnAnswer) {
   // FF ^ "#E0/" = 86; the fifth of its ten bytes is the 0.
   Order("garble");
   EXPECT_EQ(Send("#n"), "\x1BP#E0.86\x1B\\");
+}
+
+// The faults of each exchange so far.
+std::vector<std::vector<std::string>> Marks(const Bench& bench) {
+  std::vector<std::vector<std::string>> marks;
+  for (const Exchange& exchange : bench.heard) {
+    marks.push_back(exchange.faults);
+  }
+  return marks;
+}
+
+TEST_F(FaultyPrinter, MarksTheExchangesWhereFaultsStrike) {
+  Order("late=5@answer=2");
+  Order("refuse=1086@frame=1");
+  Order("garble@answer=2");
+  Hear(kEnqByte);
+  Send(kHeader);
+  Hear(kEnqByte);
+  EXPECT_THAT(
+      Marks(*this),
+      ElementsAre(IsEmpty(), ElementsAre("refuse=1086@frame=1"),
+                  UnorderedElementsAre("late=5@answer=2", "garble@answer=2")));
+}
+
+TEST_F(FaultyPrinter, MarksTheFrameInWhichItFallsSilent) {
+  // Another client is heard before the frame ends.
+  Order("silent@byte=3");
+  const std::string frame = Framed(kHeader);
+  line.Receive(frame.substr(0, 3));
+  std::vector<std::string> marks_of_other{"not heard"};
+  Line other(device, 2, [&](const Event&, Outcome outcome) {
+    marks_of_other = std::move(outcome.faults);
+  });
+  other.Receive(kEnqByte);
+  EXPECT_THAT(marks_of_other, IsEmpty());
+  line.Receive(frame.substr(3));
+  EXPECT_THAT(Marks(*this), ElementsAre(ElementsAre("silent@byte=3")));
+}
+
+TEST_F(FaultyPrinter, TellsOfBytesThatItLoses) {
+  Order("cut@byte=2");
+  Hear("\x05\x05");
+  Order("dead");
+  Hear("\x05\x05\x05");
+  ASSERT_EQ(heard.size(), 3U);
+  EXPECT_EQ(heard[1].event.kind, Event::Kind::kLost);
+  EXPECT_EQ(heard[2].event.kind, Event::Kind::kLost);
+  EXPECT_THAT(Marks(*this), ElementsAre(IsEmpty(), ElementsAre("cut@byte=2"),
+                                        ElementsAre("dead")));
+}
+
+TEST_F(FaultyPrinter, MarksTheLineAfterWhichThePaperEnds) {
+  // At once: in no exchange.
+  Order("paper-out@line=0");
+  device.paper.Refill();
+  // The head has six lines, the sale two.
+  Order("paper-out@line=8");
+  Send(kHeader);
+  Send(kLine);
+  EXPECT_THAT(Marks(*this),
+              ElementsAre(IsEmpty(), ElementsAre("paper-out@line=8")));
+}
+
+TEST_F(FaultyPrinter, RunsOutOfPaperAsOftenAsOrdered) {
+  Order("paper-out@line=2x2");
+  for (const bool out : {true, true, false}) {
+    device.paper.Print("one");
+    EXPECT_FALSE(device.paper.out());
+    device.paper.Print("two");
+    EXPECT_EQ(device.paper.out(), out);
+    device.paper.Refill();
+  }
+  Order("paper-out");
+  device.faults.Clear();
+  device.paper.Print("one");
+  EXPECT_FALSE(device.paper.out());
+}
+
+TEST_F(FaultyPrinter, CountsHowOftenAFaultStruck) {
+  Order("garble@answer=2x2");
+  Order("garble@answer=2x*");
+  Order("paper-out@line=0");
+  for (int i = 0; i < 6; ++i) {
+    Hear(kEnqByte);
+  }
+  EXPECT_THAT(device.faults.armed(),
+              ElementsAre(ArmedFault{"garble@answer=2x2", 2, true},
+                          ArmedFault{"garble@answer=2x*", 3, false},
+                          ArmedFault{"paper-out@line=0", 1, true}));
+  device.faults.Clear();
+  EXPECT_THAT(device.faults.armed(), IsEmpty());
 }
 
 // Of so many answers the garbled ones, as a text of 0 and 1.

@@ -98,6 +98,23 @@ TEST(ExchangeJson, TellsAFrameThatIsTooLong) {
                     {"pl", "ramka jest dłuższa niż 1 MiB"}}}}));
 }
 
+TEST(ExchangeJson, NamesTheFaultsThatStruck) {
+  Bench bench;
+  bench.device.OrderFault("late=800");
+  bench.device.OrderFault("cut@byte=2");
+  bench.Hear("\x05\x05");
+  ASSERT_EQ(bench.heard.size(), 2U);
+  const json late = json::parse(JsonOf(bench.heard[0]));
+  EXPECT_EQ(late.at("faults"), json::array({"late=800"}));
+  json cut = json::parse(JsonOf(bench.heard[1]));
+  cut.erase("time");
+  EXPECT_EQ(cut, (json{{"number", 0},
+                       {"client", 0},
+                       {"kind", "lost"},
+                       {"answer", ""},
+                       {"faults", json::array({"cut@byte=2"})}}));
+}
+
 TEST(ExchangeJson, TakesAnyBytes) {
   for (int byte = 0; byte < 256; ++byte) {
     const std::string body = std::string("2$d") + static_cast<char>(byte);
@@ -124,6 +141,18 @@ TEST(StatusJson, HoldsTheTotalsOfBothSeries) {
   EXPECT_EQ(status.at("paper_out"), true);
   EXPECT_EQ(status.at("online"), true);
   EXPECT_EQ(status.at("display").size(), 8U);
+  EXPECT_EQ(status.at("faults"), json::array());
+}
+
+TEST(StatusJson, ListsTheFaultsThatWereOrdered) {
+  Bench bench;
+  bench.device.OrderFault("garble");
+  bench.device.OrderFault("late=5x2");
+  bench.Hear("\x05");
+  const json status = json::parse(JsonOf(StatusOf(bench.device)));
+  EXPECT_EQ(status.at("faults"),
+            (json{{{"fault", "garble"}, {"struck", 1}, {"over", true}},
+                  {{"fault", "late=5x2"}, {"struck", 1}, {"over", false}}}));
 }
 
 }  // namespace

@@ -75,7 +75,7 @@ TEST(Switches, RefuseWhatThePrinterCannotDo) {
 
 TEST(Paper, WaitsForTheRollToBeRefilled) {
   Bench bench;
-  bench.device.paper.RunOutAfter(6);
+  bench.device.OrderFault("paper-out@line=6");
   bench.Send("0;1;0;1;0$hfirst\r\r");
   EXPECT_EQ(bench.NewPaper().size(), 6U);
   EXPECT_EQ(bench.Hear(kDleByte), "\x76");
