@@ -26,6 +26,9 @@ constexpr unsigned kForbidden = 403;
 constexpr unsigned kNotFound = 404;
 constexpr unsigned kMethodNotAllowed = 405;
 
+// With which a command can be refused.
+constexpr int kMostError = 9999;
+
 constexpr std::string_view kPage = "page.html";
 constexpr const char* kJson = "application/json";
 
@@ -89,6 +92,26 @@ std::optional<WebResponse> PageFile(std::string_view target) {
   return WebResponse{200, ContentTypeOf(name), std::string(*bytes)};
 }
 
+// Why an order is not carried out, for a program and in English: "error" is a
+// word for it, "text" the English, the rest are its details.
+WebResponse RefuseOrder(unsigned status, std::string_view error,
+                        const std::string& text, json details = {}) {
+  details["error"] = error;
+  details["text"] = text;
+  return {status, kJson, details.dump() + "\n"};
+}
+
+WebResponse RefuseOrder(const NotAFault& failure) {
+  json details = {{"fault", failure.begin}};
+  if (!failure.bounds) {
+    return RefuseOrder(kBadRequest, "not-a-fault", failure.what(), details);
+  }
+  details["least"] = failure.bounds->least;
+  details["most"] = failure.bounds->most;
+  return RefuseOrder(kBadRequest, "fault-out-of-bounds", failure.what(),
+                     details);
+}
+
 struct Order {
   std::string_view name;
   void (*carry_out)(VirtualPrinter& printer, const json& details);
@@ -108,10 +131,11 @@ constexpr std::array kOrders = {
           [](VirtualPrinter& p, const json&) { p.set_mechanism_error(false); }},
     Order{"refuse-next",
           [](VirtualPrinter& p, const json& details) {
-            constexpr int kMost = 9999;
             const json number = details.value("error", json());
-            if (!number.is_number_integer() || number < 1 || number > kMost) {
-              throw std::invalid_argument("the error should be 1 to 9999");
+            if (!number.is_number_integer() || number < 1 ||
+                number > kMostError) {
+              throw std::out_of_range("the error should be 1 to " +
+                                      std::to_string(kMostError));
             }
             p.RefuseNext(number.get<int>());
           }},
@@ -205,7 +229,7 @@ WebResponse Routes::Get(std::string_view target) const {
 
 WebResponse Routes::Obey(const WebRequest& request) const {
   if (!SameSecret(request.token, token_)) {
-    return RefuseRequest(kForbidden, "the token is missing or wrong");
+    return RefuseOrder(kForbidden, "no-token", "the token is missing or wrong");
   }
   try {
     const json details = ParseJson(request.body);
@@ -218,14 +242,21 @@ WebResponse Routes::Obey(const WebRequest& request) const {
         std::find_if(kOrders.begin(), kOrders.end(),
                      [&](const Order& known) { return known.name == name; });
     if (order == kOrders.end()) {
-      return RefuseRequest(kBadRequest, "there is no order \"" + name + "\"");
+      return RefuseOrder(kBadRequest, "unknown-order",
+                         "there is no order \"" + name + "\"",
+                         {{"order", name}});
     }
     order->carry_out(printer_, details);
     return {204};
   } catch (const json::exception&) {
-    return RefuseRequest(kBadRequest, "this is no order");
+    return RefuseOrder(kBadRequest, "no-order", "this is no order");
+  } catch (const NotAFault& failure) {
+    return RefuseOrder(failure);
+  } catch (const std::out_of_range& failure) {
+    return RefuseOrder(kBadRequest, "error-out-of-bounds", failure.what(),
+                       {{"least", 1}, {"most", kMostError}});
   } catch (const std::invalid_argument& failure) {
-    return RefuseRequest(kBadRequest, failure.what());
+    return RefuseOrder(kBadRequest, "no-order", failure.what());
   }
 }
 

@@ -258,9 +258,36 @@ TEST_F(Web, RefusesWhatIsNoOrder) {
         R"({"order": "fault", "fault": 1})"}) {
     EXPECT_EQ(Order(body), 400) << body;
   }
-  EXPECT_THAT(
-      Post(R"({"order": "fault", "fault": "cut@line=1"})", Token()).body,
-      HasSubstr("not a fault: cut@line=1"));
+}
+
+TEST_F(Web, SaysWhyAnOrderIsRefused) {
+  const auto why = [this](const std::string& body) {
+    Response response = Post(body, Token());
+    EXPECT_EQ(response.header["Content-Type"], "application/json");
+    return response.body;
+  };
+  EXPECT_EQ(why("x"), R"({"error":"no-order","text":"this is no order"})"
+                      "\n");
+  EXPECT_EQ(why(R"({"order": "dance"})"),
+            R"({"error":"unknown-order","order":"dance",)"
+            R"("text":"there is no order \"dance\""})"
+            "\n");
+  EXPECT_EQ(why(R"({"order": "refuse-next", "error": 0})"),
+            R"({"error":"error-out-of-bounds","least":1,"most":9999,)"
+            R"("text":"the error should be 1 to 9999"})"
+            "\n");
+  EXPECT_EQ(why(R"({"order": "fault", "fault": "cut@line=1"})"),
+            R"({"error":"not-a-fault","fault":"cut@line=1",)"
+            R"("text":"not a fault: cut@line=1"})"
+            "\n");
+  EXPECT_EQ(why(R"({"order": "fault", "fault": "cutx101%"})"),
+            R"({"error":"fault-out-of-bounds","fault":"cutx101%",)"
+            R"("least":1,"most":100,)"
+            R"("text":"the percentage is 1 to 100: cutx101%"})"
+            "\n");
+  EXPECT_EQ(Post(R"({"order": "paper-out"})", "").body,
+            R"({"error":"no-token","text":"the token is missing or wrong"})"
+            "\n");
 }
 
 TEST_F(Web, RefusesAnOrderThatIsNestedDeeply) {
@@ -270,7 +297,9 @@ TEST_F(Web, RefusesAnOrderThatIsNestedDeeply) {
                             "}";
   const Response response = Post(order, Token());
   EXPECT_EQ(response.status, 400);
-  EXPECT_EQ(response.body, "JSON nested deeper than 32\n");
+  EXPECT_EQ(
+      response.body,
+      "{\"error\":\"no-order\",\"text\":\"JSON nested deeper than 32\"}\n");
 }
 
 TEST_F(Web, TellsTheNewsAsItHappens) {
