@@ -12,8 +12,9 @@ namespace {
 
 using boost::system::error_code;
 
-// A flood of news comes in bundles instead of one by one.
-constexpr std::chrono::milliseconds kPause(30);
+// A flood of news comes in bundles, without what is not kept any more by then:
+// no browser has to keep up with every piece.
+constexpr std::chrono::milliseconds kPause(100);
 // So long a stream is still without news; then a comment finds out whether the
 // browser is there.
 constexpr std::chrono::seconds kStillness(15);

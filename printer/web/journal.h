@@ -20,7 +20,7 @@ namespace quilon::printer {
 class Journal : public Watcher {
  public:
   static constexpr size_t kKeptPrintouts = 200;
-  static constexpr size_t kKeptExchanges = 1000;
+  static constexpr size_t kKeptExchanges = 500;
   // Of the paper that is not cut yet.
   static constexpr size_t kKeptLines = 1000;
 

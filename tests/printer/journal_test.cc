@@ -86,15 +86,17 @@ TEST(Journal, ForgetsTheOldest) {
     journal.OnExchange(Frame("0$e"));
     journal.OnLine("x");
   }
-  // 3000 pieces of news, of which the last 1000 of both kinds are kept.
-  EXPECT_EQ(journal.Since(0).size(), 2000U);
-  EXPECT_EQ(journal.Since(0).front().id, 1001U);
+  // 3000 pieces of news, by turns an exchange and a line: of the exchanges the
+  // last 500 are kept, of the lines the last 1000, from the 1002nd piece on.
+  EXPECT_EQ(journal.Since(0).size(), 1500U);
+  EXPECT_EQ(journal.Since(0).front().id, 1002U);
   for (int i = 1; i <= 250; ++i) {
     journal.OnPrintout(NumberedPrintout(i));
   }
   EXPECT_FALSE(journal.FindPrintout(50).has_value());
   EXPECT_TRUE(journal.FindPrintout(51).has_value());
-  EXPECT_EQ(journal.Since(0).size(), 1200U);
+  // A printout takes the lines away.
+  EXPECT_EQ(journal.Since(0).size(), 700U);
 }
 
 TEST(Journal, ShortensALongFrame) {
