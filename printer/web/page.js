@@ -1,12 +1,15 @@
 // The page of a printer: shows the news as it comes, sends the orders of its buttons.
 
-import { currentLanguage, languageNames, setLanguage, word } from "./language.js";
+import { currentLanguage, languageNames, onLanguage, setLanguage, word } from "./language.js";
 import * as roll from "./roll.js";
 import { setConnected, setStatus, toggleOrder } from "./status.js";
 import * as traffic from "./traffic.js";
 
+// In milliseconds.
+const retryPause = 3000;
 const token = location.hash.slice(1);
-const trouble = document.getElementById("trouble");
+// Why the last order was not carried out, as the program says it; null when it was.
+let refusal = null;
 
 function watch() {
   const source = new EventSource("events");
@@ -21,23 +24,33 @@ function watch() {
   on("exchange", traffic.addExchange);
   on("status", setStatus);
   source.addEventListener("open", () => setConnected(true));
-  source.addEventListener("error", () => setConnected(false));
+  source.addEventListener("error", () => {
+    setConnected(false);
+    // By itself a browser tries again only where nobody answered at all.
+    if (source.readyState === EventSource.CLOSED) {
+      setTimeout(watch, retryPause);
+    }
+  });
+}
+
+function showTrouble() {
+  const trouble = document.getElementById("trouble");
+  trouble.hidden = refusal === null;
+  trouble.textContent = refusal && word("orderFailed")(word("reasons")[refusal.error]?.(refusal) ?? refusal.text);
 }
 
 async function order(name, details = {}) {
-  let reason = "";
   try {
     const response = await fetch("orders", {
       method: "POST",
       headers: { "X-Token": token },
       body: JSON.stringify({ order: name, ...details }),
     });
-    reason = response.ok ? "" : await response.text();
+    refusal = response.ok ? null : await response.json();
   } catch {
-    reason = word("gone");
+    refusal = { error: "no-answer" };
   }
-  trouble.hidden = reason === "";
-  trouble.textContent = reason && word("orderFailed")(reason);
+  showTrouble();
 }
 
 function onSubmit(id, handler) {
@@ -103,6 +116,7 @@ function prepareLooks() {
 
 prepareLooks();
 prepareButtons();
+onLanguage(showTrouble);
 void offerFaults();
 addEventListener("hashchange", () => location.reload());
 watch();

@@ -1,21 +1,20 @@
 // The paper roll: finished printouts, and below them the one that is being printed.
 
+import { oncePerFrame } from "./frame.js";
 import { onLanguage, word } from "./language.js";
 
-const kept = 200;
+const keptPrintouts = 200;
+const keptLines = 1000;
 const roll = document.getElementById("roll");
 const open = document.getElementById("open-sheet");
 const hint = document.getElementById("no-paper-yet");
 
-// The newest paper stays in sight unless the reader has scrolled up.
-function keepingInSight(change) {
-  const atEnd = roll.scrollHeight - roll.scrollTop - roll.clientHeight < 40;
-  change();
-  hint.hidden = !open.hidden || roll.querySelector(".sheet:not(#open-sheet)") !== null;
-  if (atEnd) {
-    roll.scrollTop = roll.scrollHeight;
-  }
-}
+// Newest last.
+let printouts = [];
+// Of the printout that is not finished.
+let lines = [];
+// What is shown of each printout.
+const sheets = new Map();
 
 function download(printout, suffix) {
   const link = document.createElement("a");
@@ -26,59 +25,90 @@ function download(printout, suffix) {
   return link;
 }
 
+// Prints on the reader's own printer what a sheet shows, and nothing else.
+function printButton(sheet) {
+  const button = document.createElement("button");
+  button.type = "button";
+  button.addEventListener("click", () => {
+    sheet.classList.add("chosen");
+    addEventListener("afterprint", () => sheet.classList.remove("chosen"), { once: true });
+    print();
+  });
+  return button;
+}
+
 function translate(sheet) {
   sheet.querySelector("span").textContent = word("kinds")[sheet.dataset.kind];
   sheet.querySelector("[data-format=png]").textContent = word("png");
   sheet.querySelector("[data-format=txt]").textContent = word("text");
+  sheet.querySelector("button").textContent = word("print");
 }
 
-export function addLine(line) {
-  keepingInSight(() => {
-    open.hidden = false;
-    open.querySelector("pre").append(`${line}\n`);
-  });
-}
-
-export function addPrintout(printout) {
+function makeSheet(printout) {
   const sheet = document.createElement("article");
   sheet.className = "sheet";
   sheet.dataset.kind = printout.kind;
   const paper = document.createElement("pre");
   paper.textContent = printout.lines.join("\n");
   const footer = document.createElement("footer");
-  footer.append(document.createElement("span"), download(printout, "png"), download(printout, "txt"));
+  const kind = document.createElement("span");
+  footer.append(kind, download(printout, "png"), download(printout, "txt"), printButton(sheet));
   sheet.append(paper, footer);
   translate(sheet);
-  keepingInSight(() => {
-    open.before(sheet);
-    clearOpenSheet();
-    const sheets = finished();
-    for (const old of sheets.slice(0, Math.max(0, sheets.length - kept))) {
-      old.remove();
+  return sheet;
+}
+
+function showSheets() {
+  const shown = new Set(printouts);
+  for (const [printout, sheet] of sheets) {
+    if (!shown.has(printout)) {
+      sheet.remove();
+      sheets.delete(printout);
     }
-  });
+  }
+  for (const printout of printouts) {
+    if (!sheets.has(printout)) {
+      sheets.set(printout, makeSheet(printout));
+      open.before(sheets.get(printout));
+    }
+  }
+}
+
+// The newest paper stays in sight unless the reader has scrolled up.
+function show() {
+  const atEnd = roll.scrollHeight - roll.scrollTop - roll.clientHeight < 40;
+  showSheets();
+  open.hidden = lines.length === 0;
+  open.querySelector("pre").textContent = lines.map((line) => `${line}\n`).join("");
+  hint.hidden = lines.length + printouts.length > 0;
+  if (atEnd) {
+    roll.scrollTop = roll.scrollHeight;
+  }
+}
+
+const showSoon = oncePerFrame(show);
+
+export function addLine(line) {
+  lines.push(line);
+  lines.splice(0, lines.length - keptLines);
+  showSoon();
+}
+
+export function addPrintout(printout) {
+  printouts.push(printout);
+  printouts.splice(0, printouts.length - keptPrintouts);
+  lines = [];
+  showSoon();
 }
 
 export function tearOff() {
-  keepingInSight(() => {
-    for (const sheet of finished()) {
-      sheet.remove();
-    }
-  });
+  printouts = [];
+  showSoon();
 }
 
 export function clear() {
+  lines = [];
   tearOff();
-  keepingInSight(clearOpenSheet);
 }
 
-function clearOpenSheet() {
-  open.hidden = true;
-  open.querySelector("pre").textContent = "";
-}
-
-function finished() {
-  return [...roll.querySelectorAll(".sheet:not(#open-sheet)")];
-}
-
-onLanguage(() => finished().forEach(translate));
+onLanguage(() => sheets.forEach(translate));

@@ -1,12 +1,14 @@
 // The printer's lamps, customer display and totals.
 
+import { oncePerFrame } from "./frame.js";
 import { onLanguage, word } from "./language.js";
 
 const rateLetters = "ABCDEFG";
 
 // As the program told it last; null before.
 let status = null;
-let connected = false;
+// Whether the news comes; null before that is known.
+let connected = null;
 
 export function amountText(grosze) {
   const digits = `${Math.abs(grosze)}`.padStart(3, "0");
@@ -15,13 +17,20 @@ export function amountText(grosze) {
 
 function lamp(name, text, state) {
   const element = document.getElementById(`lamp-${name}`);
-  element.textContent = text;
+  // A screen reader tells what is set.
+  if (element.textContent !== text) {
+    element.textContent = text;
+  }
   element.dataset.state = state;
 }
 
 function showLamps() {
   lamp("program", word(connected ? "connected" : "gone"), connected ? "good" : "bad");
-  if (!status) {
+  document.getElementById("lost").hidden = connected !== false;
+  if (!connected || !status) {
+    for (const [name, text] of Object.entries(word("unknown"))) {
+      lamp(name, text, "unknown");
+    }
     return;
   }
   lamp("online", word(status.online ? "online" : "offline"), status.online ? "good" : "bad");
@@ -65,6 +74,20 @@ function showTotals() {
   document.getElementById("counts").textContent = word("counts")(status);
 }
 
+// Which faults were ordered, and how often each happened.
+function showFaults() {
+  document.getElementById("armed").hidden = status.faults.length === 0;
+  document.querySelector("#armed ul").replaceChildren(
+    ...status.faults.map(({ fault, struck, over }) => {
+      const item = document.createElement("li");
+      const name = document.createElement("code");
+      name.textContent = fault;
+      item.append(name, ` – ${word("times")(struck)}${over ? `, ${word("over")}` : ""}`);
+      return item;
+    }),
+  );
+}
+
 // The button shows what pressing it does; pressed means that the printer is in trouble by it.
 function showToggle(id, pressed, words) {
   const button = document.getElementById(id);
@@ -81,17 +104,20 @@ function show() {
     document.documentElement.dataset.paper = status.paper_out ? "out" : "in";
     showDisplay();
     showTotals();
+    showFaults();
   }
 }
 
+const showSoon = oncePerFrame(show);
+
 export function setStatus(told) {
   status = told;
-  show();
+  showSoon();
 }
 
 export function setConnected(now) {
   connected = now;
-  showLamps();
+  showSoon();
 }
 
 // The order that changes what a toggle stands for.

@@ -1,6 +1,7 @@
 // The traffic: what came from clients and what the printer answered, newest on top.
 
-import { commandName, onLanguage, word } from "./language.js";
+import { oncePerFrame } from "./frame.js";
+import { commandName, currentLanguage, onLanguage, word } from "./language.js";
 
 const kept = 500;
 const table = document.getElementById("exchanges");
@@ -13,10 +14,16 @@ const pause = document.getElementById("pause");
 let exchanges = [];
 // What they were when the pause began; null without one.
 let frozen = null;
-let waiting = false;
 
 function isTrouble(exchange) {
-  return Boolean(exchange.error) || exchange.checksum === "wrong";
+  const { kind, error, checksum, faults } = exchange;
+  return Boolean(error) || Boolean(faults) || checksum === "wrong" || kind === "lost";
+}
+
+// The error's number, and what it means where the printer says so.
+function refusal({ error, reason }) {
+  const meaning = reason?.[currentLanguage()] ?? reason?.en;
+  return error ? [word("refused")(error), meaning].filter(Boolean).join(" – ") : "";
 }
 
 // The names of the bits that are set in a status byte, given in hexadecimal.
@@ -36,21 +43,30 @@ function clockText(time) {
 // What each column shows.
 function texts(exchange) {
   const { kind, mnemonic, parameters, fields, answer } = exchange;
-  const columns = { time: clockText(exchange.time), client: word("client")(exchange.client), mnemonic: mnemonic ?? "", answer };
+  const columns = {
+    time: clockText(exchange.time),
+    client: word("client")(exchange.client),
+    mnemonic: mnemonic ?? "",
+    answer,
+    name: "",
+    content: "",
+    checksum: "",
+    note: refusal(exchange),
+    faults: exchange.faults ? word("struck")(exchange.faults.join(", ")) : "",
+  };
   if (kind === "frame") {
     return {
       ...columns,
       name: commandName(exchange),
       content: [parameters.join(";"), fields].filter(Boolean).join("; "),
       checksum: word(exchange.checksum),
-      note: exchange.error ? word("refused")(exchange.error) : "",
     };
   }
-  if (kind === "overflow") {
-    return { ...columns, name: word("overflow"), content: "", checksum: "", note: word("refused")(exchange.error) };
+  if (kind !== "control") {
+    return { ...columns, name: word(kind) };
   }
   const names = { DLE: word("dle"), ENQ: word("enq") }[mnemonic];
-  return { ...columns, name: "", content: "", checksum: "", note: names ? bits(answer, names) : "" };
+  return { ...columns, note: names ? bits(answer, names) : "" };
 }
 
 function cell(row, ...parts) {
@@ -70,16 +86,21 @@ function show(exchange, shown) {
   row.className = isTrouble(exchange) ? "bad" : "";
   cell(row, [shown.time, "first"], [shown.client, "name"]);
   cell(row, [shown.mnemonic, "wire"], [shown.name, "name"], [shown.content, "wire content"]);
-  const noteStyle = isTrouble(exchange) ? "wrong" : "name";
-  cell(row, [shown.checksum, `checksum ${exchange.checksum}`], [shown.answer, "wire"], [shown.note, noteStyle]);
+  const noteStyle = exchange.error ? "wrong" : "name";
+  cell(
+    row,
+    [shown.checksum, `checksum ${exchange.checksum}`],
+    [shown.answer, "wire"],
+    [shown.note, noteStyle],
+    [shown.faults, "wrong fault"],
+  );
 }
 
 function render() {
-  waiting = false;
   const wanted = filter.value.toLocaleLowerCase();
   table.replaceChildren();
   for (const exchange of (frozen ?? exchanges).slice().reverse()) {
-    if ((hideStatus.checked && exchange.kind === "control") || (onlyTrouble.checked && !isTrouble(exchange))) {
+    if (!isTrouble(exchange) && (onlyTrouble.checked || (hideStatus.checked && exchange.kind === "control"))) {
       continue;
     }
     const shown = texts(exchange);
@@ -89,13 +110,7 @@ function render() {
   }
 }
 
-// However many exchanges come, the table is made once for what the eye can see.
-function renderSoon() {
-  if (!waiting) {
-    waiting = true;
-    requestAnimationFrame(render);
-  }
-}
+const renderSoon = oncePerFrame(render);
 
 export function addExchange(exchange) {
   exchanges.push(exchange);

@@ -4,6 +4,10 @@
  * and the printer's status as the driver saw it last.
  *
  *     open PORT     header     line NAME     end     display TEXT     quit
+ *     sell COUNT
+ *
+ * The last one prints so many receipts as fast as the printer takes them, and
+ * returns when it has.
  */
 #include <stdio.h>
 #include <stdlib.h>
@@ -26,6 +30,18 @@ static int32_t Command(int32_t code, void* data) {
   return quil_ioctrl(code, data, NULL, QUIL_CHECK_STATUS);
 }
 
+static int32_t Sell(uint32_t count) {
+  snprintf(line.name, sizeof line.name, "Chleb");
+  end.total = line.value;
+  for (uint32_t sold = 0; sold < count; ++sold) {
+    quil_ioctrl(QUIL_DOCUMENT_HEADER, &header, NULL, 0);
+    quil_ioctrl(QUIL_DOCUMENT_LINE, &line, NULL, 0);
+    quil_ioctrl(QUIL_DOCUMENT_END, &end, NULL, 0);
+  }
+  snprintf(display.text, sizeof display.text, "%u", (unsigned)count);
+  return Command(QUIL_DISPLAY, &display);
+}
+
 static int32_t TakeStep(const char* step) {
   if (strncmp(step, "open ", 5) == 0) {
     const int32_t opened =
@@ -45,6 +61,9 @@ static int32_t TakeStep(const char* step) {
   }
   if (strcmp(step, "end") == 0) {
     return Command(QUIL_DOCUMENT_END, &end);
+  }
+  if (strncmp(step, "sell ", 5) == 0) {
+    return Sell((uint32_t)strtoul(step + 5, NULL, 10));
   }
   if (strncmp(step, "display ", 8) == 0) {
     snprintf(display.text, sizeof display.text, "%s", step + 8);

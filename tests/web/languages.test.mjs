@@ -41,6 +41,15 @@ test("no language lacks a word, and none has one too many", () => {
   }
 });
 
+test("every language knows why an order is refused", async () => {
+  const routes = await readFile(new URL("routes.cc", web), "utf8");
+  const reasons = [...routes.matchAll(/RefuseOrder\(\s*\w+,\s*"([a-z-]+)"/g)].map(([, reason]) => reason);
+  assert.ok(reasons.length > 5);
+  for (const { words } of languages) {
+    assert.deepEqual(reasons.filter((reason) => !words.reasons[reason]), []);
+  }
+});
+
 test("no word is empty", () => {
   const check = (value, name) => {
     assert.notEqual(value, "", name);
@@ -60,6 +69,6 @@ test("the page asks for no other words, and for all of them", async () => {
   assert.ok(asked.length > 30);
   assert.deepEqual(asked.filter((name) => !words.has(name)), []);
   // Some are chosen by the script: word(open ? "documentOpen" : "documentClosed"), word(exchange.checksum).
-  const computed = ["right", "wrong", "missing"];
+  const computed = ["right", "wrong", "missing", "overflow", "lost"];
   assert.deepEqual([...words].filter((name) => !page.includes(`"${name}"`) && !computed.includes(name)), []);
 });

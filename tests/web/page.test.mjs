@@ -2,57 +2,23 @@
 
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
-import { request } from "node:http";
 import { connect } from "node:net";
-import { after, before, test } from "node:test";
+import { test } from "node:test";
 
-import { Cashier, Printer, printDemoReceipt, startBrowser } from "./processes.mjs";
+import {
+  cashier, forgive, openPage, order, page, patience, post, printer, restartPrinter, sell, waitForLamp, withPrinter,
+} from "./bench.mjs";
+import { printDemoReceipt } from "./processes.mjs";
 
 // Letters stand in place of its dates and times.
 const demoReceipt = (await readFile(new URL("../golden/demo_receipt.txt", import.meta.url), "utf8")).trimEnd().split("\n");
-const patience = { timeout: 20_000 };
-
-let browser;
-let printer;
-let page;
-let cashier;
-// What must not happen: messages on the console, requests to anybody but the printer.
-let complaints;
-
-async function openPage(url) {
-  const opened = await browser.newPage();
-  opened.on("console", (message) => complaints.push(`console: ${message.text()}`));
-  opened.on("pageerror", (error) => complaints.push(`error: ${error}`));
-  opened.on("dialog", (dialog) => {
-    complaints.push(`dialog: ${dialog.message()}`);
-    dialog.dismiss();
-  });
-  opened.on("request", (asked) => {
-    if (new URL(asked.url()).host !== new URL(url).host) {
-      complaints.push(`request: ${asked.url()}`);
-    }
-  });
-  await opened.goto(url);
-  await opened.locator("#lamp-program[data-state=good]").waitFor(patience);
-  return opened;
-}
 
 async function paperTexts() {
   return page.locator(".sheet:not(#open-sheet) pre").allTextContents();
 }
 
-async function waitForLamp(name, text) {
-  await page.locator(`#lamp-${name}`, { hasText: new RegExp(`^${text}$`) }).waitFor(patience);
-}
-
 async function press(name) {
   await page.getByRole("button", { name, exact: true }).click();
-}
-
-async function sell(name) {
-  for (const step of ["header", `line ${name}`, "end"]) {
-    assert.equal((await cashier.take(step)).result, 0, step);
-  }
 }
 
 // Sends bytes to the printer as a client of its own.
@@ -64,43 +30,6 @@ function sendBytes(bytes) {
     socket.end(bytes);
     socket.resume();
   });
-}
-
-// Sends a request that a browser would not; resolves to its status.
-function post(headers, body) {
-  return new Promise((resolve, reject) => {
-    const { hostname, port } = new URL(printer.url);
-    const asked = request({ hostname, port, path: "/orders", method: "POST", headers }, (response) => {
-      response.resume();
-      resolve(response.statusCode);
-    });
-    asked.on("error", reject);
-    asked.end(body);
-  });
-}
-
-before(async () => {
-  browser = await startBrowser();
-});
-
-after(async () => {
-  await browser?.stop();
-});
-
-async function withPrinter(body) {
-  complaints = [];
-  printer = await Printer.start();
-  cashier = Cashier.start();
-  try {
-    assert.equal((await cashier.take(`open ${printer.port}`)).result, 1);
-    page = await openPage(printer.url);
-    await body();
-    assert.deepEqual(complaints, []);
-  } finally {
-    await page?.close();
-    await cashier.stop();
-    await printer.stop();
-  }
 }
 
 test("the demo receipt appears without a reload", () => withPrinter(async () => {
@@ -193,7 +122,69 @@ test("a fault is ordered by its text, and a wrong one is refused", () => withPri
   await waitForLamp("paper", "paper");
   assert.equal(await page.locator("#trouble").isVisible(), false);
   // The browser says on its console that an order was refused.
-  complaints = complaints.filter((complaint) => !complaint.includes("status of 400"));
+  forgive("status of 400");
+}));
+
+test("why an order is refused is said in the page's language", () => withPrinter(async () => {
+  await page.locator("#fault-text").fill("late=86400001");
+  await page.locator("#fault-text").press("Enter");
+  const trouble = page.locator("#trouble");
+  await trouble.filter({ hasText: "Not done: a number should be 0 to 86400000: late=86400001" }).waitFor(patience);
+  await page.locator("#language").selectOption("pl");
+  await trouble.filter({ hasText: "liczba powinna wynosić od 0 do 86400000: late=86400001" }).waitFor(patience);
+  await page.locator("#fault-text").fill("nonsense");
+  await page.locator("#fault-text").press("Enter");
+  await trouble.filter({ hasText: "to nie jest usterka: nonsense" }).waitFor(patience);
+  // The answer to another program of the same printer.
+  const { status, body } = await order("dance");
+  assert.equal(status, 400);
+  assert.deepEqual(JSON.parse(body), { error: "unknown-order", order: "dance", text: 'there is no order "dance"' });
+  await page.locator("#language").selectOption("en");
+  forgive("status of 400");
+}));
+
+test("faults are listed with how often they struck, and marked where they did", () => withPrinter(async () => {
+  assert.equal(await page.locator("#armed").isVisible(), false);
+  for (const fault of ["garble@answer=1000x*", "refuse=1086@frame=2"]) {
+    await order("fault", { fault });
+  }
+  const armed = page.locator("#armed li");
+  await armed.filter({ hasText: /^refuse=1086@frame=2 – struck 0×$/ }).waitFor(patience);
+  await armed.filter({ hasText: /^garble@answer=1000x\* – struck 0×$/ }).waitFor(patience);
+  assert.equal((await cashier.take("header")).result, 0);
+  assert.notEqual((await cashier.take("line Masło")).result, 0);
+  await armed.filter({ hasText: /^refuse=1086@frame=2 – struck 1×, over$/ }).waitFor(patience);
+  const row = page.locator("#exchanges tr.bad", { hasText: "refused: 1086" });
+  await row.filter({ hasText: "^l" }).filter({ hasText: "fault: refuse=1086@frame=2" }).waitFor(patience);
+
+  // What is struck on the way leaves a row, too, although nothing came.
+  await order("fault", { fault: "cut@byte=1" });
+  await sendBytes("\x10");
+  await page.locator("#exchanges tr.bad", { hasText: "lost by a fault" }).filter({ hasText: "cut@byte=1" }).waitFor(patience);
+  // A late answer to a control byte is shown although control bytes are hidden.
+  await order("fault", { fault: "late=1" });
+  await sendBytes("\x10");
+  await page.locator("#exchanges tr.bad", { hasText: "DLE" }).filter({ hasText: "late=1" }).waitFor(patience);
+  await press("Clear faults");
+  await page.locator("#armed").waitFor({ state: "hidden", ...patience });
+}));
+
+test("what a refusal means is told in the page's language, where the printer says it", () => withPrinter(async () => {
+  await page.evaluate(async () => {
+    const { addExchange } = await import(new URL("traffic.js", location.href).href);
+    const refused = {
+      number: 1, time: "2024-01-31T12:05:00.000Z", client: 1, kind: "frame", mnemonic: "^l", parameters: [], fields: "",
+      checksum: "right", answer: "", error: 17,
+    };
+    addExchange({ ...refused, reason: { en: "no name", pl: "brak nazwy" } });
+    addExchange({ ...refused, error: 18 });
+  });
+  const notes = page.locator("#exchanges .wrong");
+  await notes.nth(1).waitFor(patience);
+  assert.deepEqual(await notes.allTextContents(), ["refused: 18", "refused: 17 – no name"]);
+  await page.locator("#language").selectOption("pl");
+  await notes.filter({ hasText: "odrzucono: 17 – brak nazwy" }).waitFor(patience);
+  await page.locator("#language").selectOption("en");
 }));
 
 test("tearing off takes away what is finished", () => withPrinter(async () => {
@@ -278,7 +269,7 @@ test("the traffic is decoded, newest on top, and filtered", () => withPrinter(as
   await page.getByRole("searchbox").fill("masło");
   await page.waitForFunction(() => document.querySelectorAll("#exchanges tr").length === 1);
   await page.getByRole("searchbox").fill("");
-  await page.getByLabel("only refused or wrong").check();
+  await page.getByLabel("only refused, wrong, faulty").check();
   await page.waitForFunction(() => document.querySelectorAll("#exchanges tr").length === 0);
   assert.notEqual((await cashier.take("end")).result, 0);
   // 29: it belongs into a document and none is open.
@@ -308,11 +299,11 @@ test("nobody changes anything without the token", () => withPrinter(async () => 
   }
   await stranger.close();
   const token = printer.url.split("#")[1];
-  const order = JSON.stringify({ order: "paper-out" });
-  assert.equal(await post({}, order), 403);
-  assert.equal(await post({ "X-Token": "0".repeat(32) }, order), 403);
-  assert.equal(await post({ "X-Token": token, Host: "printer.example" }, order), 403);
-  assert.equal(await post({ "X-Token": token }, order), 204);
+  const status = async (headers) => (await post(headers, { order: "paper-out" })).status;
+  assert.equal(await status({}), 403);
+  assert.equal(await status({ "X-Token": "0".repeat(32) }), 403);
+  assert.equal(await status({ "X-Token": token, Host: "printer.example" }), 403);
+  assert.equal(await status({ "X-Token": token }), 204);
   await waitForLamp("paper", "out of paper");
 }));
 
@@ -337,8 +328,51 @@ test("the page outlives the program and goes on with its next run", () => withPr
   await page.locator(".sheet:not(#open-sheet)").waitFor(patience);
   await printer.stop();
   await waitForLamp("program", "not running");
-  printer = await Printer.start(new URL(printer.url).host);
+  await page.getByRole("alert").filter({ hasText: "The connection to the printer is lost." }).waitFor(patience);
+  await waitForLamp("paper", "paper unknown");
+  assert.equal(await page.locator(".lamp[data-state=good]").count(), 0);
+  assert.equal(await page.locator(".lamp[data-state=unknown]").count(), 5);
+  await restartPrinter();
   await waitForLamp("program", "connected");
+  await waitForLamp("paper", "paper");
+  assert.equal(await page.locator("#lost").isVisible(), false);
   await page.locator(".sheet:not(#open-sheet)").waitFor({ state: "detached", ...patience });
-  complaints = complaints.filter((complaint) => !complaint.includes("net::ERR_"));
+  forgive("net::ERR_");
+}));
+
+test("an answer that is no stream of news does not end the page's patience", () => withPrinter(async () => {
+  // Chromium gives up a stream for good when anything else than one answers.
+  await page.route("**/events", (route) => route.fulfill({ status: 503 }), { times: 1 });
+  await page.reload();
+  await waitForLamp("program", "not running");
+  await waitForLamp("program", "connected");
+  forgive("status of 503");
+}));
+
+test("what comes at once is shown at once, and only the newest of it", () => withPrinter(async () => {
+  const counts = await page.evaluate(async () => {
+    const { addLine, addPrintout } = await import(new URL("roll.js", location.href).href);
+    const shown = () => document.querySelectorAll(".sheet:not(#open-sheet)").length;
+    for (let number = 1; number <= 300; ++number) {
+      addLine(`Paragon ${number}`);
+      addPrintout({ number, fiscal_number: number, kind: "receipt", lines: [`Paragon ${number}`] });
+    }
+    const atOnce = shown();
+    await new Promise(requestAnimationFrame);
+    return [atOnce, shown()];
+  });
+  assert.deepEqual(counts, [0, 200]);
+  const papers = await paperTexts();
+  assert.deepEqual([papers.at(0), papers.at(-1)], ["Paragon 101", "Paragon 300"]);
+}));
+
+test("after a flood of receipts the page is soon current", (context) => withPrinter(async () => {
+  const receipts = 3000;
+  assert.equal((await cashier.take(`sell ${receipts}`)).result, 0);
+  const start = Date.now();
+  // A second is what a person would wait. The machine may be busy with other tests.
+  await page.locator(".sheet pre", { hasText: `Paragon ${receipts} ` }).waitFor({ timeout: 5000 });
+  context.diagnostic(`${Date.now() - start} ms after the flood's end`);
+  assert.equal(await page.locator(".sheet:not(#open-sheet)").count(), 200);
+  assert.ok((await page.locator("#exchanges tr").count()) <= 500);
 }));
