@@ -178,6 +178,19 @@ class Program(unittest.TestCase):
             {"number": 5, "kind": "control", "client": 2, "mnemonic": "ENQ", "answer": "6a"},
         ])
 
+    def test_logs_where_faults_struck(self):
+        path = self.folder / "traffic.jsonl"
+        # HEADER has 18 bytes, and an ENQ follows it: the byte that is lost is the next client's first one.
+        printer = self.start("--log", path, "--fault", "refuse=1086", "--fault", "late=1", "--fault", "cut@byte=20")
+        port = printer.port()
+        self.assertEqual(self.send(port, HEADER), b"\x69")
+        self.assertEqual(self.send(port, b""), b"")
+        entries = [json.loads(line) for line in path.read_text(encoding="utf-8").splitlines()]
+        self.assertEqual(
+            [(entry["kind"], entry["faults"]) for entry in entries],
+            [("frame", ["refuse=1086"]), ("control", ["late=1"]), ("lost", ["cut@byte=20"])],
+        )
+
     def test_remembers_its_state(self):
         path = self.folder / "state.json"
         for receipts in (1, 2):

@@ -160,7 +160,8 @@ test("faults are listed with how often they struck, and marked where they did", 
   // What is struck on the way leaves a row, too, although nothing came.
   await order("fault", { fault: "cut@byte=1" });
   await sendBytes("\x10");
-  await page.locator("#exchanges tr.bad", { hasText: "lost by a fault" }).filter({ hasText: "cut@byte=1" }).waitFor(patience);
+  const lost = page.locator("#exchanges tr.bad", { hasText: "lost by a fault" });
+  await lost.filter({ hasText: "cut@byte=1" }).waitFor(patience);
   // A late answer to a control byte is shown although control bytes are hidden.
   await order("fault", { fault: "late=1" });
   await sendBytes("\x10");

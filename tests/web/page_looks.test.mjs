@@ -1,4 +1,4 @@
-// How the page looks and can be used, in Chromium: contrast, what a screen reader and a keyboard need, scrolling, paper.
+// How the page looks and can be used, in Chromium: contrast, what screen readers and keyboards need, scrolling, paper.
 
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
@@ -36,7 +36,7 @@ async function violations(tab) {
   });
 }
 
-test("nothing keeps a reader out, in either language and colours, with the printer and without", () => withPrinter(async () => {
+test("nothing keeps a reader out, with the printer and without", () => withPrinter(async () => {
   await fillPage();
   const judge = async (state) => {
     for (const language of ["pl", "en"]) {
