@@ -40,7 +40,8 @@ void CheckState(const Device& device, const CommandRow& row) {
                       ? Rule::kNoTransaction
                       : Rule::kNoDocument);
   }
-  if (inside) {
+  // Anybody may give it up: its client may have come back over a second line.
+  if (inside && row.when != When::kCancelling) {
     CheckClient(device);
   }
   if (row.when == When::kInSlip && !device.slip_open && !device.slip_attached) {

@@ -144,8 +144,8 @@ inline constexpr RuleRow kRuleTable[] = {
     {Rule::kMechanism, 1086, kAlwaysKept, "the mechanism reports an error",
      "mechanizm zgłasza błąd"},
     {Rule::kUnsavedState, 1014, kAlwaysKept,
-     "the state file cannot be written any more; the command itself was obeyed",
-     "pliku stanu nie można już zapisać; sam rozkaz wykonano"},
+     "the command was obeyed, but the state file cannot be written any more",
+     "rozkaz wykonano, ale pliku stanu nie można już zapisać"},
 
     {Rule::kNoSuchTime, 5, kAlwaysKept,
      "the clock is set to a time that does not exist, or outside 2000 to 2099",

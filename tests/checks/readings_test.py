@@ -75,12 +75,22 @@ class ReadingsTest(unittest.TestCase):
                 self.assertRegex(entry[language], r"^[^.?]*(\d[.]\d[^.?]*)?[?]?$")
                 self.assertTrue(entry[language].strip("?"))
 
-    def test_refusals_are_those_that_the_printer_is_described_with(self):
+    def test_the_printer_is_described_with_every_number_and_its_rules(self):
         readme = (ROOT / "printer/README.md").read_text(encoding="utf-8")
-        table = readme.partition("| number | a command is refused with it when |\n|---|---|\n")[2].partition("\n\n")[0]
-        described = {int(number) for row in table.splitlines() for number in re.findall(r"\d+", row.split("|")[1])}
-        heard = json.loads(READINGS.read_text(encoding="utf-8"))
-        self.assertEqual({row["error"] for row in heard["refusals"]}, described)
+        head = "| number | the driver says | a command is refused with it when |\n|---|---|---|\n"
+        table = readme.partition(head)[2].partition("\n\n")[0]
+        described = [[cell.strip() for cell in row.split("|")[1:-1]] for row in table.splitlines()]
+        errors = json.loads((ROOT / "docs/records.json").read_text(encoding="utf-8"))["errors"]
+        self.assertEqual([row[:2] for row in described],
+                         [[str(error["number"]), " ".join(error["text"].split())] for error in errors])
+        rules = {}
+        for row in json.loads(READINGS.read_text(encoding="utf-8"))["refusals"]:
+            rules.setdefault(row["error"], []).append(("strict: " if row.get("strict") else "") + row["en"])
+        for number, _, when in described:
+            if not when.startswith("only by order: "):
+                self.assertEqual(when.split("; "), rules.pop(int(number)))
+        self.assertEqual(rules, {})
+        self.assertIn(f"{sum(not row[2].startswith('only by order') for row in described)} are raised by rules", readme)
 
     def test_every_code_says_what_it_is_for(self):
         interface = headers.describe_interface(ROOT / "include")

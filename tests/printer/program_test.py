@@ -170,11 +170,13 @@ class Program(unittest.TestCase):
             {**frame, "number": 1, "parameters": ["0", "0", "0", "1", "0"], "mnemonic": "$h", "fields": "↵",
              "checksum": "right", "error": 0},
             {**frame, "number": 2, "parameters": ["1", "0", "0"], "mnemonic": "^l", "fields": "Chleb↵2↵A/4.50/9/00",
-             "checksum": "wrong", "error": 2},
+             "checksum": "wrong", "error": 2,
+             "reason": {"en": "its checksum is wrong or missing", "pl": "suma kontrolna jest błędna lub jej brak"}},
             # Document open, not the last command OK
             {"number": 3, "kind": "control", "client": 1, "mnemonic": "ENQ", "answer": "6a"},
             {**frame, "number": 4, "client": 2, "parameters": ["7"], "mnemonic": "", "fields": "$Q",
-             "checksum": "right", "error": 1022},
+             "checksum": "right", "error": 1022,
+             "reason": {"en": "its mnemonic is unknown", "pl": "mnemonik jest nieznany"}},
             {"number": 5, "kind": "control", "client": 2, "mnemonic": "ENQ", "answer": "6a"},
         ])
 

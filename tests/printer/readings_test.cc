@@ -5,8 +5,10 @@
 #include <nlohmann/json.hpp>
 #include <set>
 #include <string>
+#include <tuple>
 
 #include "printer/commands/command_table.h"
+#include "printer/protocol/rule_table.h"
 #include "printer/watch/embedded.h"
 
 namespace quilon::printer {
@@ -63,6 +65,23 @@ TEST(Readings, AreInBothLanguages) {
     EXPECT_FALSE(reading.at("en").get<std::string>().empty()) << command;
     EXPECT_FALSE(reading.at("pl").get<std::string>().empty()) << command;
   }
+}
+
+using RuleWords = std::tuple<int, bool, std::string, std::string>;
+
+TEST(Readings, TellTheRulesAsThePrinterDoes) {
+  std::multiset<RuleWords> rules;
+  for (const RuleRow& row : kRuleTable) {
+    rules.emplace(row.error, row.strict, row.english, row.polish);
+  }
+  std::multiset<RuleWords> told;
+  const json data = json::parse(EmbeddedFile("readings.json").value());
+  for (const json& row : data.at("refusals")) {
+    told.emplace(row.at("error").get<int>(), row.value("strict", false),
+                 row.at("en").get<std::string>(),
+                 row.at("pl").get<std::string>());
+  }
+  EXPECT_EQ(told, rules);
 }
 
 }  // namespace

@@ -167,7 +167,7 @@ TEST(Refusals, KeepClientsOutOfEachOthersDocuments) {
     others_error = outcome.error;
   });
   EXPECT_EQ(bench.Verdict(kHeader), 0);
-  for (const char* command : {kLine, "6$d5/1\r\r", kClose, "0$e"}) {
+  for (const char* command : {kLine, "6$d5/1\r\r", kClose}) {
     other.Receive(Framed(command));
     EXPECT_EQ(others_error, 1054) << command;
   }
@@ -179,6 +179,11 @@ TEST(Refusals, KeepClientsOutOfEachOthersDocuments) {
   other.Receive(Framed(kClose));
   EXPECT_EQ(others_error, 0);
   EXPECT_EQ(bench.device.books.receipts[0], 900);
+
+  EXPECT_EQ(bench.Verdict(kHeader), 0);
+  other.Receive(Framed("0$e"));
+  EXPECT_EQ(others_error, 0);
+  EXPECT_FALSE(bench.device.document);
 }
 
 TEST(TaxNumber, HasTenDigitsOfWhichTheLastChecksTheOthers) {

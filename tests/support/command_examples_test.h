@@ -11,6 +11,7 @@
 
 #include "printer/virtual_printer.h"
 #include "quilon/quilon.h"
+#include "tests/printer/bench.h"
 #include "tests/support/bitmap.h"
 
 namespace quilon::testing {
@@ -37,7 +38,8 @@ class CommandExamplesTest : public ::testing::Test {
     std::ofstream(name, std::ios::binary) << bytes;
   }
 
-  printer::VirtualPrinter printer_;
+  // The examples take it to be 2024-01-31 12:05.
+  printer::VirtualPrinter printer_{{.clock = printer::BenchTime}};
 };
 
 }  // namespace quilon::testing

@@ -64,7 +64,9 @@ bool PrintWhole(int32_t mode) {
 
 bool PrintBuyersWhole() {
   auto document = std::make_unique<WholeBuyerDocument>();
-  document->header.document_number = 1;
+  static int32_t number = 0;
+  document->header.document_number = ++number;  // used once in a printer's life
+  Fill("Piekarnia", document->header.buyer_text2);
   document->line_count = 2;
   document->lines[0] = document->lines[1] = Line();
   document->end.total = kSampleTotal;

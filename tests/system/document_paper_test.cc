@@ -46,9 +46,9 @@ class DocumentPaperTest : public ::testing::Test {
     Fill("Kasa 1", header.final_text);
     Accepted(QUIL_DOCUMENT_HEADER, &header, QUIL_COMPARE_TOTALS);
   }
-  static void OpenForBuyer() {
+  static void OpenForBuyer(int32_t number) {
     BuyerHeader header = {};
-    header.document_number = 17;
+    header.document_number = number;
     Fill("526-10-40-828", header.buyer_text1);
     Fill("Sklep Łąka", header.buyer_text2);
     Accepted(QUIL_BUYER_HEADER, &header, QUIL_COMPARE_TOTALS);
@@ -174,7 +174,7 @@ TEST_F(DocumentPaperTest, SettlementsByY) {
 TEST_F(DocumentPaperTest, BuyersDocuments) {
   int64_t booked = 0;
   for (int mode = 0; mode < 5; ++mode) {
-    OpenForBuyer();
+    OpenForBuyer(17 + mode);
     Sell();
     BuyerEnd end = {};
     end.comparison_mode = mode;
@@ -184,12 +184,12 @@ TEST_F(DocumentPaperTest, BuyersDocuments) {
     Accepted(QUIL_BUYER_END, &end);
     booked += kAdjustedTotals[mode];
   }
-  OpenForBuyer();
+  OpenForBuyer(22);
   Sell();
   DocumentEnd plain_end = {};
   plain_end.total = 1800;
   Accepted(QUIL_BUYER_PLAIN_END, &plain_end);
-  OpenForBuyer();
+  OpenForBuyer(23);
   Sell();
   DollarX x = {};
   x.comparison_mode = 3;
@@ -228,6 +228,7 @@ TEST_F(DocumentPaperTest, WholeBuyersDocuments) {
   document->lines[0] = Line("Masło", "B", 2, 890);
   document->end.total = 1780;
   Accepted(QUIL_WHOLE_BUYER_DOCUMENT, document.get());
+  document->header.document_number = 19;
   document->mode = 1;
   document->plain_end.total = 1780;
   Accepted(QUIL_WHOLE_BUYER_DOCUMENT, document.get());

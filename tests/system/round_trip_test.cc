@@ -154,10 +154,10 @@ TEST_F(RoundTripTest, ClockIsSetAndTold) {
   SixNumbers clock = {};
   Ask(QUIL_SEND_CLOCK, nullptr, QUIL_READ_CLOCK, &clock);
   EXPECT_EQ(All(clock.numbers), (Numbers{2024, 1, 31, 12, 5, 6}));
-  DollarC set = {.numbers = {25, 2, 28, 23, 59, 58}};
+  DollarC set = {.numbers = {24, 1, 31, 13, 59, 58}};
   Send(QUIL_DOLLAR_C, &set);
   Ask(QUIL_SEND_CLOCK, nullptr, QUIL_READ_CLOCK, &clock);
-  EXPECT_EQ(All(clock.numbers), (Numbers{2025, 2, 28, 23, 59, 58}));
+  EXPECT_EQ(All(clock.numbers), (Numbers{2024, 1, 31, 13, 59, 58}));
 }
 
 TEST_F(RoundTripTest, InformationBlocksOfTexts) {
@@ -291,18 +291,14 @@ TEST_F(RoundTripTest, SettingsAreReadBack) {
 }
 
 TEST_F(RoundTripTest, SettingsThatTheAnswersDoNotTellAreAccepted) {
-  DollarP rates = {.number = 1, .values = {1, 2, 3, 4, 5, 6, 7}};
+  DollarP rates = {.number = 7, .values = {1, 2, 3, 4, 5, 6, 7}};
   Send(QUIL_DOLLAR_P, &rates);
   DollarCapitalP more = {.fields = rates, .parameters = {1, 2, 3, 4, 5, 6, 7}};
   Send(QUIL_DOLLAR_CAPITAL_P, &more);
   NumberAndText number_and_text = {.number = 1};
   Send(QUIL_CARET_C, &number_and_text);
-  SingleText text = {};
+  SingleText text = {"Sklep Ewa"};
   Send(QUIL_DOLLAR_Z, &text);
-  TwoTexts dates = {};
-  Send(QUIL_DOLLAR_O_10, &dates);
-  TwoNumbers range = {{1, 2}};
-  Send(QUIL_DOLLAR_O_11, &range);
   SevenTexts seven = {};
   Send(QUIL_CARET_B_1, &seven);
   NumberAndSevenTexts numbered = {};
@@ -319,6 +315,12 @@ TEST_F(RoundTripTest, SettingsThatTheAnswersDoNotTellAreAccepted) {
 
 TEST_F(RoundTripTest, ReportsAreTold) {
   SellFor(2450);
+  HashR daily = {};
+  Send(QUIL_HASH_R, &daily);
+  TwoTexts dates = {{"2024-01-01", "2024-01-31"}};
+  Send(QUIL_DOLLAR_O_10, &dates);
+  TwoNumbers range = {{1, 2}};
+  Send(QUIL_DOLLAR_O_11, &range);
   HashX report = {};
   Ask(QUIL_DOLLAR_O_12, nullptr, QUIL_READ_HASH_X, &report);
   EXPECT_EQ(report.number, 1);

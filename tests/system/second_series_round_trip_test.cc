@@ -2,9 +2,11 @@
 // its own understanding of them.
 #include <gmock/gmock.h>
 
+#include <iterator>
 #include <string>
 
 #include "printer/virtual_printer.h"
+#include "tests/printer/bench.h"
 #include "tests/support/driver_test.h"
 
 namespace quilon::testing {
@@ -38,10 +40,19 @@ class SecondSeriesRoundTrip : public ::testing::Test {
   }
 
  private:
-  printer::VirtualPrinter printer_;
+  printer::VirtualPrinter printer_{{.clock = printer::BenchTime}};
 };
 
 TEST_F(SecondSeriesRoundTrip, Reports) {
+  DocumentHeader header = {};
+  Accepted(QUIL_DOCUMENT_HEADER, &header);
+  DocumentLine line = {.quantity = 100000000, .price = 450, .value = 450};
+  Fill("Chleb", line.name);
+  Fill("A", line.rate_group);
+  Accepted(QUIL_DOCUMENT_LINE, &line);
+  DocumentEnd end = {.total = 450};
+  Accepted(QUIL_DOCUMENT_END, &end);
+
   HashR r = {};
   Fill("31", r.parameter1);
   Fill("01", r.parameter2);
@@ -50,25 +61,28 @@ TEST_F(SecondSeriesRoundTrip, Reports) {
   Printed(QUIL_HASH_R, &r, "text of r");
 
   HashK k = {};
+  Fill("ranna", k.text1);
   Fill("text of k", k.text3);
   Printed(QUIL_HASH_K, &k, "text of k");
 
   HashO o = {};
-  for (auto& parameter : o.parameters) {
-    Fill("12", parameter);
+  constexpr const char* kDays[] = {"01", "01", "24", "31", "01", "24"};
+  for (size_t i = 0; i < std::size(kDays); ++i) {
+    Fill(kDays[i], o.parameters[i]);
   }
   Fill("first of o", o.text1);
   Printed(QUIL_HASH_O_TEXTS, &o, "first of o");
-  Fill("field of o", o.field2);
-  Printed(QUIL_HASH_O_FIELDS, &o, "field of o");
+  Fill("0001", o.field1);
+  Fill("0007", o.field2);
+  Printed(QUIL_HASH_O_FIELDS, &o, "0007");
 
   DollarOTexts texts = {};
-  Fill("from", texts.text1);
-  Fill("to", texts.text2);
+  Fill("2024-01-30", texts.text1);
+  Fill("2024-01-31", texts.text2);
   Fill("F", texts.field);
-  Printed(QUIL_DOLLAR_O_TEXTS, &texts, "from");
+  Printed(QUIL_DOLLAR_O_TEXTS, &texts, "2024-01-30");
   DollarONumbers numbers = {};
-  numbers.number1 = 123456789012;
+  numbers.number1 = 1;
   numbers.number2 = 123456789013;
   Printed(QUIL_DOLLAR_O_NUMBERS, &numbers, "123456789013");
   Accepted(QUIL_DOLLAR_O_3);
@@ -76,10 +90,10 @@ TEST_F(SecondSeriesRoundTrip, Reports) {
   HashT t = {};
   Fill("text of t", t.text2);
   Printed(QUIL_HASH_T, &t, "text of t");
-  PrCommand pr = {};
+  PrCommand pr = {.number1 = 1, .number2 = 1};
   Fill("text of pr", pr.text2);
   Printed(QUIL_AT_PR, &pr, "text of pr");
-  PmrCommand pmr = {};
+  PmrCommand pmr = {.number1 = 1, .number2 = 1};
   Fill("text of pmr", pmr.text2);
   Printed(QUIL_AT_PMR, &pmr, "text of pmr");
 }
