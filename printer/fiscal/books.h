@@ -65,7 +65,8 @@ struct Day {
   friend bool operator==(const Day&, const Day&) = default;
 };
 
-// What the fiscal memory keeps of a day.
+// What the fiscal memory keeps of a day: of `day` sales, taxes and the numbers
+// of documents.
 struct DailyRecord {
   int32_t number = 0;
   std::chrono::local_seconds made{};

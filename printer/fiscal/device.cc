@@ -7,8 +7,7 @@
 
 namespace quilon::printer {
 
-Device::Device(Clock wall_clock)
-    : clock(std::move(wall_clock)), owner(kOwner) {
+Device::Device(Clock wall_clock) : clock(std::move(wall_clock)), owner(kOwner) {
   paper.set_roll_end(
       [this] { return faults.Happen(FaultKind::kPaperOut).has_value(); });
 }

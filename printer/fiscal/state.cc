@@ -1,8 +1,10 @@
 #include "printer/fiscal/state.h"
 
+#include <array>
 #include <chrono>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 
 #include "printer/fiscal/closing.h"
@@ -82,16 +84,39 @@ Day DayOf(const json& state) {
   return day;
 }
 
+// There are as many records as days, and all are written after every command:
+// each is a text as short as can be.
 json ToJson(const DailyRecord& record) {
-  return {{"number", record.number},
-          {"made", ToJson(Moment(record.made))},
-          {"rates", record.rates},
-          {"day", ToJson(record.day)}};
+  std::ostringstream text;
+  text << record.number << ' ' << record.made.time_since_epoch().count();
+  const auto add = [&text](const auto& amounts) {
+    for (const int64_t amount : amounts) {
+      text << ' ' << amount;
+    }
+  };
+  const Day& day = record.day;
+  add(record.rates);
+  add(day.receipts);
+  add(day.invoices);
+  add(std::array{day.receipt_count, day.invoice_count, day.cancelled_count});
+  return text.str();
 }
 
 DailyRecord DailyRecordOf(const json& state) {
-  return {state.at("number").get<int32_t>(), MomentOf(state.at("made")).value(),
-          state.at("rates").get<Rates>(), DayOf(state.at("day"))};
+  std::istringstream text(state.get<std::string>());
+  text.exceptions(std::ios::failbit);
+  DailyRecord record;
+  Day& day = record.day;
+  int64_t made = 0;
+  text >> record.number >> made;
+  record.made = std::chrono::local_seconds(std::chrono::seconds(made));
+  for (auto* amounts : {&record.rates, &day.receipts, &day.invoices}) {
+    for (int64_t& amount : *amounts) {
+      text >> amount;
+    }
+  }
+  text >> day.receipt_count >> day.invoice_count >> day.cancelled_count;
+  return record;
 }
 
 // What is sold, and how. A state of an older printer holds nothing of it.

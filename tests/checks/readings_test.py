@@ -3,7 +3,6 @@
 
 import json
 import pathlib
-import re
 import shutil
 import subprocess
 import sys

@@ -4,9 +4,9 @@
 #define TESTS_PRINTER_BENCH_H_
 
 #include <chrono>
-#include <deque>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "printer/commands/line.h"
@@ -69,17 +69,17 @@ struct Bench {
     return device.last_command_ok ? 0 : device.error;
   }
 
-  // The paper since the last call.
-  std::vector<std::string> NewPaper() {
-    const std::deque<std::string>& lines = device.paper.lines();
-    std::vector<std::string> fresh(
-        lines.begin() + static_cast<ptrdiff_t>(seen_), lines.end());
-    seen_ = lines.size();
-    return fresh;
+  Bench() {
+    device.paper.set_sinks(
+        [this](const std::string& text) { fresh_.push_back(text); },
+        [](const Printout& /*printout*/) {});
   }
 
+  // The paper since the last call.
+  std::vector<std::string> NewPaper() { return std::exchange(fresh_, {}); }
+
  private:
-  size_t seen_ = 0;
+  std::vector<std::string> fresh_;
 };
 
 }  // namespace quilon::printer

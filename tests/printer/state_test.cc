@@ -65,8 +65,9 @@ TEST(State, SurvivesTheWayThroughAFile) {
             BenchTime() + std::chrono::seconds(7198));
   ASSERT_EQ(after.device.fiscal_memory.size(), 1U);
   EXPECT_EQ(after.device.fiscal_memory[0].day.invoices[1], 900);
-  EXPECT_EQ(after.device.fiscal_memory[0].day.event_count, 2);
-  EXPECT_TRUE(after.device.fiscal_memory[0].day.rates_changed);
+  EXPECT_EQ(after.device.fiscal_memory[0].day.invoice_count, 1);
+  EXPECT_EQ(after.device.fiscal_memory[0].rates[2], kUnused);
+  EXPECT_EQ(after.device.fiscal_memory[0].made, BenchTime());
   EXPECT_EQ(after.device.owner, "Sklep Ewa");
   EXPECT_EQ(after.device.rates[1], 800);
   EXPECT_EQ(after.device.rates[2], kUnused);
