@@ -32,7 +32,8 @@ jest stwierdzeniem o drukarkach rzeczywistych.)
 REFUSALS = """\
 ## Refusals · Odmowy
 
-The error numbers that the virtual printer refuses a command with. The driver knows more: [records.json](records.json).
+The error numbers that the virtual printer refuses a command with, those called strict not with `--lenient`. The driver
+knows more: [records.json](records.json).
 
 | error | its text | when · kiedy |
 |---|---|---|
@@ -155,8 +156,10 @@ class Page:
 
     def refusals(self):
         rows = []
-        for row in self.interface["refusals"]:
+        for row in sorted(self.interface["refusals"], key=lambda row: row["error"]):
             when = both(row) if "codes" in row else f"any command, każdy rozkaz: {both(row)}"
+            if row.get("strict"):
+                when = f"*strict, w trybie ścisłym:* {when}"
             rows.append(f'| {row["error"]} | {self.errors[row["error"]]} | {when} |\n')
         return REFUSALS + "".join(rows)
 
