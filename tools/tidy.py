@@ -71,9 +71,11 @@ class Project:
     def __init__(self, root):
         self.root = root
         self._prefix = os.fsencode(root) + b"/"
+        # The folder itself is named, too: -I/the/project
+        self._root = re.compile(re.escape(os.fsencode(root)) + rb"(?=[/\0]|$)")
 
     def without_root(self, text):
-        return text.replace(self._prefix, b"./")
+        return self._root.sub(b".", text)
 
     def owns(self, name):
         return name.startswith(self._prefix)

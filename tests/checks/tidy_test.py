@@ -62,7 +62,7 @@ class TidyTest(unittest.TestCase):
     def run_tidy(self, project="project", flags=("",), tool=None):
         """Runs it on src/a.cc, compiled once with each of the flags; returns (checked, failed, what it printed)."""
         root = self.folder / project
-        includes = f"-I{root}/include -isystem {self.folder}/system"
+        includes = f"-I{root} -I{root}/include -isystem {self.folder}/system"
         self.write(f"{project}/build/compile_commands.json", json.dumps([{
             "directory": f"{root}/build",
             "command": f"clang++ {includes} -Werror {flag} -std=c++20 -o a.o -c {root}/src/a.cc",
