@@ -110,7 +110,7 @@ std::string AddItem(Device& device, Request& request, bool has_closing_text) {
   if (SumOf(document.sales) + item.Sold() > kMaxAmount) {
     throw Refusal(Rule::kTotalTooLarge);
   }
-  if (device.goods.emplace(item.name, item.rate).second) {
+  if (device.goods.try_emplace(item.name, item.rate).second) {
     ++device.books.day.goods_count;
   }
   document.Add(std::move(item));

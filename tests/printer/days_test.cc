@@ -83,9 +83,10 @@ class Days : public testing::Test, public Bench {
     for (int64_t left = Random(1, 5); left > 0; --left) {
       const int64_t price = Random(1, 99'999);
       const int64_t count = Random(1, 9);
-      Obeyed("1;0;0^lTowar " + letter + std::to_string(left) + "\r" +
-             std::to_string(count) + "\r" + letter + "/" + Wire(price) + "/" +
-             Wire(price * count) + "/");
+      std::ostringstream item;
+      item << "1;0;0^lTowar " << letter << left << '\r' << count << '\r'
+           << letter << '/' << Wire(price) << '/' << Wire(price * count) << '/';
+      Obeyed(item.str());
       total += price * count;
     }
     if (Random(0, 9) == 0) {
@@ -176,7 +177,8 @@ class Days : public testing::Test, public Bench {
   }
 
  private:
-  std::mt19937 random_{20'240'131};
+  // The same days every time.
+  std::mt19937 random_{20'240'131};  // NOLINT(cert-msc51-cpp)
   Account receipts_;
   Account invoices_;
   Account day_[2];  // of receipts and of invoices, since the last daily report

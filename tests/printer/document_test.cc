@@ -170,10 +170,9 @@ TEST_F(Documents, AListClosingFollowsItsCounts) {
   EXPECT_EQ(
       Verdict("1;0;0;0;9;1;1;0;1;0;0;7;$y" + texts + "9/1.50/0/0/9/0/5/2.50/"),
       4);
+  const std::string unpaid = parameters + "$y" + texts + "9/1.50/0/0/9/0/";
   for (const char* payments : {"-5/12.50/", "100000000/-99999992.-50/"}) {
-    EXPECT_EQ(Verdict(parameters + "$y" + texts + "9/1.50/0/0/9/0/" + payments),
-              26)
-        << payments;
+    EXPECT_EQ(Verdict(std::string(unpaid).append(payments)), 26) << payments;
   }
   EXPECT_FALSE(device.slip_attached);
 }

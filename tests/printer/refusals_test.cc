@@ -16,7 +16,6 @@ namespace {
 
 using quilon::testing::RefusalCase;
 using quilon::testing::RefusalCases;
-using ::testing::Contains;
 using ::testing::IsEmpty;
 using ::testing::StartsWith;
 
@@ -163,9 +162,10 @@ TEST(Refusals, TakeNoNewNameIntoAFullGoodsBase) {
 TEST(Refusals, KeepClientsOutOfEachOthersDocuments) {
   Bench bench;
   int others_error = 0;
-  Line other(bench.device, 2, [&](const Event& /*event*/, Outcome outcome) {
-    others_error = outcome.error;
-  });
+  Line other(bench.device, 2,
+             [&](const Event& /*event*/, const Outcome& outcome) {
+               others_error = outcome.error;
+             });
   EXPECT_EQ(bench.Verdict(kHeader), 0);
   for (const char* command : {kLine, "6$d5/1\r\r", kClose}) {
     other.Receive(Framed(command));

@@ -40,8 +40,7 @@ class Folder {
 void Use(Bench& bench) {
   for (const char* body :
        {"100;1$zSklep Ewa\r", "2$p\r\r2300/800/0/0/0/0/0/",
-        "1;0;1;5;6;0;7;0;0;8;9$hFV 1\r\rEwa\r"
-        "\r\r\r\r\r",
+        "1;0;1;5;6;0;7;0;0;8;9$hFV 1\r\rEwa\r\r\r\r\r\r",
         "1;0;0^lMas\x92o\r2\rB/4.50/9/", "1;0;0;0;0;0$e\r0/9/0/", "0#r",
         "24;1;31;14;4;58$c\r\r", "0;0;0;1;0$h\r", "1;0;0^lChleb\r2\rB/4.50/9/",
         "1;0;0;0;0;0$e\r0/9/0/", "1$d", "@SERWprzegl\206d\x01\x7F\xFF\r5/",
