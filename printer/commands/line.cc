@@ -10,7 +10,9 @@ Reaction Line::Receive(std::string_view bytes) {
   Reaction reaction;
   for (const char byte : bytes) {
     const Faults::ByteFate fate = device_.faults.TakeByte();
-    NoteFaults();
+    if (device_.faults.struck()) {
+      NoteFaults();
+    }
     if (fate == Faults::ByteFate::kTaken) {
       if (auto event = parser_.Feed(byte)) {
         React(*std::move(event), reaction);

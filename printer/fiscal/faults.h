@@ -36,6 +36,7 @@ class Faults {
   // Call once whenever what the faults of this kind count comes by: a document,
   // frame, answer, line or byte. The value of one that happens now.
   std::optional<int64_t> Happen(FaultKind kind);
+  bool struck() const { return !struck_.empty(); }
   // What happened since the last call, as it was ordered.
   std::vector<std::string> TakeStruck() { return std::exchange(struck_, {}); }
 
