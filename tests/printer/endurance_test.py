@@ -48,9 +48,10 @@ class Endurance(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
 
     def start(self, *options):
-        """A printer with a state file, and its port."""
+        """A printer with a state file, and its port. It sells on when midnight passes."""
         printer = printer_process.Printer(
-            PROGRAM, "--tcp", "127.0.0.1:0", "--paper", os.devnull, "--state", self.folder / "state.json", *options
+            PROGRAM, "--tcp", "127.0.0.1:0", "--paper", os.devnull, "--state", self.folder / "state.json", "--lenient",
+            *options,
         )
         self.addCleanup(printer.stop)
         return printer, printer.port()
@@ -58,7 +59,7 @@ class Endurance(unittest.TestCase):
     def start_with_page(self):
         """The same with a page, on which a browser that never reads hangs."""
         printer = printer_process.Printer(
-            PROGRAM, "--tcp", "127.0.0.1:0", "--web", "127.0.0.1:0", "--paper", os.devnull
+            PROGRAM, "--tcp", "127.0.0.1:0", "--web", "127.0.0.1:0", "--paper", os.devnull, "--lenient",
         )
         self.addCleanup(printer.stop)
         page = int(printer.expect("web page: http://127.0.0.1:").split("/")[0])
