@@ -83,7 +83,7 @@ std::string SetRates(Device& device, Request& request) {
     device.books.day.rates_changed = true;
     ++device.books.day.event_count;
   }
-  return KeepUnread(device, request);
+  return {};
 }
 
 // "100;1$z" text CR: the name of the printer's owner
@@ -93,7 +93,7 @@ std::string SetOwner(Device& device, Request& request) {
   CheckOwner(device, owner);
   device.owner = std::move(owner);
   ++device.books.day.event_count;
-  return KeepUnread(device, request);
+  return {};
 }
 
 // year ";" month ";" day ";" hour ";" minute ";" second "$c" cash register CR
