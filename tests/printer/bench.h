@@ -11,6 +11,7 @@
 
 #include "printer/commands/line.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/state.h"
 #include "printer/watch/exchange.h"
 
 namespace quilon::printer {
@@ -73,6 +74,21 @@ struct Bench {
     device.paper.set_sinks(
         [this](const std::string& text) { fresh_.push_back(text); },
         [](const Printout& /*printout*/) {});
+  }
+
+  // All that the printer keeps, and where the open document stands: what no
+  // refusal may change.
+  std::string Knowledge() const {
+    std::string text = StateText(device);
+    if (device.document) {
+      const Document& document = *device.document;
+      for (const size_t count : {document.entries.size(), document.items,
+                                 document.payments.size()}) {
+        text += std::to_string(count) + " ";
+      }
+      text += std::to_string(SumOf(document.sales));
+    }
+    return text;
   }
 
   // The paper since the last call.

@@ -6,7 +6,6 @@
 #include <set>
 #include <string>
 
-#include "printer/fiscal/state.h"
 #include "printer/fiscal/strictness.h"
 #include "tests/printer/bench.h"
 #include "tests/support/refusal_cases.h"
@@ -46,31 +45,17 @@ void Prepare(Bench& bench, const RefusalCase& c) {
   bench.now += std::chrono::days(c.days_later);
 }
 
-// All that the printer knows, without what a refusal may change.
-std::string Knowledge(const Bench& bench) {
-  std::string text = StateText(bench.device);
-  if (bench.device.document) {
-    const Document& document = *bench.device.document;
-    for (const size_t count :
-         {document.entries.size(), document.payments.size(), document.items}) {
-      text += std::to_string(count) + " ";
-    }
-    text += std::to_string(SumOf(document.sales));
-  }
-  return text;
-}
-
 TEST(Refusals, SayWhyAndChangeNothing) {
   for (const RefusalCase& c : RefusalCases()) {
     SCOPED_TRACE(c.wrong);
     Bench bench;
     Prepare(bench, c);
-    const std::string before = Knowledge(bench);
+    const std::string before = bench.Knowledge();
     EXPECT_EQ(bench.Verdict(c.wrong), RowOf(c.rule).error);
     const Reason& reason = bench.heard.back().reason;
     EXPECT_THAT(reason.english, StartsWith(std::string(RowOf(c.rule).english)));
     EXPECT_THAT(reason.polish, StartsWith(std::string(RowOf(c.rule).polish)));
-    EXPECT_EQ(Knowledge(bench), before);
+    EXPECT_EQ(bench.Knowledge(), before);
     EXPECT_THAT(bench.NewPaper(), IsEmpty());
   }
 }

@@ -13,6 +13,7 @@ namespace {
 using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::IsSupersetOf;
 
 constexpr const char* kTime = "                        2024-01-31 12:05";
 constexpr const char* kLogo = "     WYDRUK WIRTUALNY QVP0000000001";
@@ -80,28 +81,24 @@ TEST_F(Report, DailyReportBeginsANewDay) {
   Send("1;0;0^lMas\x92o\r1\rC/7.99/7.99/");
   Send("0$e");
   // 18.00 x 8/108 = 1.3333
-  const auto paper = PaperOf("0#r");
-  for (const char* expected : {"Pierwsza sprzedaż       2024-01-31 12:05",
-                               "Ostatnia sprzedaż       2024-01-31 13:35",
-                               "Netto B                            16,67",
-                               "PTU B                               1,33",
-                               "Paragony                               2",
-                               "Anulowane                              1",
-                               "Wartość anulowanych                 7,99",
-                               "Zmiany bazy towarów                    2"}) {
-    EXPECT_THAT(paper, Contains(expected));
-  }
+  EXPECT_THAT(PaperOf("0#r"),
+              IsSupersetOf({"Pierwsza sprzedaż       2024-01-31 12:05",
+                            "Ostatnia sprzedaż       2024-01-31 13:35",
+                            "Netto B                            16,67",
+                            "PTU B                               1,33",
+                            "Paragony                               2",
+                            "Anulowane                              1",
+                            "Wartość anulowanych                 7,99",
+                            "Zmiany bazy towarów                    2"}));
   now += std::chrono::days(1);
   SellBread();
-  const auto next = PaperOf("1;1;2;24#r");
-  for (const char* expected : {"            RAPORT DOBOWY 2",
-                               "Pierwsza sprzedaż       2024-02-01 13:35",
-                               "Netto B                             8,33",
-                               "Paragony                               1",
-                               "Anulowane                              0",
-                               "Zmiany bazy towarów                    1"}) {
-    EXPECT_THAT(next, Contains(expected));
-  }
+  EXPECT_THAT(PaperOf("1;1;2;24#r"),
+              IsSupersetOf({"            RAPORT DOBOWY 2",
+                            "Pierwsza sprzedaż       2024-02-01 13:35",
+                            "Netto B                             8,33",
+                            "Paragony                               1",
+                            "Anulowane                              0",
+                            "Zmiany bazy towarów                    1"}));
 }
 
 struct Periods : Report {
