@@ -16,7 +16,8 @@ namespace quilon::printer {
 
 // "number", "time" (ISO 8601, UTC), "client", "kind" ("frame", "control",
 // "overflow" or "lost"), "answer", and of a frame "parameters", "mnemonic",
-// "fields", "checksum" ("right", "wrong" or "missing") and "error". A control
+// "fields", "checksum" ("right", "wrong" or "missing"), "error" and, when that
+// is not 0, "reason" with the words of each language by its code. A control
 // byte's mnemonic is its name; the answer to DLE and ENQ is in hexadecimal.
 // Where faults struck, "faults" holds them as they were ordered. Of longer
 // fields and answers only so many characters are given, and "…".
