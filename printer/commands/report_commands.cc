@@ -18,22 +18,21 @@
 namespace quilon::printer {
 namespace {
 
-std::string JoinedParameters(const Request& request) {
+void PrintParameters(Paper& paper, const Request& request) {
   std::string joined;
   for (const std::string_view parameter : request.parameters) {
     joined.append(joined.empty() ? "" : ";").append(parameter);
   }
-  return joined;
+  if (!request.parameters.empty()) {
+    paper.PrintPair("Parametry", joined);
+  }
 }
 
 // The title and all that came with it.
 void BeginForm(Device& device, const Request& request) {
-  Paper& paper = device.paper;
-  paper.PrintCentered(request.title);
-  if (!request.parameters.empty()) {
-    paper.PrintPair("Parametry", JoinedParameters(request));
-  }
-  PrintFields(paper, NoteOf(request));
+  device.paper.PrintCentered(request.title);
+  PrintParameters(device.paper, request);
+  PrintFields(device.paper, NoteOf(request));
 }
 
 void EndForm(Device& device) {
@@ -56,7 +55,7 @@ void EndReport(Device& device, const Request& request) {
   device.TearOff({PrintoutKind::kReport});
 }
 
-// Sums up the daily reports that are in.
+// Sums up the daily reports that are in; there has to be one.
 template <typename IsIn>
 void PrintPeriodicReport(Device& device, const Request& request, IsIn is_in) {
   Period period;
@@ -65,10 +64,9 @@ void PrintPeriodicReport(Device& device, const Request& request, IsIn is_in) {
       period.Add(record);
     }
   }
+  CheckPeriod(device, period);
   BeginReport(device, std::string(request.title));
-  if (!request.parameters.empty()) {
-    device.paper.PrintPair("Parametry", JoinedParameters(request));
-  }
+  PrintParameters(device.paper, request);
   PrintPeriod(device.paper, period);
   EndReport(device, request);
 }
@@ -177,11 +175,12 @@ std::string PrintDailyReport(Device& device, Request& request) {
   }
   CheckDailyReport(device);
   Books& books = device.books;
+  const Day day = std::exchange(books.day, {});
   const DailyRecord record{++books.report_count, device.Now(), device.rates,
-                           std::exchange(books.day, {})};
+                           day};
   BeginReport(device,
               std::string(request.title) + " " + std::to_string(record.number));
-  PrintDay(device.paper, record.day, record.rates);
+  PrintDay(device.paper, day, record.rates);
   EndReport(device, request);
   device.fiscal_memory.push_back(record);
   device.goods.clear();
@@ -218,8 +217,9 @@ std::string PrintRangeReport(Device& device, Request& request) {
   request.shape = all ? "" : by_day ? "tt?s" : "ss?s";
   request.values = ReadShape(request.fields, request.shape);
   if (all) {
-    return ReportOfNumbers(device, request, 1,
-                           std::max(1, device.books.report_count));
+    PrintPeriodicReport(device, request,
+                        [](const DailyRecord& /*record*/) { return true; });
+    return {};
   }
   if (by_day) {
     return ReportOfDays(device, request, DayOf(request.values[0]),

@@ -46,6 +46,15 @@ std::optional<size_t> RateOfLetter(std::string_view letter) {
 
 char LetterOfRate(size_t rate) { return static_cast<char>('A' + rate); }
 
+Totals TaxesIn(const Totals& gross, const Rates& rates) {
+  Totals tax{};
+  for (size_t rate = 0; rate < kRateCount; ++rate) {
+    const bool taxed = rates.at(rate) >= 0;
+    tax.at(rate) = taxed ? TaxIn(gross.at(rate), rates.at(rate)) : 0;
+  }
+  return tax;
+}
+
 std::string RateText(int64_t rate) {
   return rate == kExempt ? "zw." : rate == kUnused ? "---" : PercentText(rate);
 }

@@ -33,56 +33,20 @@ inline constexpr int64_t kUnused = -2;
 // Hundredths of a percent, kExempt or kUnused, of A to G.
 using Rates = std::array<int64_t, kRateCount>;
 inline constexpr Rates kUsualRates = {2300, 800, 500, 0, kExempt, 700, 400};
+// The tax at each rate in what was sold at it; none where nothing is taxed.
+Totals TaxesIn(const Totals& gross, const Rates& rates);
 // "23%", "zw.", or "---" for one that is not in use.
 std::string RateText(int64_t rate);
 
 enum class Series { kReceipt, kInvoice };
 
-// What the next daily report tells: the time since the last one.
-struct Day {
-  Totals receipts{};
-  Totals invoices{};
-  int32_t receipt_count = 0;
-  int32_t invoice_count = 0;
-  int32_t cancelled_count = 0;
-  int64_t cancelled_value = 0;  // what their lines summed up to
-  int32_t slip_count = 0;       // and all else that is not fiscal
-  int32_t event_count = 0;      // changes of the clock, rates and header
-  int32_t goods_count = 0;      // names that were new
-  bool rates_changed = false;
-  int64_t paid_in = 0;  // into the drawer, beside sales
-  int64_t paid_out = 0;
-  std::optional<std::chrono::local_seconds> first_sale{};
-  std::optional<std::chrono::local_seconds> last_sale{};
-
-  Totals& Of(Series series) {
-    return series == Series::kReceipt ? receipts : invoices;
-  }
-  int32_t& CountOf(Series series) {
-    return series == Series::kReceipt ? receipt_count : invoice_count;
-  }
-
-  friend bool operator==(const Day&, const Day&) = default;
-};
-
-// What the fiscal memory keeps of a day: of `day` sales, taxes and the numbers
-// of documents.
-struct DailyRecord {
-  int32_t number = 0;
-  std::chrono::local_seconds made{};
-  Rates rates{};
-  Day day{};
-};
-
-struct Books {
+// What a daily report sums up of the documents of both series.
+struct Sales {
   Totals receipts{};  // documents of the 200 series
   Totals invoices{};  // documents of the 300 series
   int32_t receipt_count = 0;
   int32_t invoice_count = 0;
   int32_t cancelled_count = 0;
-  int32_t report_count = 0;
-  int32_t printout_count = 0;  // of all kinds
-  Day day{};                   // since the last daily report
 
   Totals& Of(Series series) {
     return series == Series::kReceipt ? receipts : invoices;
@@ -93,6 +57,38 @@ struct Books {
   int32_t& CountOf(Series series) {
     return series == Series::kReceipt ? receipt_count : invoice_count;
   }
+
+  friend bool operator==(const Sales&, const Sales&) = default;
+};
+
+// What the next daily report tells: the time since the last one.
+struct Day : Sales {
+  int64_t cancelled_value = 0;  // what their lines summed up to
+  int32_t slip_count = 0;       // and all else that is not fiscal
+  int32_t event_count = 0;      // changes of the clock, rates and header
+  int32_t goods_count = 0;      // names that were new
+  bool rates_changed = false;
+  int64_t paid_in = 0;  // into the drawer, beside sales
+  int64_t paid_out = 0;
+  std::optional<std::chrono::local_seconds> first_sale{};
+  std::optional<std::chrono::local_seconds> last_sale{};
+
+  friend bool operator==(const Day&, const Day&) = default;
+};
+
+// What the fiscal memory keeps of a day.
+struct DailyRecord {
+  int32_t number = 0;
+  std::chrono::local_seconds made{};
+  Rates rates{};
+  Sales sales{};
+};
+
+// All sales of the printer's life, and those of the day.
+struct Books : Sales {
+  int32_t report_count = 0;
+  int32_t printout_count = 0;  // of all kinds
+  Day day{};                   // since the last daily report
 
   friend bool operator==(const Books&, const Books&) = default;
 };

@@ -66,7 +66,7 @@ void PrintCentered(Paper& paper, const std::vector<std::string>& texts) {
 }
 
 void PrintRates(Paper& paper, const Totals& sold, const Rates& rates) {
-  int64_t tax_sum = 0;
+  const Totals tax = TaxesIn(sold, rates);
   for (size_t rate = 0; rate < kRateCount; ++rate) {
     const int64_t gross = sold.at(rate);
     if (gross == 0) {
@@ -77,13 +77,11 @@ void PrintRates(Paper& paper, const Totals& sold, const Rates& rates) {
       paper.PrintPair("SPRZEDAŻ ZWOLNIONA " + letter, AmountText(gross));
       continue;
     }
-    const int64_t tax = TaxIn(gross, rates.at(rate));
     paper.PrintPair("SPRZEDAŻ OPODATKOWANA " + letter, AmountText(gross));
     paper.PrintPair("PTU " + letter + " " + RateText(rates.at(rate)),
-                    AmountText(tax));
-    tax_sum += tax;
+                    AmountText(tax.at(rate)));
   }
-  paper.PrintPair("SUMA PTU", AmountText(tax_sum));
+  paper.PrintPair("SUMA PTU", AmountText(SumOf(tax)));
 }
 
 std::string NameOf(PaymentForm form) {

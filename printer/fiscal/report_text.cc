@@ -8,17 +8,6 @@
 namespace quilon::printer {
 namespace {
 
-// Taxes are worked out from the day's gross sales, so that they may differ from
-// those of its documents by grosze.
-Totals TaxesIn(const Totals& gross, const Rates& rates) {
-  Totals tax{};
-  for (size_t rate = 0; rate < kRateCount; ++rate) {
-    const bool taxed = rates.at(rate) >= 0;
-    tax.at(rate) = taxed ? TaxIn(gross.at(rate), rates.at(rate)) : 0;
-  }
-  return tax;
-}
-
 void PrintAmount(Paper& paper, const std::string& name, int64_t amount) {
   paper.PrintPair(name, AmountText(amount));
 }
@@ -54,6 +43,8 @@ void PrintSaleTime(Paper& paper, const std::string& name,
 
 }  // namespace
 
+// Taxes are worked out from the day's gross sales, so that they may differ from
+// those of its documents by grosze.
 void PrintDay(Paper& paper, const Day& day, const Rates& rates) {
   PrintSaleTime(paper, "Pierwsza sprzedaż", day.first_sale);
   PrintSaleTime(paper, "Ostatnia sprzedaż", day.last_sale);
@@ -80,16 +71,17 @@ void PrintDay(Paper& paper, const Day& day, const Rates& rates) {
 void Period::Add(const DailyRecord& record) {
   first_report = first_report == 0 ? record.number : first_report;
   last_report = record.number;
-  for (const Totals* series : {&record.day.receipts, &record.day.invoices}) {
+  for (const Totals* series :
+       {&record.sales.receipts, &record.sales.invoices}) {
     const Totals series_tax = TaxesIn(*series, record.rates);
     for (size_t rate = 0; rate < kRateCount; ++rate) {
       gross.at(rate) += series->at(rate);
       tax.at(rate) += series_tax.at(rate);
     }
   }
-  receipt_count += record.day.receipt_count;
-  invoice_count += record.day.invoice_count;
-  cancelled_count += record.day.cancelled_count;
+  receipt_count += record.sales.receipt_count;
+  invoice_count += record.sales.invoice_count;
+  cancelled_count += record.sales.cancelled_count;
 }
 
 void PrintPeriod(Paper& paper, const Period& period) {

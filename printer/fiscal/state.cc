@@ -48,30 +48,39 @@ Moment MomentOf(const json& seconds) {
                                  std::chrono::seconds(seconds.get<int64_t>()));
 }
 
+json SalesToJson(const Sales& sales) {
+  return {{"receipts", sales.receipts},
+          {"invoices", sales.invoices},
+          {"receipt_count", sales.receipt_count},
+          {"invoice_count", sales.invoice_count},
+          {"cancelled_count", sales.cancelled_count}};
+}
+
+void RestoreSales(Sales& sales, const json& state) {
+  state.at("receipts").get_to(sales.receipts);
+  state.at("invoices").get_to(sales.invoices);
+  state.at("receipt_count").get_to(sales.receipt_count);
+  state.at("invoice_count").get_to(sales.invoice_count);
+  state.at("cancelled_count").get_to(sales.cancelled_count);
+}
+
 json ToJson(const Day& day) {
-  return {{"receipts", day.receipts},
-          {"invoices", day.invoices},
-          {"receipt_count", day.receipt_count},
-          {"invoice_count", day.invoice_count},
-          {"cancelled_count", day.cancelled_count},
-          {"cancelled_value", day.cancelled_value},
-          {"slip_count", day.slip_count},
-          {"event_count", day.event_count},
-          {"goods_count", day.goods_count},
-          {"rates_changed", day.rates_changed},
-          {"paid_in", day.paid_in},
-          {"paid_out", day.paid_out},
-          {"first_sale", ToJson(day.first_sale)},
-          {"last_sale", ToJson(day.last_sale)}};
+  json state = SalesToJson(day);
+  state.update({{"cancelled_value", day.cancelled_value},
+                {"slip_count", day.slip_count},
+                {"event_count", day.event_count},
+                {"goods_count", day.goods_count},
+                {"rates_changed", day.rates_changed},
+                {"paid_in", day.paid_in},
+                {"paid_out", day.paid_out},
+                {"first_sale", ToJson(day.first_sale)},
+                {"last_sale", ToJson(day.last_sale)}});
+  return state;
 }
 
 Day DayOf(const json& state) {
   Day day;
-  state.at("receipts").get_to(day.receipts);
-  state.at("invoices").get_to(day.invoices);
-  state.at("receipt_count").get_to(day.receipt_count);
-  state.at("invoice_count").get_to(day.invoice_count);
-  state.at("cancelled_count").get_to(day.cancelled_count);
+  RestoreSales(day, state);
   state.at("cancelled_value").get_to(day.cancelled_value);
   state.at("slip_count").get_to(day.slip_count);
   state.at("event_count").get_to(day.event_count);
@@ -94,11 +103,12 @@ json ToJson(const DailyRecord& record) {
       text << ' ' << amount;
     }
   };
-  const Day& day = record.day;
+  const Sales& sales = record.sales;
   add(record.rates);
-  add(day.receipts);
-  add(day.invoices);
-  add(std::array{day.receipt_count, day.invoice_count, day.cancelled_count});
+  add(sales.receipts);
+  add(sales.invoices);
+  add(std::array{sales.receipt_count, sales.invoice_count,
+                 sales.cancelled_count});
   return text.str();
 }
 
@@ -106,16 +116,16 @@ DailyRecord DailyRecordOf(const json& state) {
   std::istringstream text(state.get<std::string>());
   text.exceptions(std::ios::failbit);
   DailyRecord record;
-  Day& day = record.day;
+  Sales& sales = record.sales;
   int64_t made = 0;
   text >> record.number >> made;
   record.made = std::chrono::local_seconds(std::chrono::seconds(made));
-  for (auto* amounts : {&record.rates, &day.receipts, &day.invoices}) {
+  for (auto* amounts : {&record.rates, &sales.receipts, &sales.invoices}) {
     for (int64_t& amount : *amounts) {
       text >> amount;
     }
   }
-  text >> day.receipt_count >> day.invoice_count >> day.cancelled_count;
+  text >> sales.receipt_count >> sales.invoice_count >> sales.cancelled_count;
   return record;
 }
 
@@ -151,22 +161,15 @@ void RestoreTrade(Device& device, const json& trade) {
 }
 
 json ToJson(const Books& books) {
-  return {{"receipts", books.receipts},
-          {"invoices", books.invoices},
-          {"receipt_count", books.receipt_count},
-          {"invoice_count", books.invoice_count},
-          {"cancelled_count", books.cancelled_count},
-          {"report_count", books.report_count},
-          {"printout_count", books.printout_count}};
+  json state = SalesToJson(books);
+  state.update({{"report_count", books.report_count},
+                {"printout_count", books.printout_count}});
+  return state;
 }
 
 Books BooksOf(const json& state) {
   Books books;
-  state.at("receipts").get_to(books.receipts);
-  state.at("invoices").get_to(books.invoices);
-  state.at("receipt_count").get_to(books.receipt_count);
-  state.at("invoice_count").get_to(books.invoice_count);
-  state.at("cancelled_count").get_to(books.cancelled_count);
+  RestoreSales(books, state);
   state.at("report_count").get_to(books.report_count);
   books.printout_count = state.value("printout_count", 0);
   return books;

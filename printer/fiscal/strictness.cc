@@ -7,6 +7,7 @@
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/identity.h"
+#include "printer/fiscal/report_text.h"
 #include "printer/protocol/frame.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
@@ -67,6 +68,13 @@ void CheckBuyer(const Device& device, const std::vector<std::string>& buyer) {
   }
 }
 
+// Of a cashier or a cash desk.
+void CheckClientsNumber(const Device& device, int32_t number, Rule rule) {
+  constexpr int32_t kMaxNumber = 999;
+  Demand(device, number >= 0 && number <= kMaxNumber, rule,
+         [&] { return std::to_string(number); });
+}
+
 void CheckSurcharge(const Device& device, const Adjustment& adjustment,
                     int64_t amount) {
   Demand(device, adjustment.AppliedTo(amount) <= 2 * amount, Rule::kSurcharge,
@@ -117,10 +125,10 @@ void CheckOpening(const Device& device, const Document& document) {
 }
 
 void CheckClient(const Device& device) {
-  Demand(device,
-         !device.document || device.document->client == 0 ||
-             device.document->client == device.client,
-         Rule::kOthersDocument);
+  Demand(
+      device,
+      device.document->client == 0 || device.document->client == device.client,
+      Rule::kOthersDocument);
 }
 
 void CheckAdjusted(const Device& device, AdjustmentMode mode) {
@@ -232,18 +240,14 @@ void CheckDays(const Device& device,
                std::optional<std::chrono::local_days> last) {
   Demand(device, first && last, Rule::kReportDate);
   Demand(device, first <= last, Rule::kReportRange);
-  const bool any = std::any_of(
-      device.fiscal_memory.begin(), device.fiscal_memory.end(),
-      [&](const DailyRecord& record) {
-        return DayOf(record.made) >= first && DayOf(record.made) <= last;
-      });
-  Demand(device, any, Rule::kNoReports);
 }
 
 void CheckReportNumbers(const Device& device, int64_t first, int64_t last) {
   Demand(device, first <= last, Rule::kReportRange);
-  Demand(device, first <= device.books.report_count && last >= 1,
-         Rule::kNoReports);
+}
+
+void CheckPeriod(const Device& device, const Period& period) {
+  Demand(device, period.first_report != 0, Rule::kNoReports);
 }
 
 void CheckDocumentNumbers(const Device& device, int64_t first, int64_t last) {
@@ -255,25 +259,21 @@ void CheckDocumentNumbers(const Device& device, int64_t first, int64_t last) {
 }
 
 void CheckLogIn(const Device& device, int32_t number, const std::string& name) {
-  constexpr int32_t kMaxNumber = 999;
   const std::string& present = device.cashier.name;
   Demand(device, !IsBlank(name), Rule::kCashierName);
-  Demand(device, number >= 0 && number <= kMaxNumber, Rule::kCashierNumber,
-         [&] { return std::to_string(number); });
+  CheckClientsNumber(device, number, Rule::kCashierNumber);
   Demand(device, present.empty() || present == name, Rule::kOtherCashier,
-         MazoviaToUtf8(present));
+         [&] { return MazoviaToUtf8(present); });
 }
 
 void CheckLogOut(const Device& device, const std::string& name) {
   const std::string& present = device.cashier.name;
   Demand(device, !present.empty() && present == name, Rule::kOtherCashier,
-         MazoviaToUtf8(present));
+         [&] { return MazoviaToUtf8(present); });
 }
 
 void CheckCashDesk(const Device& device, int32_t number) {
-  constexpr int32_t kMaxNumber = 999;
-  Demand(device, number >= 0 && number <= kMaxNumber, Rule::kCashDesk,
-         [&] { return std::to_string(number); });
+  CheckClientsNumber(device, number, Rule::kCashDesk);
 }
 
 void CheckShift(const Device& device, const std::string& shift) {

@@ -18,6 +18,7 @@ namespace quilon::printer {
 struct Closing;
 struct Device;
 struct Logo;
+struct Period;
 
 // Of all that is to be printed, in the code page of the wire.
 void CheckTexts(const Device& device, std::string_view fields);
@@ -25,7 +26,7 @@ void CheckTexts(const Device& device, std::string_view fields);
 // --- Documents -------------------------------------------------------------
 
 void CheckOpening(const Device& device, const Document& document);
-// That the open document, if there is one, is this client's.
+// That the open document is this client's.
 void CheckClient(const Device& device);
 // Of a line with an amount of a discount or surcharge.
 void CheckAdjusted(const Device& device, AdjustmentMode mode);
@@ -53,8 +54,11 @@ void CheckReportDay(const Device& device,
 void CheckDays(const Device& device,
                std::optional<std::chrono::local_days> first,
                std::optional<std::chrono::local_days> last);
-// Of a report over daily reports, or over documents.
+// Of a report over daily reports.
 void CheckReportNumbers(const Device& device, int64_t first, int64_t last);
+// That there are daily reports in it.
+void CheckPeriod(const Device& device, const Period& period);
+// Of a report over documents.
 void CheckDocumentNumbers(const Device& device, int64_t first, int64_t last);
 
 // --- Cashiers, slips, files ------------------------------------------------

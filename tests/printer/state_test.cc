@@ -63,8 +63,8 @@ TEST(State, SurvivesTheWayThroughAFile) {
   EXPECT_EQ(after.device.books.day.first_sale,
             BenchTime() + std::chrono::seconds(7198));
   ASSERT_EQ(after.device.fiscal_memory.size(), 1U);
-  EXPECT_EQ(after.device.fiscal_memory[0].day.invoices[1], 900);
-  EXPECT_EQ(after.device.fiscal_memory[0].day.invoice_count, 1);
+  EXPECT_EQ(after.device.fiscal_memory[0].sales.invoices[1], 900);
+  EXPECT_EQ(after.device.fiscal_memory[0].sales.invoice_count, 1);
   EXPECT_EQ(after.device.fiscal_memory[0].rates[2], kUnused);
   EXPECT_EQ(after.device.fiscal_memory[0].made, BenchTime());
   EXPECT_EQ(after.device.owner, "Sklep Ewa");
