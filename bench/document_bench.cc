@@ -8,6 +8,7 @@
 
 #include "bench/compare.h"
 #include "bench/connection.h"
+#include "bench/one_processor.h"
 #include "bench/receipt.h"
 #include "bench/status.h"
 #include "quilon/quilon.h"
@@ -52,6 +53,7 @@ void CompareWholeDocument(benchmark::State& state) {
 BENCHMARK(CompareWholeDocument)->UseManualTime();
 
 void CompareReceipt(benchmark::State& state) {
+  const OneProcessor processor;
   BareConnection bare;
   const Connection connection;
   const std::vector<std::string> frames = DocumentFrames(kReceiptLines, 1);

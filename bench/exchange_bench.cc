@@ -9,6 +9,7 @@
 
 #include "bench/compare.h"
 #include "bench/connection.h"
+#include "bench/one_processor.h"
 #include "bench/status.h"
 #include "quilon/quilon.h"
 
@@ -19,6 +20,7 @@ using namespace quilon::bench;  // NOLINT(google-build-using-namespace)
 constexpr int kExchanges = 50;
 
 void CompareExchange(benchmark::State& state) {
+  const OneProcessor processor;
   BareConnection bare;
   const Connection connection;
   Compare(state, kExchanges, AskStatusThroughDriver,
@@ -27,6 +29,7 @@ void CompareExchange(benchmark::State& state) {
 BENCHMARK(CompareExchange)->UseManualTime();
 
 void CompareIdentity(benchmark::State& state) {
+  const OneProcessor processor;
   BareConnection bare;
   const Connection connection;
   Compare(

@@ -12,6 +12,7 @@
 
 #include "bench/compare.h"
 #include "bench/connection.h"
+#include "bench/one_processor.h"
 
 namespace {
 
@@ -121,6 +122,7 @@ class BareReader {
 };
 
 void CompareModbus(benchmark::State& state) {
+  const quilon::bench::OneProcessor processor;
   BareReader bare;
   Library library;
   Compare(
