@@ -1,0 +1,60 @@
+#include "desk/printing/connection.h"
+
+#include <algorithm>
+#include <thread>
+
+namespace quilon::desk {
+
+Connection::Connection(const Settings& settings)
+    : settings_(settings), watchdog_([] { quil_close(); }) {
+  quil_init(0);
+  if (!settings.log.empty()) {
+    quil_enable_log(settings.log.c_str());
+  }
+}
+
+Connection::~Connection() { quil_close(); }
+
+void Connection::Wait(std::chrono::milliseconds time) const {
+  std::this_thread::sleep_until(std::min(Clock::now() + time, deadline_));
+}
+
+int32_t Connection::Run(int32_t code, void* record, uint32_t flags) {
+  if (out_of_time()) {
+    return -1;
+  }
+  watchdog_.Watch(deadline_);
+  const int32_t result = quil_ioctrl(code, record, nullptr, flags);
+  watchdog_.CallOff();
+  return result;
+}
+
+bool Connection::Ask(int32_t question, void* parameters, int32_t answer,
+                     void* record) {
+  clean_ = clean_ && Run(question, parameters) == 0 && Run(answer, record) == 0;
+  return clean_;
+}
+
+bool Connection::Clean() {
+  if (clean_) {
+    return true;
+  }
+  if (opened_) {
+    // What the printer still says to the old connection is said to nobody.
+    quil_close();
+    Wait(settings_.limits.reply);
+  }
+  if (out_of_time()) {
+    return false;
+  }
+  opened_ = true;
+  watchdog_.Watch(deadline_);
+  const auto* tcp = std::get_if<TcpParams>(&settings_.printer);
+  clean_ = (tcp != nullptr ? quil_open_tcpip_ex(tcp)
+                           : quil_open_serial_ex(std::get_if<SerialParams>(
+                                 &settings_.printer))) == 1;
+  watchdog_.CallOff();
+  return clean_;
+}
+
+}  // namespace quilon::desk

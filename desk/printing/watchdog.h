@@ -1,0 +1,42 @@
+// Ends a call of the driver that would go on after its time.
+#ifndef QUILON_DESK_PRINTING_WATCHDOG_H_
+#define QUILON_DESK_PRINTING_WATCHDOG_H_
+
+#include <chrono>
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <optional>
+#include <thread>
+
+namespace quilon::desk {
+
+class Watchdog {
+ public:
+  using Clock = std::chrono::steady_clock;
+
+  // `bark` runs on a thread of the watchdog's.
+  explicit Watchdog(std::function<void()> bark);
+  ~Watchdog();
+  Watchdog(const Watchdog&) = delete;
+  Watchdog& operator=(const Watchdog&) = delete;
+
+  // Barks once when it is not called off before that moment.
+  void Watch(Clock::time_point due);
+  // Returns when no bark is in progress.
+  void CallOff();
+
+ private:
+  void Run();
+
+  std::function<void()> bark_;
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::optional<Clock::time_point> due_;
+  bool ending_ = false;
+  std::thread thread_;  // the last member: it uses the others
+};
+
+}  // namespace quilon::desk
+
+#endif  // QUILON_DESK_PRINTING_WATCHDOG_H_
