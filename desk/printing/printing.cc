@@ -137,6 +137,7 @@ Outcome Printing::Judge(const Document& document, State state,
   }
   outcome.after = after;
   const bool closing = state == State::kClosing;
+  outcome.given_up = rest.cancelled || !closing;
   switch (GrowthOf(document, before, after)) {
     case Growth::kBooked:
       // A receipt that is to be cancelled counts as such in any case; but not
@@ -167,6 +168,7 @@ Outcome Printing::Settle(const Document& document, State state,
     // It was still open, and all its lines were in.
     return {.kind = Outcome::Kind::kBooked, .before = before, .accepted = true};
   }
+  bool given_up = false;
   for (;;) {
     if (state == State::kClosing) {
       // The closing may be answered late.
@@ -174,6 +176,8 @@ Outcome Printing::Settle(const Document& document, State state,
     }
     bool again = false;
     Outcome outcome = Judge(document, state, before, why, again);
+    given_up = given_up || outcome.given_up;
+    outcome.given_up = given_up;
     if (!again || Connection::Clock::now() >= over) {
       return outcome;
     }
@@ -187,7 +191,7 @@ Outcome Printing::Settle(const Document& document, State state,
 }
 
 bool MayTryAgain(const Outcome& outcome) {
-  if (outcome.kind != Outcome::Kind::kNotBooked || outcome.accepted ||
+  if (outcome.kind != Outcome::Kind::kNotBooked || !outcome.given_up ||
       !outcome.failure) {
     return false;
   }

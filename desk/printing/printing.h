@@ -29,7 +29,10 @@ struct Outcome {
   std::optional<Failure> failure{};
   std::optional<Books> before{};
   std::optional<Books> after{};
-  bool accepted = false;  // the printer took the closing
+  bool accepted = false;   // the printer took the closing
+  // Nothing can come of it any more: its closing was never sent, or it was
+  // still open behind it, and given up.
+  bool given_up = false;
 };
 
 class Printing {
@@ -65,8 +68,8 @@ class Printing {
   Journal& journal_;
 };
 
-// Whether the same document may be tried once more by itself: not when the
-// printer or a person has to be asked first.
+// Whether the same document may be tried once more by itself: when the line is
+// to blame, and nothing of it can be on paper but a cancelled document.
 bool MayTryAgain(const Outcome& outcome);
 
 }  // namespace quilon::desk

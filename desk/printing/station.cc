@@ -80,7 +80,9 @@ Growth GrowthOf(const Document& document, const Books& before,
     if (grown == sold || (shared && IsShareOf(grown, sold))) {
       return Growth::kBooked;
     }
-    return still ? Growth::kNone : Growth::kOther;
+    // A document that was counted, but not summed up, is on paper.
+    const bool counted = before.counter != after.counter;
+    return still && !counted ? Growth::kNone : Growth::kOther;
   }
   if (!still) {
     return Growth::kOther;

@@ -1,0 +1,354 @@
+#!/usr/bin/python3
+"""Receipts through the desk while tills and printers are killed and misbehave; each verdict is compared with the books.
+
+    torture.py CLIENT PRINTER [--shim POWER_CUT] [--receipts N] [--seed S] [--wine LAUNCHER]
+
+CLIENT is desk_client, PRINTER quilon-printer. Prints a table of what was done and what came of it; fails when a receipt
+was booked twice, lost, or its verdict was not what the books say.
+"""
+
+import argparse
+import collections
+import json
+import os
+import pathlib
+import queue
+import random
+import shutil
+import signal
+import socket
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+PATIENCE = 120
+# A closing is over long before that, also on a busy machine.
+CLOSING_MS = 1500
+REPLY_MS = 200
+RATES = "ABCD"
+# Faults with places, of which one is chosen by chance.
+FAULTS = (
+    [f"{name}@document=1" for name in ("lose-closing", "die-after-closing", "book-nothing", "book-twice", "restart",
+                                       "forget")] +
+    ["book-other=100", "book-other=-1", f"book-late={CLOSING_MS // 4}", f"busy={REPLY_MS // 2}@frame=9",
+     f"busy={3 * REPLY_MS}@frame=10"] +
+    [f"{name}@byte={{byte}}" for name in ("silent", "dead", "cut", "lose-byte", "change-byte")] +
+    [f"{name}@answer={{answer}}" for name in ("garble", "lose-answer", "double-answer", "cut-answer",
+                                              f"late={REPLY_MS // 2}", f"late={2 * REPLY_MS}")] +
+    ["bad-checksum@frame={frame}", "refuse=20@frame={frame}", "refuse=1086@frame={frame}", "paper-out@line={line}"]
+)
+# After these the books are not what the printer told: only a person can tell.
+LIES = {"book-twice", "book-other"}
+
+
+def free_port():
+    with socket.socket() as probe:
+        probe.bind(("127.0.0.1", 0))
+        return probe.getsockname()[1]
+
+
+class Process:
+    """A program whose lines are read as they come."""
+
+    def __init__(self, command, folder, environment=None):
+        self.process = subprocess.Popen(
+            command, cwd=folder, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+            env={**os.environ, **(environment or {})})
+        self.lines = queue.Queue()
+        threading.Thread(target=self._read, daemon=True).start()
+
+    def _read(self):
+        for line in self.process.stdout:
+            self.lines.put(line.decode(errors="replace").rstrip("\r\n"))
+        self.lines.put(None)
+
+    def say(self, line):
+        try:
+            self.process.stdin.write(line.encode() + b"\n")
+            self.process.stdin.flush()
+        except OSError:
+            pass
+
+    def hear(self):
+        """The next line; None when the process has ended."""
+        line = self.lines.get(timeout=PATIENCE)
+        if line is None:
+            self.lines.put(None)
+        return line
+
+    def kill(self):
+        self.process.send_signal(signal.SIGKILL)
+        self.process.wait(PATIENCE)
+        self.process.stdin.close()
+
+
+class Printer:
+    """The virtual printer with its memory, started anew when it was killed or has a fault."""
+
+    def __init__(self, program, folder, link=None):
+        self.program = program
+        self.folder = folder
+        self.link = link
+        self.port = free_port()
+        self.faults = set(subprocess.run(
+            [program, "--help"], check=True, capture_output=True, text=True).stdout.replace("=", " ").replace(
+                "@", " ").split())
+        self.process = None
+
+    def knows(self, fault):
+        return fault.replace("=", "@").split("@")[0] in self.faults
+
+    def start(self, fault=None):
+        self.stop()
+        way = ["--pty", self.link] if self.link else ["--tcp", f"127.0.0.1:{self.port}"]
+        order = ["--fault", fault] if fault else []
+        self.process = Process([self.program, *way, "--lenient", "--state", "printer.json", "--paper", "paper.txt", *order],
+                               self.folder)
+        if "listening" not in (heard := self.process.hear() or ""):
+            raise AssertionError(f"the printer does not start: {heard}")
+
+    def stop(self):
+        if self.process:
+            self.process.kill()
+            self.process = None
+
+    def books(self):
+        """What the printer holds: receipts, and grosze per rate."""
+        path = pathlib.Path(self.folder, "printer.json")
+        if not path.exists():
+            return 0, [0] * 7
+        books = json.loads(path.read_text(encoding="utf-8"))["books"]
+        return books["receipt_count"], books["receipts"]
+
+
+class Till:
+    """desk_client, started anew when it was killed."""
+
+    def __init__(self, command, folder, printer, shim):
+        self.command = command
+        self.folder = folder
+        self.shim = shim
+        where = {"serial": {"name": printer.link, "baud": 115200}} if printer.link else {
+            "tcp": {"address": "127.0.0.1", "port": printer.port}}
+        self.settings = json.dumps({
+            "printer": where, "journal": "till.journal",
+            "limits": {"reply_ms": REPLY_MS, "closing_ms": CLOSING_MS, "call_ms": 20_000}})
+        self.process = None
+        self.cut = None
+
+    def start(self, cut=None):
+        """With a cut, (step, seed or None), it ends at that step."""
+        environment = {}
+        if cut and self.shim:
+            environment = {"LD_PRELOAD": self.shim, "CUT_AT": str(cut[0]), "ASAN_OPTIONS": "verify_asan_link_order=0"}
+            if cut[1] is not None:
+                environment["CUT_POWER"] = str(cut[1])
+        self.process = Process([*self.command, self.settings], self.folder, environment)
+        opening = self.process.hear()
+        if opening is None:
+            self.stop()
+        elif "error" in json.loads(opening):
+            raise AssertionError(f"no desk: {opening}")
+
+    def stop(self):
+        if self.process:
+            self.process.kill()
+            self.process = None
+
+    def say(self, order):
+        if not self.process:
+            self.start()
+        if self.process:
+            self.process.say(order)
+
+    def hear(self):
+        """The answer; None when the till is dead."""
+        answer = self.process.hear() if self.process else None
+        if answer is None:
+            self.stop()
+            return None
+        return json.loads(answer)
+
+    def ask(self, order):
+        self.say(order)
+        return self.hear()
+
+
+class Torture:
+    def __init__(self, arguments, folder, lane):
+        self.dice = random.Random(arguments.seed * 1000 + lane)
+        link = f"/tmp/qt{os.getpid() % 10_000}{lane}" if arguments.pty else None
+        self.printer = Printer(arguments.printer, folder, link)
+        command = ([arguments.wine] if arguments.wine else []) + [arguments.client]
+        self.till = Till(command, folder, self.printer, arguments.shim)
+        self.shim = arguments.shim
+        self.count = collections.Counter()
+        self.persons = []
+        self.wrong = []
+        self.expected = [0] * 7
+        self.receipts = 0
+        self.cut = 0
+
+    def document(self, name, number):
+        rate = RATES[number % len(RATES)]
+        grosze = 1 + number % 5000
+        # Now and then a total passes 2^31 grosze.
+        grosze += 20_000_000_00 if number % 97 == 0 else 0
+        price = f"{grosze // 100}.{grosze % 100:02}"
+        return {
+            "id": name, "kind": "receipt", "total": price,
+            "lines": [{"name": f"Towar {rate}", "quantity": "1", "price": price, "rate": rate}],
+            "payments": [{"form": "cash", "amount": price}],
+        }, RATES.index(rate), grosze
+
+    def trouble(self, number):
+        """What happens to this receipt: (name, fault of the printer, step at which the till is cut)."""
+        kind = self.dice.choice(["none"] * 3 + ["fault"] * 4 + ["till", "printer", "both", "step", "power"])
+        if kind == "fault":
+            fault = self.dice.choice([one for one in FAULTS if self.printer.knows(one)])
+            return kind, fault.format(byte=self.dice.randrange(1, 420), answer=self.dice.randrange(1, 60),
+                                      frame=self.dice.randrange(1, 24), line=self.dice.randrange(0, 22)), None
+        if kind in ("step", "power") and self.shim:
+            self.cut += 1
+            return kind, None, (self.cut % 90 + 1, number if kind == "power" else None)
+        return kind, None, None
+
+    def kill_meanwhile(self, kind):
+        time.sleep(self.dice.random() * 0.03)
+        if kind in ("till", "both"):
+            self.till.stop()
+        if kind in ("printer", "both"):
+            self.printer.stop()
+        self.count["kills of " + kind] += 1
+
+    def print_under(self, trouble, order):
+        """The first verdict under trouble; None when the till did not live to tell."""
+        kind, fault, cut = trouble
+        if fault or not self.printer.process:
+            self.printer.start(fault)
+        if cut:
+            self.till.stop()
+            try:
+                self.till.start(cut)
+            finally:
+                self.count["cuts by " + kind] += 1
+        if fault:
+            self.count["faults"] += 1
+        if cut and not self.till.process:
+            return None
+        self.till.say(order)
+        if kind in ("till", "printer", "both"):
+            self.kill_meanwhile(kind)
+        return self.till.hear()
+
+    def verdict_after(self, trouble, order):
+        """The final verdict, when all is well again."""
+        verdict = self.print_under(trouble, order)
+        for _ in range(5):
+            if verdict and verdict["final"]:
+                return verdict
+            if self.till.process is None or not verdict or verdict["verdict"] != "booked":
+                self.printer.start()
+                self.till.stop()
+            self.count["asked again"] += 1
+            verdict = self.till.ask(order)
+        return verdict or {"verdict": "none", "final": False}
+
+    def one(self, number):
+        """One receipt, until the books hold it."""
+        trouble = self.trouble(number)
+        for attempt in range(4):
+            document, rate, grosze = self.document(f"{number}/{attempt}", number)
+            order = "print " + json.dumps(document)
+            before = self.printer.books()
+            verdict = self.verdict_after(trouble, order)
+            after = self.printer.books()
+            self.check(document["id"], trouble, verdict, before, after, rate, grosze)
+            self.count[verdict["verdict"]] += 1
+            if verdict["verdict"] == "needs_person":
+                self.resolve(document["id"], before != after)
+            if verdict["verdict"] != "not_booked":
+                return
+            # The fault may still be ahead.
+            trouble = ("none", None, None)
+            self.printer.start()
+
+    def check(self, name, trouble, verdict, before, after, rate, grosze):
+        grown = [new - old for new, old in zip(after[1], before[1])]
+        exactly = [grosze if index == rate else 0 for index in range(7)]
+        truth = {
+            "booked": grown == exactly and after[0] == before[0] + 1,
+            "not_booked": grown == [0] * 7 and after[0] == before[0],
+            "needs_person": True,
+        }.get(verdict["verdict"], False)
+        if not truth:
+            self.wrong.append(f"{name}: {trouble}: {verdict}: grown by {grown}, {after[0] - before[0]} receipts")
+        if verdict["verdict"] == "needs_person":
+            self.persons.append(f"{name}: {trouble[0]} {trouble[1] or trouble[2] or ''}: grown by {grown}")
+
+    def resolve(self, name, booked):
+        said = "booked" if booked else "not_booked"
+        answer = self.till.ask("resolve " + json.dumps({"id": name, "verdict": said, "by": "torture"}))
+        if not answer or answer.get("verdict") != said:
+            self.wrong.append(f"{name}: cannot be resolved: {answer}")
+
+    def run(self, receipts):
+        try:
+            self.printer.start()
+            for number in range(1, receipts + 1):
+                self.one(number)
+                self.count["receipts"] += 1
+            pending = self.till.ask("pending")
+            if pending != {"pending": []}:
+                self.wrong.append(f"still pending: {pending}")
+        except Exception as error:  # pylint: disable=broad-except
+            self.wrong.append(f"ended after {self.count['receipts']} receipts: {error!r}")
+        finally:
+            self.till.stop()
+            self.printer.stop()
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("client")
+    parser.add_argument("printer")
+    parser.add_argument("--shim")
+    parser.add_argument("--wine")
+    parser.add_argument("--pty", action="store_true")
+    parser.add_argument("--receipts", type=int, default=100)
+    parser.add_argument("--seed", type=int, default=1)
+    parser.add_argument("--lanes", type=int, default=1)
+    arguments = parser.parse_args()
+    for program in ("client", "printer", "shim", "wine"):
+        if getattr(arguments, program):
+            setattr(arguments, program, str(pathlib.Path(getattr(arguments, program)).resolve()))
+    lanes = []
+    for lane in range(arguments.lanes):
+        folder = tempfile.mkdtemp(prefix="torture")
+        lanes.append((Torture(arguments, folder, lane), folder))
+    threads = [threading.Thread(target=torture.run, args=(arguments.receipts // arguments.lanes,))
+               for torture, _ in lanes]
+    for thread in threads:
+        thread.start()
+    for thread in threads:
+        thread.join()
+    count = sum((torture.count for torture, _ in lanes), collections.Counter())
+    wrong = [line for torture, _ in lanes for line in torture.wrong]
+    persons = [line for torture, _ in lanes for line in torture.persons]
+    for name, number in sorted(count.items()):
+        print(f"{name:24} {number}")
+    for line in persons:
+        print("needs a person:", line)
+    for line in wrong:
+        print("WRONG:", line)
+    done = count["receipts"] == arguments.receipts // arguments.lanes * arguments.lanes
+    if done and not wrong:
+        for _, folder in lanes:
+            shutil.rmtree(folder)
+    return 0 if done and not wrong else 1
+
+
+if __name__ == "__main__":
+    sys.exit(main())
