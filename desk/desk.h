@@ -11,7 +11,7 @@
 #include "desk/learning.h"
 #include "desk/printing/connection.h"
 #include "desk/printing/printing.h"
-#include "desk/settings.h"
+#include "desk/profile/settings.h"
 
 namespace quilon::desk {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "desk/printing/watchdog.h"
-#include "desk/settings.h"
+#include "desk/profile/settings.h"
 #include "quilon/quilon.h"
 
 namespace quilon::desk {

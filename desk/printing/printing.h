@@ -12,7 +12,7 @@
 #include "desk/printing/commands.h"
 #include "desk/printing/failure.h"
 #include "desk/printing/station.h"
-#include "desk/settings.h"
+#include "desk/profile/settings.h"
 
 namespace quilon::desk {
 

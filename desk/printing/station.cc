@@ -117,7 +117,7 @@ std::optional<Failure> Station::Greet(DleStatus& dle, EnqStatus& enq) {
 std::optional<Failure> Station::ReachRest(Rest& rest) {
   EnqStatus enq = {};
   rest = {};
-  if (const auto failure = Greet(rest.dle, enq); failure || enq.flag1 == 0) {
+  if (auto failure = Greet(rest.dle, enq); failure || enq.flag1 == 0) {
     return failure;
   }
   rest.was_open = true;
@@ -134,7 +134,7 @@ std::optional<Failure> Station::ReachRest(Rest& rest) {
   }
   if (!AskEnq(connection_, enq) || enq.flag1 != 0) {
     connection_.Soil();
-    if (const auto failure = CheckReady(rest)) {
+    if (auto failure = CheckReady(rest)) {
       return failure;
     }
     return Failure{connection_.out_of_time() ? What::kOutOfTime

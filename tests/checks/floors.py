@@ -1,4 +1,4 @@
-"""Checks who includes whom: the floors of src/ and printer/, circles, what is pure, the seam to the system."""
+"""Checks who includes whom: the floors of src/, printer/ and desk/, circles, what is pure, the seam to the system."""
 
 import pathlib
 import re
@@ -20,7 +20,15 @@ FLOORS = {
     "printer": 5,
     "printer/web": 6,
     "printer/program": 7,
+    "desk/document": 1,
+    "desk/journal": 1,
+    "desk/profile": 2,
+    "desk/printing": 3,
+    "desk": 4,
 }
+
+HOUSES = {"src", "printer", "desk"}
+IN_HOUSES = tuple(house + "/" for house in sorted(HOUSES))
 
 # What the folders that printer/README.md calls pure do without: threads, files, and whatever is no standard header.
 IMPURE_HEADERS = {
@@ -36,9 +44,11 @@ PURE_SENTENCE = re.compile(r"^((?:`\w+/`(?:, | and ))*`\w+/`) are pure\b", re.MU
 INCLUDE = re.compile(r'^[ \t]*#[ \t]*include[ \t]*([<"])([^">]+)[>"]', re.MULTILINE)
 SYSTEM_QUESTION = re.compile(r"\b(_WIN32|_WIN64|__MINGW32__|__MINGW64__|__linux__|__unix__)\b")
 STANDARD_HEADER = re.compile(r"[a-z_0-9]+")
-LIBRARY_HEADER = re.compile(r"(boost|CLI|nlohmann|stb)/.*")
+LIBRARY_HEADERS = {
+    "printer": re.compile(r"(boost|CLI|nlohmann|stb)/.*"), "desk": re.compile(r"nlohmann/.*|sqlite3\.h"),
+}
 # Files of one system only.
-SYSTEM_FOLDER = re.compile(r"(src|printer)/(.*/)?(posix|win32)/")
+SYSTEM_FOLDER = re.compile(r"(src|printer|desk)/(.*/)?(posix|win32)/")
 # A file is included by its path in the repository; the public headers as their users include them.
 SEARCH_PATH = ["", "include/"]
 
@@ -50,7 +60,8 @@ class Tree:
         self.texts = {}
         for path in sorted(pathlib.Path(root).rglob("*")):
             name = path.relative_to(root).as_posix()
-            if path.suffix in (".c", ".cc", ".h") and not name.startswith("build/"):
+            foreign = name.startswith("build/") or "node_modules" in path.parts
+            if path.suffix in (".c", ".cc", ".h") and not foreign:
                 self.texts[name] = path.read_text(encoding="utf-8")
         self.includes = {name: [] for name in self.texts}
         self.system_includes = {name: [] for name in self.texts}
@@ -72,12 +83,12 @@ class Tree:
 
 
 def folder_of(name):
-    """The top folder, in src/ and printer/ the floor's folder: "tests", "src/log", "printer", "printer/wire".
+    """The top folder, in src/, printer/ and desk/ the floor's folder: "tests", "src/log", "printer", "printer/wire".
 
     A system's folder is part of the one that it lies in.
     """
     folders = [folder for folder in name.split("/")[:-1] if folder not in ("posix", "win32")]
-    return "/".join(folders[:2] if folders[0] in ("src", "printer") else folders[:1])
+    return "/".join(folders[:2] if folders[0] in HOUSES else folders[:1])
 
 
 def may_include(includer, included):
@@ -85,6 +96,7 @@ def may_include(includer, included):
     house, other = source.split("/")[0], target.split("/")[0]
     allowed = {
         "include": ["include"], "examples": ["examples", "include"], "src": ["src", "include"], "printer": ["printer"],
+        "desk": ["desk", "include"],
     }
     if other not in allowed.get(house, [other]):
         return False
@@ -96,7 +108,7 @@ def may_include(includer, included):
 def find_wrong_includes(tree):
     faults = list(tree.missing)
     for name, included_files in tree.includes.items():
-        if name.startswith(("src/", "printer/")) and folder_of(name) not in FLOORS:
+        if name.startswith(IN_HOUSES) and folder_of(name) not in FLOORS:
             faults.append(f"{name} stands on no floor")
         for included in included_files:
             if not may_include(name, included):
@@ -132,10 +144,10 @@ def find_system_dependence(tree):
         question = SYSTEM_QUESTION.search(text)
         if question:
             faults.append(f"{name} asks for the system with {question.group(1)}")
-        if name.startswith(("src/", "printer/")) and not SYSTEM_FOLDER.match(name):
+        if name.startswith(IN_HOUSES) and not SYSTEM_FOLDER.match(name):
+            library = LIBRARY_HEADERS.get(name.split("/")[0])
             for included in tree.system_includes[name]:
-                library = name.startswith("printer/") and LIBRARY_HEADER.fullmatch(included)
-                if not STANDARD_HEADER.fullmatch(included) and not library:
+                if not STANDARD_HEADER.fullmatch(included) and not (library and library.fullmatch(included)):
                     faults.append(f"{name} includes <{included}>, a header of the system")
     return faults
 

@@ -27,7 +27,7 @@ using printer::VirtualPrinter;
 using std::chrono::steady_clock;
 
 json Parsed(char* answer) {
-  const json parsed = answer == nullptr ? json() : json::parse(answer);
+  json parsed = answer == nullptr ? json() : json::parse(answer);
   quil_desk_free(answer);
   return parsed;
 }

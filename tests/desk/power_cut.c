@@ -30,30 +30,30 @@ static unsigned chance;
 
 static ssize_t (*real_pwrite)(int, const void*, size_t, off_t);
 
-static void* real(const char* name) { return dlsym(RTLD_NEXT, name); }
+static void* Real(const char* name) { return dlsym(RTLD_NEXT, name); }
 
-static unsigned roll(unsigned most) {
+static unsigned Roll(unsigned most) {
   chance = chance * 1103515245U + 12345U;
   return (chance >> 16U) % most;
 }
 
 /* Writes back what stood there, all of it or the second half. */
-static void lose(const Write* write) {
-  const size_t kept = roll(2) == 0 ? 0 : write->old_length / 2;
+static void Lose(const Write* write) {
+  const size_t kept = Roll(2) == 0 ? 0 : write->old_length / 2;
   if (kept < write->old_length) {
     real_pwrite(write->file, write->old_bytes + kept, write->old_length - kept,
                 write->offset + (off_t)kept);
   }
 }
 
-static void cut(void) {
+static void Cut(void) {
   const char* power = getenv("CUT_POWER");
   if (power != NULL) {
     chance = (unsigned)strtoul(power, NULL, 10) + (unsigned)step;
     while (unsynced_count > 0) {
       --unsynced_count;
-      if (roll(3) != 0) {
-        lose(&unsynced[unsynced_count]);
+      if (Roll(3) != 0) {
+        Lose(&unsynced[unsynced_count]);
       }
     }
   }
@@ -61,12 +61,12 @@ static void cut(void) {
 }
 
 /* Whether the step that begins is the one. */
-static int is_last(void) {
+static int IsLast(void) {
   const char* at = getenv("CUT_AT");
   return at != NULL && ++step == strtol(at, NULL, 10);
 }
 
-static void remember(int file, size_t length, off_t offset) {
+static void Remember(int file, size_t length, off_t offset) {
   if (getenv("CUT_POWER") == NULL ||
       unsynced_count == sizeof unsynced / sizeof unsynced[0]) {
     return;
@@ -78,7 +78,7 @@ static void remember(int file, size_t length, off_t offset) {
   }
 }
 
-static void forget(int file) {
+static void Forget(int file) {
   size_t kept = 0;
   for (size_t i = 0; i < unsynced_count; ++i) {
     if (unsynced[i].file == file) {
@@ -92,13 +92,13 @@ static void forget(int file) {
 
 ssize_t pwrite(int file, const void* bytes, size_t length, off_t offset) {
   if (real_pwrite == NULL) {
-    *(void**)&real_pwrite = real("pwrite");
+    *(void**)&real_pwrite = Real("pwrite");
   }
-  const int last = is_last();
-  remember(file, length, offset);
+  const int last = IsLast();
+  Remember(file, length, offset);
   const ssize_t written = real_pwrite(file, bytes, length, offset);
   if (last) {
-    cut();
+    Cut();
   }
   return written;
 }
@@ -108,24 +108,24 @@ ssize_t pwrite64(int file, const void* bytes, size_t length, off_t offset) {
 }
 
 /* At one that is cut off, nothing is on the disk yet. */
-static int sync_by(const char* name, int file) {
+static int SyncBy(const char* name, int file) {
   int (*sync)(int) = NULL;
   *(void**)&sync = real(name);
-  if (is_last()) {
-    cut();
+  if (IsLast()) {
+    Cut();
   }
-  forget(file);
+  Forget(file);
   return sync(file);
 }
 
-int fsync(int file) { return sync_by("fsync", file); }
-int fdatasync(int file) { return sync_by("fdatasync", file); }
+int fsync(int file) { return SyncBy("fsync", file); }
+int fdatasync(int file) { return SyncBy("fdatasync", file); }
 
 int ftruncate(int file, off_t length) {
   int (*truncate)(int, off_t) = NULL;
-  *(void**)&truncate = real("ftruncate");
-  if (is_last()) {
-    cut();
+  *(void**)&truncate = Real("ftruncate");
+  if (IsLast()) {
+    Cut();
   }
   return truncate(file, length);
 }
@@ -134,9 +134,9 @@ int ftruncate64(int file, off_t length) { return ftruncate(file, length); }
 
 ssize_t send(int socket, const void* bytes, size_t length, int flags) {
   ssize_t (*real_send)(int, const void*, size_t, int) = NULL;
-  *(void**)&real_send = real("send");
-  if (is_last()) {
-    cut();
+  *(void**)&real_send = Real("send");
+  if (IsLast()) {
+    Cut();
   }
   return real_send(socket, bytes, length, flags);
 }

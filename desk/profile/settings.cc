@@ -1,4 +1,4 @@
-#include "desk/settings.h"
+#include "desk/profile/settings.h"
 
 #include <cstring>
 #include <fstream>

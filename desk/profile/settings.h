@@ -1,6 +1,6 @@
 // What quil_desk_open is told.
-#ifndef QUILON_DESK_SETTINGS_H_
-#define QUILON_DESK_SETTINGS_H_
+#ifndef QUILON_DESK_PROFILE_SETTINGS_H_
+#define QUILON_DESK_PROFILE_SETTINGS_H_
 
 #include <chrono>
 #include <cstdint>
@@ -38,4 +38,4 @@ Settings ReadSettings(const nlohmann::json& value);
 
 }  // namespace quilon::desk
 
-#endif  // QUILON_DESK_SETTINGS_H_
+#endif  // QUILON_DESK_PROFILE_SETTINGS_H_
