@@ -110,7 +110,7 @@ ssize_t pwrite64(int file, const void* bytes, size_t length, off_t offset) {
 /* At one that is cut off, nothing is on the disk yet. */
 static int SyncBy(const char* name, int file) {
   int (*sync)(int) = NULL;
-  *(void**)&sync = real(name);
+  *(void**)&sync = Real(name);
   if (IsLast()) {
     Cut();
   }

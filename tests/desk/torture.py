@@ -87,13 +87,13 @@ class Process:
 class Printer:
     """The virtual printer with its memory, started anew when it was killed or has a fault."""
 
-    def __init__(self, program, folder, link=None):
-        self.program = program
+    def __init__(self, command, folder, link=None):
+        self.command = command
         self.folder = folder
         self.link = link
         self.port = free_port()
         self.faults = set(subprocess.run(
-            [program, "--help"], check=True, capture_output=True, text=True).stdout.replace("=", " ").replace(
+            [*command, "--help"], check=True, capture_output=True, text=True).stdout.replace("=", " ").replace(
                 "@", " ").split())
         self.process = None
 
@@ -105,7 +105,7 @@ class Printer:
         way = ["--pty", self.link] if self.link else ["--tcp", f"127.0.0.1:{self.port}"]
         order = ["--fault", fault] if fault else []
         memory = ["--state", "printer.json", "--paper", "paper.txt"]
-        self.process = Process([self.program, *way, "--lenient", *memory, *order], self.folder)
+        self.process = Process([*self.command, *way, "--lenient", *memory, *order], self.folder)
         if "listening" not in (heard := self.process.hear() or ""):
             raise AssertionError(f"the printer does not start: {heard}")
 
@@ -180,10 +180,10 @@ class Torture:
     def __init__(self, arguments, folder, lane):
         self.dice = random.Random(arguments.seed * 1000 + lane)
         self.folder = folder
-        link = f"/tmp/qt{os.getpid() % 10_000}{lane}" if arguments.pty else None
-        self.printer = Printer(arguments.printer, folder, link)
-        command = ([arguments.wine] if arguments.wine else []) + [arguments.client]
-        self.till = Till(command, folder, self.printer, arguments.shim)
+        link = f"/tmp/q{os.getpid() % 10_000}{lane}" if arguments.pty else None
+        launcher = [arguments.wine] if arguments.wine else []
+        self.printer = Printer([*launcher, arguments.printer], folder, link)
+        self.till = Till([*launcher, arguments.client], folder, self.printer, arguments.shim)
         self.shim = arguments.shim
         self.count = collections.Counter()
         self.persons = []
