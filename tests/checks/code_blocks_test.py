@@ -26,6 +26,7 @@ IN_COMMENT = re.compile(r"(?<=^ \*\n)(?:^ \*     .*\n(?:^ \*\n(?=^ \*     ))?)+"
 
 # A record of which only some fields are named is zero in the others, and meant so.
 WARNINGS = ["-Wall", "-Wextra", "-Wpedantic", "-Wconversion", "-Wno-missing-field-initializers", "-Werror"]
+INCLUDES = '#include <stdio.h>\n#include "quilon/desk.h"\n#include "quilon/quilon.h"\n'
 COMPILERS = (
     ("gcc", "c99", ".c"), ("g++", "c++20", ".cc"), ("clang", "c99", ".c"), ("clang++", "c++20", ".cc"),
     ("x86_64-w64-mingw32-gcc-posix", "c99", ".c"), ("x86_64-w64-mingw32-g++-posix", "c++20", ".cc"),
@@ -35,7 +36,7 @@ COMPILERS = (
 def fault_of_c(code):
     """What a compiler says of the code; a piece without includes is taken for the inside of a function."""
     if "#include" not in code:
-        code = '#include "quilon/quilon.h"\nint main(void) {\n' + code + "}\n"
+        code = INCLUDES + "int main(void) {\n" + code + "}\n"
     for compiler, standard, suffix in COMPILERS:
         with tempfile.TemporaryDirectory() as folder:
             source = pathlib.Path(folder, "user" + suffix)
