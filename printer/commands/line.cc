@@ -8,8 +8,8 @@ namespace quilon::printer {
 
 Reaction Line::Receive(std::string_view bytes) {
   Reaction reaction;
-  for (const char byte : bytes) {
-    const Faults::ByteFate fate = device_.faults.TakeByte();
+  for (char byte : bytes) {
+    const Faults::ByteFate fate = device_.faults.TakeByte(byte);
     if (device_.faults.struck()) {
       NoteFaults();
     }
@@ -40,9 +40,7 @@ void Line::React(Event event, Reaction& reaction) {
     outcome.answer.clear();
   }
   if (!outcome.answer.empty()) {
-    if (device_.faults.Happen(FaultKind::kGarble)) {
-      outcome.answer[outcome.answer.size() / 2] ^= 1;
-    }
+    outcome.answer = device_.faults.Sent(std::move(outcome.answer));
     reaction.delay += std::chrono::milliseconds(
         device_.faults.Happen(FaultKind::kLate).value_or(0));
     reaction.answer += outcome.answer;

@@ -38,10 +38,12 @@ class FaultReader {
   static constexpr int64_t kMostCount = 1'000'000'000;
 
   const FaultRow& TakeRow() {
+    const std::string_view name = rest_.substr(0, rest_.find_first_of("=@x"));
     const auto* row =
         std::find_if(std::begin(kFaultTable), std::end(kFaultTable),
-                     [this](const FaultRow& r) { return Take(r.name); });
+                     [name](const FaultRow& r) { return r.name == name; });
     Expect(row != std::end(kFaultTable));
+    Take(name);
     return *row;
   }
 

@@ -34,11 +34,16 @@ enum class FaultKind {
   kBadChecksum,
   kRefuse,
   kGarble,
+  kLoseAnswer,
+  kDoubleAnswer,
+  kCutAnswer,
+  kLoseByte,
+  kChangeByte,
 };
 
 struct FaultRow {
   FaultKind kind;
-  std::string_view name;
+  std::string_view name;    // without "=", "@" and "x"
   std::string_view value;   // what the value is; empty: there is none
   std::string_view where;   // what is counted
   std::string_view effect;  // what the printer is to do
@@ -83,6 +88,16 @@ inline constexpr FaultRow kFaultTable[] = {
      9999},
     {FaultKind::kGarble, "garble", "", "answer",
      "send that answer with a wrong byte", "garble@answer=1x5%"},
+    {FaultKind::kLoseAnswer, "lose-answer", "", "answer",
+     "obey, but not send that answer", "lose-answer@answer=3"},
+    {FaultKind::kDoubleAnswer, "double-answer", "", "answer",
+     "send that answer twice", "double-answer@answer=3"},
+    {FaultKind::kCutAnswer, "cut-answer", "", "answer",
+     "send only the first half of that answer", "cut-answer@answer=3"},
+    {FaultKind::kLoseByte, "lose-byte", "", "byte",
+     "lose that byte; the connection stays", "lose-byte@byte=57"},
+    {FaultKind::kChangeByte, "change-byte", "", "byte",
+     "take that byte with one bit changed", "change-byte@byte=57"},
 };
 
 // How a fault is written: "late=MILLISECONDS@answer=N".

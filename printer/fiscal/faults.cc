@@ -51,13 +51,36 @@ bool Faults::Strikes(Fault& fault) {
   return true;
 }
 
-Faults::ByteFate Faults::TakeByte() {
+Faults::ByteFate Faults::TakeByte(char& byte) {
+  // Each kind counts every byte, whichever of them happens.
   silent_ = Happen(FaultKind::kSilent) || silent_;
   dead_ = Happen(FaultKind::kDead) || dead_;
+  const bool lost = Happen(FaultKind::kLoseByte).has_value();
+  if (Happen(FaultKind::kChangeByte)) {
+    byte ^= 1;
+  }
   if (Happen(FaultKind::kCut)) {
     return ByteFate::kCut;
   }
-  return dead_ ? ByteFate::kLost : ByteFate::kTaken;
+  return dead_ || lost ? ByteFate::kLost : ByteFate::kTaken;
+}
+
+std::string Faults::Sent(std::string answer) {
+  // Each kind counts every answer, whichever of them happens.
+  const bool lost = Happen(FaultKind::kLoseAnswer).has_value();
+  const bool doubled = Happen(FaultKind::kDoubleAnswer).has_value();
+  const bool cut = Happen(FaultKind::kCutAnswer).has_value();
+  const size_t half = answer.size() / 2;
+  if (Happen(FaultKind::kGarble)) {
+    answer[half] ^= 1;
+  }
+  if (cut) {
+    answer.resize(half);
+  }
+  if (doubled) {
+    answer += answer;
+  }
+  return lost ? std::string() : answer;
 }
 
 bool Faults::DiesOfFrame() {

@@ -40,9 +40,11 @@ class Faults {
   // What happened since the last call, as it was ordered.
   std::vector<std::string> TakeStruck() { return std::exchange(struck_, {}); }
 
-  // What happens to the byte that just arrived.
+  // What happens to the byte that just arrived, and perhaps changes it.
   enum class ByteFate { kTaken, kLost, kCut };
-  ByteFate TakeByte();
+  ByteFate TakeByte(char& byte);
+  // What goes out of an answer; nothing, it may be.
+  std::string Sent(std::string answer);
   // Whether the printer dies of the frame that just arrived.
   bool DiesOfFrame();
   // Call when a closing command was obeyed.

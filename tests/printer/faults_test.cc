@@ -161,6 +161,54 @@ TEST_F(FaultyPrinter, GarblesAnAnswer) {
   EXPECT_EQ(Send("#n"), "\x1BP#E0.86\x1B\\");
 }
 
+TEST_F(FaultyPrinter, LosesAnAnswer) {
+  Order("lose-answer@answer=2");
+  EXPECT_EQ(Hear(kEnqByte), "\x6D");
+  EXPECT_EQ(Send("#n"), "");
+  EXPECT_EQ(Hear(kEnqByte), "\x6D");
+}
+
+TEST_F(FaultyPrinter, AnswersTwice) {
+  Order("double-answer@answer=2");
+  EXPECT_EQ(Hear(kEnqByte), "\x6D");
+  EXPECT_EQ(Hear(kEnqByte), "\x6D\x6D");
+  EXPECT_EQ(Hear(kEnqByte), "\x6D");
+}
+
+TEST_F(FaultyPrinter, CutsAnAnswerInTwo) {
+  // FF ^ "#E0/" = 86.
+  Order("cut-answer");
+  EXPECT_EQ(Send("#n"), "\x1BP#E0");
+  EXPECT_EQ(Send("#n"), "\x1BP#E0/86\x1B\\");
+  // There is no half of one byte.
+  Order("cut-answer");
+  EXPECT_EQ(Hear(kEnqByte), "");
+}
+
+TEST_F(FaultyPrinter, LosesAByteAndStaysConnected) {
+  // The first sale of "Chleb" lacks its "C", and its checksum is wrong.
+  Send(kHeader);
+  Order("lose-byte@byte=10");
+  const Reaction reaction = line.Receive(Framed(kLine));
+  EXPECT_FALSE(reaction.hang_up);
+  EXPECT_EQ(device.error, 2);
+  ASSERT_EQ(heard.size(), 3U);
+  EXPECT_EQ(heard[1].event.kind, Event::Kind::kLost);
+  EXPECT_EQ(heard[2].event.body.substr(0, 10), "1;0;0^lhle");
+  EXPECT_EQ(Verdict(kLine), 0);
+}
+
+TEST_F(FaultyPrinter, TakesAByteWithOneBitChanged) {
+  // "B" is 0x42, "C" is 0x43.
+  Send(kHeader);
+  Order("change-byte@byte=10");
+  EXPECT_EQ(Verdict(kLine), 2);
+  EXPECT_EQ(heard.back().event.body.substr(0, 12), "1;0;0^lBhleb");
+  EXPECT_EQ(heard.back().faults,
+            std::vector<std::string>{"change-byte@byte=10"});
+  EXPECT_EQ(Verdict(kLine), 0);
+}
+
 // The faults of each exchange so far.
 std::vector<std::vector<std::string>> Marks(const Bench& bench) {
   std::vector<std::vector<std::string>> marks;
@@ -303,6 +351,19 @@ TEST(FaultyConnection, IsLateAndCut) {
   Client next(printer.tcp_port());
   next.Send("\x10");
   EXPECT_EQ(next.Read(1), "\x74");
+}
+
+TEST(FaultyConnection, MisanswersAndMishears) {
+  VirtualPrinter::Options options;
+  options.faults = {"lose-answer@answer=1", "double-answer@answer=2",
+                    "cut-answer@answer=3", "lose-byte@byte=4",
+                    "change-byte@byte=5"};
+  VirtualPrinter printer(std::move(options));
+  Client client(printer.tcp_port());
+  // Lost, twice, no half of it, not heard, and 0x10 ^ 1 is no request.
+  client.Send("\x10\x10\x10\x10\x10");
+  client.Send("\x05");
+  EXPECT_EQ(client.Read(3), "\x74\x74\x6D");
 }
 
 }  // namespace
