@@ -3,6 +3,7 @@
 #include <boost/asio/executor_work_guard.hpp>
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/post.hpp>
+#include <boost/asio/steady_timer.hpp>
 #include <chrono>
 #include <condition_variable>
 #include <ctime>
@@ -147,6 +148,7 @@ class VirtualPrinter::Engine {
           line->ForgetUnfinished();
         }
         reaction = line->Receive(bytes);
+        BookLater(device);
         if (!state_file_.Save(device)) {
           device.Refuse(RowOf(Rule::kUnsavedState).error);
         }
@@ -156,6 +158,17 @@ class VirtualPrinter::Engine {
       }
       return reaction;
     };
+  }
+
+  void BookLater(Device& device) {
+    if (const auto after = std::exchange(device.book_after, std::nullopt)) {
+      booking_.expires_after(*after);
+      booking_.async_wait([this](const boost::system::error_code& aborted) {
+        if (!aborted) {
+          Apply([](Device& d) { d.books.AddLate(); });
+        }
+      });
+    }
   }
 
   void Note(Exchange exchange) {
@@ -241,6 +254,7 @@ class VirtualPrinter::Engine {
       asio::make_work_guard(context_);
 
   Gate gate_;
+  asio::steady_timer booking_{context_};  // of what is late
 
   const std::chrono::milliseconds latency_;
   const std::chrono::milliseconds frame_patience_;
@@ -308,7 +322,7 @@ void VirtualPrinter::OrderFault(const std::string& fault) {
 }
 
 void VirtualPrinter::ClearFaults() {
-  engine_->Apply([](Device& device) { device.faults.Clear(); });
+  engine_->Apply([](Device& device) { device.ClearFaults(); });
 }
 
 void VirtualPrinter::RefuseNext(int error) {

@@ -67,6 +67,7 @@ std::string Obey(Device& device, const CommandRow& row, Request& request) {
   CheckState(device, row);
   if (row.prints == Prints::kYes) {
     CheckTexts(device, request.from_mnemonic);
+    device.books.AddLate();
   }
   if (row.when == When::kClosing &&
       device.faults.Happen(FaultKind::kLoseClosing)) {

@@ -1,6 +1,9 @@
 #include "printer/fiscal/books.h"
 
+#include <algorithm>
+#include <functional>
 #include <numeric>
+#include <utility>
 
 #include "printer/protocol/numbers.h"
 
@@ -57,6 +60,20 @@ Totals TaxesIn(const Totals& gross, const Rates& rates) {
 
 std::string RateText(int64_t rate) {
   return rate == kExempt ? "zw." : rate == kUnused ? "---" : PercentText(rate);
+}
+
+void Books::Add(const Booking& booking) {
+  for (Sales* sales : {static_cast<Sales*>(this), static_cast<Sales*>(&day)}) {
+    Totals& totals = sales->Of(booking.series);
+    std::transform(totals.begin(), totals.end(), booking.sold.begin(),
+                   totals.begin(), std::plus<>());
+  }
+}
+
+void Books::AddLate() {
+  if (const auto booking = std::exchange(late, std::nullopt)) {
+    Add(*booking);
+  }
 }
 
 }  // namespace quilon::printer

@@ -76,6 +76,14 @@ struct Day : Sales {
   friend bool operator==(const Day&, const Day&) = default;
 };
 
+// What a document brings into the totals.
+struct Booking {
+  Series series;
+  Totals sold;
+
+  friend bool operator==(const Booking&, const Booking&) = default;
+};
+
 // What the fiscal memory keeps of a day.
 struct DailyRecord {
   int32_t number = 0;
@@ -89,6 +97,12 @@ struct Books : Sales {
   int32_t report_count = 0;
   int32_t printout_count = 0;  // of all kinds
   Day day{};                   // since the last daily report
+  // Of a document that is printed, but on purpose not in the totals yet.
+  std::optional<Booking> late{};
+
+  void Add(const Booking& booking);
+  // Adds what is late, if anything is.
+  void AddLate();
 
   friend bool operator==(const Books&, const Books&) = default;
 };

@@ -1,7 +1,6 @@
 #include "printer/fiscal/closing.h"
 
-#include <algorithm>
-#include <functional>
+#include <chrono>
 #include <memory>
 #include <utility>
 
@@ -30,16 +29,15 @@ int64_t CashOf(const Document& document) {
          (SumOf(document.payments) - document.Due());
 }
 
-void Add(Totals& totals, const Totals& added) {
-  std::transform(totals.begin(), totals.end(), added.begin(), totals.begin(),
-                 std::plus<>());
-}
-
 void Book(Device& device, const Document& document) {
-  const Totals added = device.faults.Booked(document.sold);
-  Add(device.books.Of(document.series), added);
+  const Booking booking{document.series, device.faults.Booked(document.sold)};
+  if (const auto late = device.faults.Happen(FaultKind::kBookLate)) {
+    device.books.late = booking;
+    device.book_after = std::chrono::milliseconds(*late);
+  } else {
+    device.books.Add(booking);
+  }
   Day& day = device.books.day;
-  Add(day.Of(document.series), added);
   ++day.CountOf(document.series);
   day.first_sale = day.first_sale.value_or(document.ended);
   day.last_sale = document.ended;

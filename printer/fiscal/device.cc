@@ -18,6 +18,11 @@ void Device::OrderFault(const std::string& text) {
   }
 }
 
+void Device::ClearFaults() {
+  faults.Clear();
+  books.AddLate();
+}
+
 void Device::Refuse(int number) {
   last_command_ok = false;
   error = number;

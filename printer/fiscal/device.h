@@ -32,6 +32,7 @@ struct Device {
 
   // Orders a fault by its text; throws NotAFault when it is not one.
   void OrderFault(const std::string& text);
+  void ClearFaults();
   // Records that a command was refused.
   void Refuse(int number);
 
@@ -63,6 +64,9 @@ struct Device {
   std::optional<Document> document;
   Faults faults;
   Books books;
+  // Set when something is to be booked so much later: whoever keeps the time
+  // takes it, and calls books.AddLate() then.
+  std::optional<std::chrono::milliseconds> book_after;
   std::string owner;  // UTF-8
   Rates rates = kUsualRates;
   int rate_changes = 0;

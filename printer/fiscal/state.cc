@@ -130,11 +130,11 @@ DailyRecord DailyRecordOf(const json& state) {
 }
 
 // What is sold, and how. A state of an older printer holds nothing of it.
-json TradeToJson(const Device& device) {
+json TradeToJson(const Device& device, const Books& books) {
   json trade = {{"owner", device.owner},
                 {"rates", device.rates},
                 {"rate_changes", device.rate_changes},
-                {"day", ToJson(device.books.day)},
+                {"day", ToJson(books.day)},
                 {"goods", device.goods},
                 {"invoice_numbers", device.invoice_numbers},
                 {"fiscal_memory", json::array()}};
@@ -240,8 +240,11 @@ void Restore(Device& device, const json& state) {
 }  // namespace
 
 std::string StateText(const Device& device) {
-  json state = {{"books", ToJson(device.books)},
-                {"trade", TradeToJson(device)},
+  // What is late is booked when the printer is switched off.
+  Books books = device.books;
+  books.AddLate();
+  json state = {{"books", ToJson(books)},
+                {"trade", TradeToJson(device, books)},
                 {"last_document_closed", device.last_document_closed},
                 {"document_open", device.document.has_value()},
                 {"invoice_open", device.document && device.document->series ==

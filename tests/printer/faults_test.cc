@@ -64,6 +64,41 @@ TEST_F(FaultyPrinter, BooksAnotherAmountAgainAndAgain) {
   EXPECT_EQ(Sell(), 900);
 }
 
+TEST_F(FaultyPrinter, BooksLate) {
+  Order("book-late=500");
+  EXPECT_EQ(Sell(), 0);
+  EXPECT_EQ(device.books.receipt_count, 1);
+  EXPECT_EQ(Hear(kEnqByte), "\x6D");
+  EXPECT_EQ(device.book_after, std::chrono::milliseconds(500));
+  device.books.AddLate();
+  device.books.AddLate();
+  EXPECT_EQ(SumOf(device.books.receipts), 900);
+  EXPECT_EQ(SumOf(device.books.day.receipts), 900);
+}
+
+TEST_F(FaultyPrinter, BooksWhatIsLateBeforeItPrintsAgain) {
+  Order("book-late=500x2");
+  EXPECT_EQ(Sell(), 0);
+  EXPECT_EQ(Verdict(kHeader), 0);
+  EXPECT_EQ(SumOf(device.books.receipts), 900);
+  EXPECT_EQ(Verdict(kLine), 0);
+  EXPECT_EQ(Verdict(kClose), 0);
+  EXPECT_EQ(SumOf(device.books.receipts), 900);
+  EXPECT_EQ(Verdict("0#r"), 0);
+  EXPECT_EQ(SumOf(device.fiscal_memory.at(0).sales.receipts), 1800);
+}
+
+TEST_F(FaultyPrinter, BooksWhatIsLateWhenItIsSwitchedOffOrCured) {
+  Order("book-late=500");
+  EXPECT_EQ(Sell(), 0);
+  Bench after;
+  RestoreState(after.device, StateText(device));
+  EXPECT_EQ(SumOf(after.device.books.receipts), 900);
+  EXPECT_EQ(SumOf(after.device.books.day.receipts), 900);
+  device.ClearFaults();
+  EXPECT_EQ(SumOf(device.books.receipts), 900);
+}
+
 TEST_F(FaultyPrinter, LosesTheClosing) {
   Order("lose-closing");
   Send(kHeader);
@@ -351,6 +386,29 @@ TEST(FaultyConnection, IsLateAndCut) {
   Client next(printer.tcp_port());
   next.Send("\x10");
   EXPECT_EQ(next.Read(1), "\x74");
+}
+
+void Sell(Client& client) {
+  for (const char* command : {kHeader, kLine, kClose}) {
+    client.Send(Framed(command));
+  }
+  client.Send(kEnqByte);
+  EXPECT_EQ(client.Read(1), "\x6D");
+}
+
+TEST(FaultyConnection, BooksWhenTheTimeHasCome) {
+  VirtualPrinter printer;
+  Client client(printer.tcp_port());
+  // A day: not while this test runs.
+  printer.OrderFault("book-late=86400000");
+  Sell(client);
+  EXPECT_EQ(SumOf(printer.books().receipts), 0);
+  printer.ClearFaults();
+  EXPECT_EQ(SumOf(printer.books().receipts), 900);
+  printer.OrderFault("book-late=1");
+  Sell(client);
+  EXPECT_TRUE(printer.WaitUntil(
+      [](const Snapshot& now) { return SumOf(now.books.receipts) == 1800; }));
 }
 
 TEST(FaultyConnection, MisanswersAndMishears) {

@@ -17,8 +17,8 @@ from printer_process import ENQ, ESC, HEADER, RECEIPT, Printer, ask, at_any_time
 
 COMMAND = []
 FAULTS = [
-    "book-nothing", "book-twice", "book-other", "lose-closing", "die-after-closing", "silent", "dead", "cut", "late",
-    "paper-out", "bad-checksum", "refuse", "garble", "lose-answer", "double-answer", "cut-answer", "lose-byte",
+    "book-nothing", "book-twice", "book-other", "book-late", "lose-closing", "die-after-closing", "silent", "dead", "cut",
+    "late", "paper-out", "bad-checksum", "refuse", "garble", "lose-answer", "double-answer", "cut-answer", "lose-byte",
     "change-byte",
 ]
 PAPER = """\
