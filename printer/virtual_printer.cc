@@ -86,7 +86,15 @@ class VirtualPrinter::Engine {
   std::string pty_path() const { return pty_ ? pty_->address() : ""; }
 
   void HoldInput(bool hold) {
-    asio::post(context_, [this, hold] { gate_.set_closed(hold); });
+    asio::post(context_, [this, hold] {
+      held_ = hold;
+      UpdateGate();
+    });
+  }
+
+  void ClearFaults() {
+    Apply([](Device& device) { device.ClearFaults(); });
+    asio::post(context_, [this] { busy_end_.cancel(); });
   }
 
   Snapshot snapshot() const {
@@ -113,7 +121,7 @@ class VirtualPrinter::Engine {
 
  private:
   void OpenWires(const Options& options) {
-    const Switchboard switchboard{context_, gate_,
+    const Switchboard switchboard{context_, gate_, connections_,
                                   [this] { return NewReceiver(); }};
     if (!options.tcp.empty()) {
       tcp_ = ListenOnTcp(switchboard, options.tcp, options.baud);
@@ -153,6 +161,12 @@ class VirtualPrinter::Engine {
           device.Refuse(RowOf(Rule::kUnsavedState).error);
         }
       });
+      if (reaction.busy) {
+        BeBusy(*reaction.busy);
+      }
+      if (reaction.restarted) {
+        connections_.HangUp();
+      }
       if (!reaction.answer.empty()) {
         reaction.delay += latency_;
       }
@@ -170,6 +184,19 @@ class VirtualPrinter::Engine {
       });
     }
   }
+
+  // All clients wait until the time is over or the faults are cleared.
+  void BeBusy(std::chrono::milliseconds time) {
+    busy_ = true;
+    UpdateGate();
+    busy_end_.expires_after(time);
+    busy_end_.async_wait([this](const boost::system::error_code&) {
+      busy_ = false;
+      UpdateGate();
+    });
+  }
+
+  void UpdateGate() { gate_.set_closed(held_ || busy_); }
 
   void Note(Exchange exchange) {
     Tell(&Watcher::OnExchange, exchange);
@@ -254,6 +281,10 @@ class VirtualPrinter::Engine {
       asio::make_work_guard(context_);
 
   Gate gate_;
+  bool held_ = false;
+  bool busy_ = false;
+  Connections connections_;
+  asio::steady_timer busy_end_{context_};
   asio::steady_timer booking_{context_};  // of what is late
 
   const std::chrono::milliseconds latency_;
@@ -321,9 +352,7 @@ void VirtualPrinter::OrderFault(const std::string& fault) {
   engine_->Apply([&](Device& device) { device.OrderFault(fault); });
 }
 
-void VirtualPrinter::ClearFaults() {
-  engine_->Apply([](Device& device) { device.ClearFaults(); });
-}
+void VirtualPrinter::ClearFaults() { engine_->ClearFaults(); }
 
 void VirtualPrinter::RefuseNext(int error) {
   engine_->Apply([&](Device& device) { device.next_refusal = error; });

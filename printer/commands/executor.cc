@@ -69,8 +69,7 @@ std::string Obey(Device& device, const CommandRow& row, Request& request) {
     CheckTexts(device, request.from_mnemonic);
     device.books.AddLate();
   }
-  if (row.when == When::kClosing &&
-      device.faults.Happen(FaultKind::kLoseClosing)) {
+  if (row.when == When::kClosing && device.faults.LosesClosing()) {
     return {};
   }
   std::string answer = row.handler(device, request);

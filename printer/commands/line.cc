@@ -3,39 +3,66 @@
 #include <utility>
 
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/state.h"
 
 namespace quilon::printer {
 
 Reaction Line::Receive(std::string_view bytes) {
   Reaction reaction;
-  for (char byte : bytes) {
-    const Faults::ByteFate fate = device_.faults.TakeByte(byte);
-    if (device_.faults.struck()) {
-      NoteFaults();
-    }
-    if (fate == Faults::ByteFate::kTaken) {
-      if (auto event = parser_.Feed(byte)) {
-        React(*std::move(event), reaction);
-      }
-    } else if (!struck_.empty()) {
-      Tell({Event::Kind::kLost, {}}, {});
-    }
-    reaction.hang_up = reaction.hang_up || fate == Faults::ByteFate::kCut;
-    if (reaction.hang_up) {
-      break;
-    }
+  if (auto frame = std::exchange(waiting_frame_, std::nullopt)) {
+    Answer(*std::move(frame), reaction);
   }
+  std::string all = std::exchange(waiting_, {});
+  all += bytes;
+  size_t taken = 0;
+  while (taken < all.size() && !reaction.hang_up && !reaction.busy) {
+    Take(all[taken++], reaction);
+  }
+  // Whatever stands behind a hang-up is lost.
+  waiting_ = reaction.hang_up ? std::string() : all.substr(taken);
   return reaction;
 }
 
-void Line::React(Event event, Reaction& reaction) {
-  if (event.kind == Event::Kind::kFrame && device_.faults.DiesOfFrame()) {
-    reaction.hang_up = true;
-    Tell({Event::Kind::kLost, {}}, {});
-    return;
+void Line::Take(char byte, Reaction& reaction) {
+  const Faults::ByteFate fate = device_.faults.TakeByte(byte);
+  if (device_.faults.struck()) {
+    NoteFaults();
   }
+  if (fate == Faults::ByteFate::kTaken) {
+    if (auto event = parser_.Feed(byte)) {
+      React(*std::move(event), reaction);
+    }
+  } else if (!struck_.empty()) {
+    Tell({Event::Kind::kLost, {}}, {});
+  }
+  reaction.hang_up = reaction.hang_up || fate == Faults::ByteFate::kCut;
+}
+
+void Line::React(Event event, Reaction& reaction) {
+  if (event.kind == Event::Kind::kFrame) {
+    if (device_.faults.DiesOfFrame()) {
+      reaction.hang_up = true;
+      Tell({Event::Kind::kLost, {}}, {});
+      return;
+    }
+    if (const auto busy = device_.faults.Happen(FaultKind::kBusy)) {
+      reaction.busy = std::chrono::milliseconds(*busy);
+      waiting_frame_ = std::move(event);
+      NoteFaults();
+      return;
+    }
+  }
+  Answer(std::move(event), reaction);
+}
+
+void Line::Answer(Event event, Reaction& reaction) {
   device_.client = client_;
   Outcome outcome = Obey(event);
+  if (device_.faults.TakePowerCut()) {
+    SwitchOffAndOn(device_);
+    outcome.answer.clear();
+    reaction.hang_up = reaction.restarted = true;
+  }
   if (device_.faults.silent()) {
     outcome.answer.clear();
   }
@@ -74,6 +101,9 @@ Outcome Line::Obey(const Event& event) {
       return {};
     case Event::Kind::kFrame:
       break;
+  }
+  if (device_.faults.LosesPower()) {
+    return {};
   }
   if (device_.faults.Happen(FaultKind::kBadChecksum)) {
     return refused(Refusal(Rule::kChecksum));

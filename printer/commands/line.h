@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,10 @@ struct Reaction {
   std::string answer;
   std::chrono::milliseconds delay{0};
   bool hang_up = false;
+  bool restarted = false;  // it hangs up on all its clients
+  // It hears no client for so long. Then it goes on where it stopped, at the
+  // next Receive, for which nothing more needs to come.
+  std::optional<std::chrono::milliseconds> busy{};
 };
 
 class Line {
@@ -40,7 +45,9 @@ class Line {
   void ForgetUnfinished() { parser_ = FrameParser(); }
 
  private:
+  void Take(char byte, Reaction& reaction);
   void React(Event event, Reaction& reaction);
+  void Answer(Event event, Reaction& reaction);
   Outcome Obey(const Event& event);
   void NoteFaults();
   void Tell(Event event, Outcome outcome);
@@ -49,6 +56,9 @@ class Line {
   const int64_t client_;
   Sink sink_;
   FrameParser parser_;
+  // What came while the printer was busy: the frame, and the bytes behind it.
+  std::optional<Event> waiting_frame_;
+  std::string waiting_;
   // The faults that happened since the last event. Another client may be heard
   // before a frame of this one ends.
   std::vector<std::string> struck_;

@@ -40,6 +40,10 @@ enum class FaultKind {
   kCutAnswer,
   kLoseByte,
   kChangeByte,
+  kBusy,
+  kRestart,
+  kForget,
+  kPowerCut,
 };
 
 struct FaultRow {
@@ -102,6 +106,17 @@ inline constexpr FaultRow kFaultTable[] = {
      "lose that byte; the connection stays", "lose-byte@byte=57"},
     {FaultKind::kChangeByte, "change-byte", "", "byte",
      "take that byte with one bit changed", "change-byte@byte=57"},
+    {FaultKind::kBusy, "busy", "MILLISECONDS", "frame",
+     "hear nothing for so long, then obey that frame and all that came since",
+     "busy=3000@frame=4", 0, kMostDelay},
+    {FaultKind::kRestart, "restart", "", "document",
+     "obey the closing command, then be switched off and on",
+     "restart@document=2"},
+    {FaultKind::kForget, "forget", "", "document",
+     "be switched off and on before the closing is saved or printed",
+     "forget@document=2"},
+    {FaultKind::kPowerCut, "power-cut", "", "frame",
+     "be switched off and on before it obeys that frame", "power-cut@frame=3"},
 };
 
 // How a fault is written: "late=MILLISECONDS@answer=N".

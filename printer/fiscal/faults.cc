@@ -88,6 +88,24 @@ bool Faults::DiesOfFrame() {
   return dead_;
 }
 
+bool Faults::LosesClosing() {
+  // Each kind counts every closing, whichever of them happens.
+  const bool lost = Happen(FaultKind::kLoseClosing).has_value();
+  const bool forgotten = Happen(FaultKind::kForget).has_value();
+  power_cut_ = power_cut_ || forgotten;
+  return lost || forgotten;
+}
+
+void Faults::NoteClosing() {
+  dying_ = Happen(FaultKind::kDieAfterClosing) || dying_;
+  power_cut_ = Happen(FaultKind::kRestart) || power_cut_;
+}
+
+bool Faults::LosesPower() {
+  power_cut_ = Happen(FaultKind::kPowerCut).has_value();
+  return power_cut_;
+}
+
 Totals Faults::Booked(const Totals& sold) {
   // Each kind counts every document, whichever of them happens.
   const auto nothing = Happen(FaultKind::kBookNothing);

@@ -47,10 +47,14 @@ class Faults {
   std::string Sent(std::string answer);
   // Whether the printer dies of the frame that just arrived.
   bool DiesOfFrame();
+  // Whether the closing command that is to be obeyed gets lost.
+  bool LosesClosing();
   // Call when a closing command was obeyed.
-  void NoteClosing() {
-    dying_ = dying_ || Happen(FaultKind::kDieAfterClosing).has_value();
-  }
+  void NoteClosing();
+  // Whether the power goes now, before the frame that just arrived is obeyed.
+  bool LosesPower();
+  // Whether the power went since the last call.
+  bool TakePowerCut() { return std::exchange(power_cut_, false); }
   // What reaches the books of a document that was sold so.
   Totals Booked(const Totals& sold);
   bool silent() const { return silent_; }
@@ -66,6 +70,7 @@ class Faults {
   bool silent_ = false;
   bool dead_ = false;
   bool dying_ = false;
+  bool power_cut_ = false;
 };
 
 }  // namespace quilon::printer

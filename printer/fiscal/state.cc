@@ -155,6 +155,7 @@ void RestoreTrade(Device& device, const json& trade) {
   for (const json& number : trade.at("invoice_numbers")) {
     device.invoice_numbers.insert(number.get<std::string>());
   }
+  device.fiscal_memory.clear();
   for (const json& record : trade.at("fiscal_memory")) {
     device.fiscal_memory.push_back(DailyRecordOf(record));
   }
@@ -222,10 +223,13 @@ void Restore(Device& device, const json& state) {
     device.parameter_sets.at(type) =
         ParameterSetOf(state.at("parameter_sets").at(type));
   }
+  // One that is not complete is not kept.
+  device.files.clear();
   for (const auto& [name, hex] : state.at("files").items()) {
     const std::string bytes = BytesOfHex(hex.get<std::string>());
     device.files[Utf8ToMazovia(name)] = {bytes.size(), bytes};
   }
+  device.logos.clear();
   for (const json& logo : state.at("logos")) {
     const auto digits = logo.at("digits").get<std::string>();
     device.logos[logo.at("number").get<int32_t>()] = {digits.size(), digits};
@@ -287,6 +291,17 @@ void RestoreState(Device& device, const std::string& text) {
     throw std::runtime_error(std::string("not a printer's state: ") +
                              failure.what());
   }
+}
+
+void SwitchOffAndOn(Device& device) {
+  const std::string memory = StateText(device);
+  device.document.reset();
+  device.slip_open = device.slip_attached = false;
+  device.slip_lines = 0;
+  device.display = Display();
+  device.error = kNoError;
+  device.last_command_ok = true;
+  RestoreState(device, memory);
 }
 
 }  // namespace quilon::printer

@@ -16,6 +16,10 @@ std::string StateText(const Device& device);
 // Throws std::runtime_error when the text is not such JSON.
 void RestoreState(Device& device, const std::string& text);
 
+// Leaves the device as a power cut does: it knows what its memory keeps. Paper,
+// switches and faults stay as they are.
+void SwitchOffAndOn(Device& device);
+
 }  // namespace quilon::printer
 
 #endif  // PRINTER_FISCAL_STATE_H_

@@ -3,7 +3,9 @@
 #define PRINTER_WIRE_RECEIVER_H_
 
 #include <chrono>
+#include <deque>
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -33,16 +35,47 @@ class Gate {
   }
   void set_closed(bool closed) {
     closed_ = closed;
-    if (!closed_) {
-      for (const Work& work : std::exchange(kept_, {})) {
-        work();
-      }
+    // Work may close it again.
+    while (!closed_ && !kept_.empty()) {
+      const Work work = std::move(kept_.front());
+      kept_.pop_front();
+      work();
     }
   }
 
  private:
   bool closed_ = false;
-  std::vector<Work> kept_;
+  std::deque<Work> kept_;
+};
+
+// A client, as far as it can be hung up on.
+class Connection {
+ public:
+  Connection() = default;
+  Connection(const Connection&) = delete;
+  Connection& operator=(const Connection&) = delete;
+  virtual ~Connection() = default;
+
+  virtual void HangUp() = 0;
+};
+
+// All clients that are there.
+class Connections {
+ public:
+  void Add(std::weak_ptr<Connection> connection) {
+    std::erase_if(all_, [](const auto& one) { return one.expired(); });
+    all_.push_back(std::move(connection));
+  }
+  void HangUp() {
+    for (const auto& one : std::exchange(all_, {})) {
+      if (const auto connection = one.lock()) {
+        connection->HangUp();
+      }
+    }
+  }
+
+ private:
+  std::vector<std::weak_ptr<Connection>> all_;
 };
 
 }  // namespace quilon::printer

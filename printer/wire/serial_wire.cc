@@ -39,10 +39,7 @@ class SerialWire : public Wire {
     port_->set_option(Port::flow_control(Port::flow_control::none));
     // The line itself is slow enough.
     constexpr uint32_t kUnpaced = 0;
-    std::make_shared<Session<Port>>(port_, switchboard_.gate,
-                                    switchboard_.new_receiver(), kUnpaced,
-                                    [this] { OpenAgain(); })
-        ->Read();
+    Serve(port_, switchboard_, kUnpaced, [this] { OpenAgain(); });
   }
 
   void OpenAgain() {

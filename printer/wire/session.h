@@ -20,20 +20,21 @@
 
 #include "printer/wire/pace.h"
 #include "printer/wire/receiver.h"
+#include "printer/wire/wire.h"
 
 namespace quilon::printer {
 
 // Keeps itself alive by its pending operation and ends when the stream fails;
 // on_end is called then.
 template <typename Stream>
-class Session : public std::enable_shared_from_this<Session<Stream>> {
+class Session : public Connection,
+                public std::enable_shared_from_this<Session<Stream>> {
  public:
-  // At 0 baud nothing is slowed down.
-  Session(std::shared_ptr<Stream> stream, Gate& gate, Receiver receiver,
+  Session(std::shared_ptr<Stream> stream, const Switchboard& switchboard,
           uint32_t baud, std::function<void()> on_end)
       : stream_(std::move(stream)),
-        gate_(gate),
-        receiver_(std::move(receiver)),
+        gate_(switchboard.gate),
+        receiver_(switchboard.new_receiver()),
         on_end_(std::move(on_end)),
         pace_in_(baud),
         pace_out_(baud),
@@ -55,6 +56,14 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
         });
   }
 
+  // Whatever it waits for then ends it.
+  void HangUp() override {
+    reaction_.hang_up = true;
+    boost::system::error_code ignored;
+    stream_->cancel(ignored);
+    pause_.cancel();
+  }
+
  private:
   using Clock = Pace::Clock;
 
@@ -66,17 +75,19 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
       return;
     }
     pause_.expires_at(time);
-    pause_.async_wait(
-        [work = std::move(work)](const boost::system::error_code& aborted) {
-          if (!aborted) {
-            work();
-          }
-        });
+    pause_.async_wait([self = this->shared_from_this(), work = std::move(work)](
+                          const boost::system::error_code& aborted) {
+      aborted ? self->on_end_() : work();
+    });
   }
 
   void Take(size_t count) {
     gate_.Pass([self = this->shared_from_this(), count] {
-      self->React({self->input_.data(), count});
+      if (self->reaction_.hang_up) {
+        self->on_end_();
+      } else {
+        self->React({self->input_.data(), count});
+      }
     });
   }
 
@@ -114,7 +125,15 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
         });
   }
 
-  void GoOn() { reaction_.hang_up ? on_end_() : Read(); }
+  void GoOn() {
+    if (reaction_.hang_up) {
+      on_end_();
+    } else if (reaction_.busy) {
+      Take(0);
+    } else {
+      Read();
+    }
+  }
 
   std::shared_ptr<Stream> stream_;
   Gate& gate_;
@@ -130,6 +149,16 @@ class Session : public std::enable_shared_from_this<Session<Stream>> {
   size_t written_ = 0;  // of the answer
   boost::asio::steady_timer pause_;
 };
+
+// At 0 baud nothing is slowed down.
+template <typename Stream>
+void Serve(std::shared_ptr<Stream> stream, const Switchboard& switchboard,
+           uint32_t baud, std::function<void()> on_end) {
+  const auto session = std::make_shared<Session<Stream>>(
+      std::move(stream), switchboard, baud, std::move(on_end));
+  switchboard.connections.Add(session);
+  session->Read();
+}
 
 }  // namespace quilon::printer
 

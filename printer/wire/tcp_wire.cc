@@ -19,19 +19,16 @@ class TcpWire : public Wire {
       : switchboard_(std::move(switchboard)),
         baud_(baud),
         listener_(switchboard_.context, endpoint,
-                  [this](tcp::socket socket) { Serve(std::move(socket)); }) {}
+                  [this](tcp::socket socket) { Accept(std::move(socket)); }) {}
 
   std::string address() const override { return TextOf(listener_.endpoint()); }
 
  private:
-  void Serve(tcp::socket socket) {
+  void Accept(tcp::socket socket) {
     boost::system::error_code ignored;
     socket.set_option(tcp::no_delay(true), ignored);
-    auto stream = std::make_shared<tcp::socket>(std::move(socket));
-    std::make_shared<Session<tcp::socket>>(std::move(stream), switchboard_.gate,
-                                           switchboard_.new_receiver(), baud_,
-                                           [] {})
-        ->Read();
+    Serve(std::make_shared<tcp::socket>(std::move(socket)), switchboard_, baud_,
+          [] {});
   }
 
   Switchboard switchboard_;

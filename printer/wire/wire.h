@@ -19,6 +19,7 @@ namespace quilon::printer {
 struct Switchboard {
   boost::asio::io_context& context;
   Gate& gate;
+  Connections& connections;
   ReceiverMaker new_receiver;
 };
 

@@ -244,6 +244,78 @@ TEST_F(FaultyPrinter, TakesAByteWithOneBitChanged) {
   EXPECT_EQ(Verdict(kLine), 0);
 }
 
+TEST_F(FaultyPrinter, IsBusyAndThenGoesOnWithAllThatCame) {
+  Order("busy=3000@frame=2");
+  const Reaction busy =
+      line.Receive(kEnqByte + Framed(kHeader) + Framed(kLine) + "\x05\x10");
+  EXPECT_EQ(busy.answer, "\x6D");
+  EXPECT_EQ(busy.busy, std::chrono::milliseconds(3000));
+  ASSERT_TRUE(device.document);
+  EXPECT_EQ(device.document->items, 0U);
+  const Reaction rest = line.Receive("\x05");
+  EXPECT_EQ(rest.answer, "\x6E\x74\x6E");
+  EXPECT_EQ(rest.busy, std::nullopt);
+  EXPECT_EQ(device.document->items, 1U);
+  EXPECT_EQ(heard.at(2).faults, std::vector<std::string>{"busy=3000@frame=2"});
+}
+
+TEST_F(FaultyPrinter, IsSwitchedOffAndOnAfterTheClosing) {
+  Order("restart@document=2");
+  EXPECT_EQ(Sell(), 900);
+  Send(kHeader);
+  Send(kLine);
+  NewPaper();
+  const Reaction reaction = line.Receive(Framed(kClose) + kEnqByte);
+  EXPECT_TRUE(reaction.hang_up);
+  EXPECT_TRUE(reaction.restarted);
+  EXPECT_EQ(reaction.answer, "");
+  EXPECT_EQ(SumOf(device.books.receipts), 1800);
+  EXPECT_EQ(device.books.cancelled_count, 0);
+  EXPECT_EQ(Hear(kEnqByte), "\x6D");
+  EXPECT_THAT(NewPaper(),
+              testing::Contains("SUMA PLN                            9,00"));
+}
+
+TEST_F(FaultyPrinter, ForgetsTheClosingOnPaperToo) {
+  Order("forget");
+  Send(kHeader);
+  Send(kLine);
+  NewPaper();
+  EXPECT_TRUE(line.Receive(Framed(kClose)).restarted);
+  EXPECT_EQ(SumOf(device.books.receipts), 0);
+  EXPECT_EQ(device.books.receipt_count, 0);
+  EXPECT_EQ(device.books.cancelled_count, 1);
+  // Neither open nor closed.
+  EXPECT_EQ(Hear(kEnqByte), "\x6C");
+  EXPECT_EQ(NewPaper().at(1), "           PARAGON ANULOWANY");
+  EXPECT_EQ(Sell(), 900);
+}
+
+TEST_F(FaultyPrinter, IsSwitchedOffAndOnBeforeAFrame) {
+  Order("power-cut@frame=2");
+  EXPECT_EQ(Verdict(kHeader), 0);
+  EXPECT_TRUE(line.Receive(Framed(kLine)).restarted);
+  EXPECT_FALSE(device.document);
+  EXPECT_EQ(device.books.cancelled_count, 1);
+  EXPECT_EQ(Sell(), 900);
+}
+
+TEST_F(FaultyPrinter, KnowsAfterAPowerCutWhatItsMemoryKeeps) {
+  EXPECT_EQ(Sell(), 900);
+  EXPECT_EQ(Verdict("0#r"), 0);
+  EXPECT_EQ(Verdict("0;0@A1/2/plik\r5c\r"), 0);
+  EXPECT_EQ(Verdict("0;0@A9/2/pending\r5c\r"), 0);
+  EXPECT_EQ(Verdict("1$Q"), 1022);
+  const std::string before = StateText(device);
+  Order("power-cut");
+  Send("#n");
+  EXPECT_EQ(StateText(device), before);
+  EXPECT_EQ(device.fiscal_memory.size(), 1U);
+  EXPECT_EQ(device.files.size(), 1U);
+  EXPECT_EQ(device.error, 0);
+  EXPECT_TRUE(device.last_command_ok);
+}
+
 // The faults of each exchange so far.
 std::vector<std::vector<std::string>> Marks(const Bench& bench) {
   std::vector<std::vector<std::string>> marks;
@@ -409,6 +481,69 @@ TEST(FaultyConnection, BooksWhenTheTimeHasCome) {
   Sell(client);
   EXPECT_TRUE(printer.WaitUntil(
       [](const Snapshot& now) { return SumOf(now.books.receipts) == 1800; }));
+}
+
+TEST(FaultyConnection, IsBusyForAllItsClients) {
+  VirtualPrinter printer;
+  Client busy(printer.tcp_port());
+  Client other(printer.tcp_port());
+  // A day: it ends when the faults are cleared.
+  printer.OrderFault("busy=86400000@frame=2");
+  busy.Send(Framed(kHeader) + "\x05" + Framed(kLine) + "\x05");
+  EXPECT_EQ(busy.Read(1), "\x6E");
+  other.Send("\x10");
+  EXPECT_EQ(printer.frames().size(), 1U);
+  printer.ClearFaults();
+  EXPECT_EQ(busy.Read(1), "\x6E");
+  EXPECT_EQ(other.Read(1), "\x74");
+  EXPECT_EQ(printer.frames().size(), 2U);
+
+  printer.OrderFault("busy=1");
+  busy.Send(Framed(kClose) + "\x05");
+  EXPECT_EQ(busy.Read(1), "\x6D");
+}
+
+TEST(FaultyConnection, BreaksOffForAllClientsAtAPowerCut) {
+  VirtualPrinter printer;
+  Client silent(printer.tcp_port());
+  Client client(printer.tcp_port());
+  silent.Send("\x10");
+  EXPECT_EQ(silent.Read(1), "\x74");
+  Sell(client);
+  printer.OrderFault("power-cut@frame=2");
+  client.Send(Framed(kHeader) + Framed(kLine) + kEnqByte);
+  EXPECT_EQ(client.Read(1), "");
+  EXPECT_EQ(silent.Read(1), "");
+  EXPECT_EQ(printer.books().cancelled_count, 1);
+  Client next(printer.tcp_port());
+  Sell(next);
+  EXPECT_EQ(SumOf(printer.books().receipts), 1800);
+}
+
+TEST(FaultyConnection, KeepsAcrossARestartWhatItBooked) {
+  VirtualPrinter printer;
+  Client client(printer.tcp_port());
+  printer.OrderFault("restart");
+  for (const char* command : {kHeader, kLine, kClose}) {
+    client.Send(Framed(command));
+  }
+  EXPECT_EQ(client.Read(1), "");
+  EXPECT_EQ(SumOf(printer.books().receipts), 900);
+}
+
+// It hangs up while an answer is on its way, too.
+TEST(FaultyConnection, BreaksOffLateAnswersAtAPowerCut) {
+  VirtualPrinter printer;
+  printer.OrderFault("late=86400000");
+  Client waiting(printer.tcp_port());
+  waiting.Send(Framed(kHeader) + kEnqByte);
+  EXPECT_TRUE(
+      printer.WaitUntil([](const Snapshot& now) { return now.document_open; }));
+  printer.OrderFault("power-cut");
+  Client client(printer.tcp_port());
+  client.Send(Framed("#n"));
+  EXPECT_EQ(client.Read(1), "");
+  EXPECT_EQ(waiting.Read(1), "");
 }
 
 TEST(FaultyConnection, MisanswersAndMishears) {

@@ -17,9 +17,9 @@ from printer_process import ENQ, ESC, HEADER, RECEIPT, Printer, ask, at_any_time
 
 COMMAND = []
 FAULTS = [
-    "book-nothing", "book-twice", "book-other", "book-late", "lose-closing", "die-after-closing", "silent", "dead", "cut",
-    "late", "paper-out", "bad-checksum", "refuse", "garble", "lose-answer", "double-answer", "cut-answer", "lose-byte",
-    "change-byte",
+    "book-nothing", "book-twice", "book-other", "book-late", "lose-closing", "die-after-closing", "silent", "dead",
+    "cut", "late", "paper-out", "bad-checksum", "refuse", "garble", "lose-answer", "double-answer", "cut-answer",
+    "lose-byte", "change-byte", "busy", "restart", "forget", "power-cut",
 ]
 PAPER = """\
              Sklep wzorcowy

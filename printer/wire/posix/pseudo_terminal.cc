@@ -70,7 +70,7 @@ class PseudoTerminal : public Wire {
         path_(SlavePath()),
         link_(link, path_) {
     MakeRaw();
-    Serve();
+    ServeClient();
   }
 
   std::string address() const override { return path_; }
@@ -99,11 +99,8 @@ class PseudoTerminal : public Wire {
           "tcsetattr");
   }
 
-  void Serve() {
-    std::make_shared<Session<Master>>(master_, switchboard_.gate,
-                                      switchboard_.new_receiver(), baud_,
-                                      [this] { WaitForClient(); })
-        ->Read();
+  void ServeClient() {
+    Serve(master_, switchboard_, baud_, [this] { WaitForClient(); });
   }
 
   // Without a client at the other end every read fails at once, so the line is
@@ -113,7 +110,7 @@ class PseudoTerminal : public Wire {
     const bool hung_up = poll(&line, 1, 0) == 1 &&
                          (line.revents & (POLLHUP | POLLIN)) == POLLHUP;
     if (!hung_up) {
-      Serve();
+      ServeClient();
       return;
     }
     pause_.expires_after(std::chrono::milliseconds(5));
