@@ -284,8 +284,24 @@ Outcome till_print(const Step* steps, size_t count, int64_t total) {
   return till_end(&sale, &steps[count - 1]);
 }
 
+/* Has the printer refuse something harmless. Its verdict is on the last command
+ * that it heard: if the next one gets lost, that of the one before must not be
+ * "accepted". */
+static int have_refused(void) {
+  DocumentShortEnd nothing = {.first_text = ""};
+  EnqStatus enq;
+  connection.clean =
+      quil_ioctrl(QUIL_DOCUMENT_SHORT_END, &nothing, NULL, 0) == 0 &&
+      ask_enq(&enq);
+  if (!connection.clean || enq.last_command_ok) {
+    printf("the printer does not hear what it is told\n");
+    return 0;
+  }
+  return 1;
+}
+
 Outcome till_do(const Step* step) {
-  if (!till_cancel() || !is_ready()) {
+  if (!till_cancel() || !is_ready() || !have_refused()) {
     return kNotPrinted;
   }
   const int32_t result = run(step, checked);

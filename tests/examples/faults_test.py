@@ -32,15 +32,20 @@ LONGEST = 30000
 # Seconds until a run is given up.
 PATIENCE = 600
 # They wait more than they work.
-PRINTERS = 16
+PRINTERS = 24
 RECEIPT = 1298
 OUTCOME = re.compile(r"^([\w ,]+): ((?:not )?(?:printed|open|shown)|cancelled|unknown)\b", re.MULTILINE)
 
 # A printer that commits these goes on answering: an example that looks, and has time enough, says exactly this.
 CERTAIN = {
     "lose-closing": {"not printed"}, "refuse": {"printed", "not printed"}, "bad-checksum": {"printed", "not printed"},
-    "book-nothing": {"unknown"}, "book-twice": {"unknown"}, "book-other": {"unknown"},
+    "book-nothing": {"unknown"}, "book-twice": {"unknown"}, "book-other": {"unknown"}, "restart": {"printed"},
+    "forget": {"unknown"},
 }
+# These leave a document closed or given up whose totals do not tell which.
+UNPROVABLE = {"book-nothing", "book-twice", "book-other", "forget", "power-cut"}
+# A command that is damaged on the line may be another one.
+DAMAGE = {"lose-byte", "change-byte"}
 # Values of a fault, by what the printer calls them, and how many places are tried where there are many.
 VALUES = {"GROSZE": [1, -1, -RECEIPT], "MILLISECONDS": [SHORT // 2, 2 * SHORT], "ERROR": [20]}
 PLACES = {"byte": 10, "answer": 8, "frame": 12, "line": 10}
@@ -49,7 +54,7 @@ PLACES = {"byte": 10, "answer": 8, "frame": 12, "line": 10}
 class Example:
     """A program, and what the printer's memory should hold when it says that it printed."""
 
-    def __init__(self, name, effect, finds_out=False, is_timed=True, retries=False):
+    def __init__(self, name, effect, finds_out=False, is_timed=True, retries=False, shows_damage=True):
         self.name = name
         # What grows by how much, by the name of what is told.
         self.effect = effect
@@ -59,6 +64,9 @@ class Example:
         self.is_timed = is_timed
         # Whether it prints again what is not printed.
         self.retries = retries
+        # Whether the checksums of its commands tell the printer of damage. The drawer's does not: with a wrong one it is
+        # a text for the display, and accepted.
+        self.shows_damage = shows_damage
 
     def run(self, bench, timeout):
         """The outcomes that it tells, by name, and everything it says."""
@@ -72,8 +80,10 @@ class Example:
             raise AssertionError(f"{self.name}: exit status {done.returncode}\n{done.stdout}{done.stderr}")
         return outcomes, done.stdout
 
-    def contradictions(self, outcomes, before, after):
+    def contradictions(self, outcomes, before, after, fault=""):
         """What is told otherwise than it is, as texts."""
+        if fault in DAMAGE and not self.shows_damage:
+            return []
         expected = dict.fromkeys(before, 0)
         # What is paid for a document goes into the drawer, or not; the printer's own tests say when.
         sells = any(key in ("receipts", "invoices") for key, _ in self.effect.values())
@@ -113,7 +123,7 @@ EXAMPLES = [
     Example("task_cancelled_receipt", {"receipt": ("receipts", RECEIPT)}),
     Example("task_daily_report", {"daily report": ("reports", 1)}),
     Example("task_cash_in_and_out", {"cash in": ("cash", 20000), "cash out": ("cash", -15050)}),
-    Example("task_drawer_and_display", {"drawer": ("drawer", 1)}),
+    Example("task_drawer_and_display", {"drawer": ("drawer", 1)}, shows_damage=False),
 ]
 NEXT_RECEIPT = EXAMPLES[2]
 
@@ -237,7 +247,7 @@ class Faults(unittest.TestCase):
         bench.order("fault", fault=order)
         outcomes, said = example.run(bench, LONGER if fault in CERTAIN else SHORT)
         self.count(fault, outcomes)
-        wrong = example.contradictions(outcomes, before, bench.memory())
+        wrong = example.contradictions(outcomes, before, bench.memory(), fault)
         certain = CERTAIN.get(fault) if example.finds_out else None
         if certain and not set(outcomes.values()) <= (certain | {"printed"} if example.retries else certain):
             wrong.append(f"should be {' or '.join(certain)}")
@@ -248,7 +258,7 @@ class Faults(unittest.TestCase):
             said += "asked again:\n" + said_then
             self.count("(asked again)", outcomes)
             wrong += example.contradictions(outcomes, before, bench.memory())
-            if outcomes["receipt"] == "unknown" and not fault.startswith("book-"):
+            if outcomes["receipt"] == "unknown" and fault not in UNPROVABLE:
                 wrong.append("still unknown")
             kept.unlink(missing_ok=True)
         return [f"{one}\n{said}" for one in wrong]
