@@ -64,8 +64,8 @@ class Example:
         self.is_timed = is_timed
         # Whether it prints again what is not printed.
         self.retries = retries
-        # Whether the checksums of its commands tell the printer of damage. The drawer's does not: with a wrong one it is
-        # a text for the display, and accepted.
+        # Whether checksums tell the printer that its commands are damaged. The drawer's does not: with a wrong one the
+        # command is a text for the display, and accepted.
         self.shows_damage = shows_damage
 
     def run(self, bench, timeout):
