@@ -271,7 +271,7 @@ TEST_P(RecoveryTest, IsAsThePageSays) {
 }
 
 std::string NameOf(const ::testing::TestParamInfo<Case>& tried) {
-  std::string name = "Row" + std::to_string(tried.index);
+  std::string name = std::string("Row").append(std::to_string(tried.index));
   std::copy_if(tried.param.fault.begin(), tried.param.fault.end(),
                std::back_inserter(name), ::isalnum);
   return name;
