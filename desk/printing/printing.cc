@@ -151,7 +151,9 @@ Outcome Printing::Judge(const Document& document, State state,
       again = closing;
       break;
     case Growth::kOther:
+      // The books may not be through with it.
       outcome.kind = Outcome::Kind::kNeedsPerson;
+      again = closing;
       break;
     case Growth::kUnknown:
       outcome.kind =

@@ -32,6 +32,7 @@ RATES = "ABCD"
 # Faults with places, of which one is chosen by chance.
 FAULTS = (
     [f"{name}@document=1" for name in ("lose-closing", "die-after-closing", "restart", "forget")] +
+    ["power-cut@frame={frame}"] +
     [f"book-late={CLOSING_MS // 4}", f"busy={REPLY_MS // 2}@frame=9",
      f"busy={3 * REPLY_MS}@frame=10"] +
     [f"{name}@byte={{byte}}" for name in ("silent", "dead", "cut", "lose-byte", "change-byte")] +
@@ -44,9 +45,16 @@ LIES = ["book-nothing@document=1", "book-twice@document=1", "book-other=100@docu
 
 
 def free_port():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
+    """A port that the system gives to nobody by itself, so that the printer finds it free again."""
+    for _ in range(1000):
+        port = random.randrange(15_000, 30_000)
+        with socket.socket() as probe:
+            try:
+                probe.bind(("127.0.0.1", port))
+                return port
+            except OSError:
+                pass
+    raise AssertionError("no port is free")
 
 
 class Process:
