@@ -3,8 +3,8 @@
 
     bench_table.py FOLDER LINUX_LIBRARY WINDOWS_LIBRARY
 
-FOLDER holds bench.json, which the benchmark program wrote with --benchmark_out, and receipt_linux.json and
-receipt_windows.json, what receipt_latency printed. Fails when an aim is missed.
+FOLDER holds bench.json, which the benchmark program wrote with --benchmark_out, receipt_linux.json and
+receipt_windows.json, what receipt_latency printed, and desk.json, what desk_cost printed. Fails when an aim is missed.
 """
 
 import json
@@ -71,6 +71,15 @@ def size(path, largest):
     return (f"size of `{path.name}`", f"{kilobytes:,.0f} KB", "", f"at most {largest} KB", kilobytes <= largest)
 
 
+def desk_rows(figures):
+    """What the desk costs beyond the driver's own calls."""
+    beyond = (figures["desk"] - figures["bare"]) * 1e3
+    yield ("a receipt through the desk, journal on disk, virtual printer", f"{figures['desk'] * 1e3:.2f} ms",
+           f"{figures['bare'] * 1e3:.2f} ms by calls, {beyond:.2f} ms less", "at most 2 ms more", beyond <= 2)
+    yield ("journal of the desk, a receipt", f"{figures['journal_bytes']:,.0f} bytes", "", "", None)
+    yield ("opening a desk with 100,000 entries in its journal", f"{figures['opening'] * 1e3:.1f} ms", "", "", None)
+
+
 def rows(folder, linux_library, windows_library):
     """What is measured, the figure, the bare figure beside it, the aim, and whether it is met (None: no aim)."""
     figures = Figures(folder / "bench.json")
@@ -120,6 +129,8 @@ def rows(folder, linux_library, windows_library):
 
     wake_ups = figures.counter("IdlePort", "wake_ups_per_second")
     yield ("times an idle threaded port wakes", f"{wake_ups:.1f} /s", "", "under 1 /s", wake_ups < 1)
+
+    yield from desk_rows(json.loads((folder / "desk.json").read_text(encoding="utf-8")))
 
     yield size(linux_library, 310)
     yield size(windows_library, 380)

@@ -1,9 +1,10 @@
 #!/usr/bin/python3
 """Tests how the files that ship are made: hardening, needed versions, debug information, size.
 
-    shipped_test.py LIBRARY PROGRAM
+    shipped_test.py LIBRARY PROGRAM DESK
 
-LIBRARY is libquilon.so or quilon.dll, PROGRAM is quilon-printer or quilon-printer.exe, both from a release build.
+LIBRARY is libquilon.so or quilon.dll, PROGRAM is quilon-printer or quilon-printer.exe, DESK is libquilon-desk.so or
+quilon-desk.dll, all from a release build.
 """
 
 import pathlib
@@ -19,9 +20,12 @@ from binaries import PE_TOOLS, elf_imports, exports, is_pe, needed_libraries, ru
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 README = (ROOT / "README.md").read_text(encoding="utf-8")
 
-LIBRARY, PROGRAM = sys.argv[1:3]
+LIBRARY, PROGRAM, DESK = sys.argv[1:4]
 # A function of each file, and how its definition in the sources begins.
-FUNCTIONS = {LIBRARY: ("quil_init", "int32_t quil_init("), PROGRAM: ("main", "int main(")}
+FUNCTIONS = {LIBRARY: ("quil_init", "int32_t quil_init("), PROGRAM: ("main", "int main("),
+             DESK: ("quil_desk_close", "void quil_desk_close(")}
+DESK_FUNCTIONS = ["quil_desk_" + name for name in (
+    "close", "free", "learn", "open", "pending", "print", "resolve", "status")]
 
 LARGEST_LIBRARY = {".so": 310_000, ".dll": 380_000}
 
@@ -29,6 +33,8 @@ LINUX_LIBRARIES = {"libc.so.6", "libm.so.6", "ld-linux-x86-64.so.2"}
 WINDOWS_LIBRARIES = {"kernel32.dll", "msvcrt.dll", "ws2_32.dll"}
 # The program alone: sockets of Asio, the compiler's own start of the stack protector.
 WINDOWS_PROGRAM_LIBRARIES = WINDOWS_LIBRARIES | {"advapi32.dll", "mswsock.dll"}
+# The desk stands upon the library.
+DESK_LIBRARIES = {"libquilon.so", "libsqlite3.so.0", "quilon.dll", "advapi32.dll"}
 
 
 def elf_faults(path):
@@ -45,7 +51,8 @@ def elf_faults(path):
         re.search(r"FLAGS_1.*\bNOW\b", dump),
         "no stack protector": "__stack_chk_fail" in imports,
         "no checked copies": any(re.fullmatch(r"__(?!stack).*_chk", name) for name in imports),
-        "a folder to look for libraries in": not re.search(r"\((RPATH|RUNPATH)\)", dump),
+        # But for the folder that it lies in itself.
+        "a folder to look for libraries in": set(re.findall(r"\((?:RPATH|RUNPATH)\).*\[(.*)\]", dump)) <= {"$ORIGIN"},
         "code that is written to when loaded": "(TEXTREL)" not in dump,
         "symbols": not section(".symtab", path) and ".symtab" not in run("readelf", "--wide", "--sections", path),
     }
@@ -107,6 +114,15 @@ class SizeTest(unittest.TestCase):
         self.assertLessEqual(library.stat().st_size, LARGEST_LIBRARY[library.suffix])
 
 
+class DeskTest(unittest.TestCase):
+
+    def test_offers_its_functions_only(self):
+        self.assertEqual(exports(DESK), DESK_FUNCTIONS)
+
+    def test_needs_the_library_and_the_system(self):
+        self.assertEqual(needed_libraries(DESK) - LINUX_LIBRARIES - WINDOWS_LIBRARIES - DESK_LIBRARIES, set())
+
+
 class DebugTest(unittest.TestCase):
 
     def test_a_debugger_finds_its_file(self):
@@ -153,7 +169,7 @@ class LinuxTest(unittest.TestCase):
                 "a folder to look for libraries in", "symbols"])
 
     def test_needs_the_system_only(self):
-        for path in FUNCTIONS:
+        for path in (LIBRARY, PROGRAM):
             with self.subTest(path=path):
                 self.assertEqual(needed_libraries(path) - LINUX_LIBRARIES, set())
 
