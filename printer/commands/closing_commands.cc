@@ -80,7 +80,7 @@ std::string CloseReceipt(Device& device, Request& request) {
   closing.total = request.Number(texts + 1);
   closing.adjustment =
       ReceiptAdjustment(*rate, kind, request.Number(texts + 2));
-  CloseDocument(device, closing);
+  CloseDocument(device, std::move(closing));
   return {};
 }
 
@@ -99,7 +99,7 @@ std::string CloseInvoice(Device& device, Request& request) {
   closing.total = request.Number(texts);
   closing.adjustment = {AdjustmentModeOf(request.Integer(4)),
                         request.Number(texts + 1)};
-  CloseDocument(device, closing);
+  CloseDocument(device, std::move(closing));
   return {};
 }
 
@@ -125,7 +125,7 @@ std::string CloseWithTotals(Device& device, Request& request) {
     TakePayment(*device.document, PaymentForm::kOther,
                 request.Number(kTexts + 7), closing);
   }
-  CloseDocument(device, closing);
+  CloseDocument(device, std::move(closing));
   return {};
 }
 
@@ -180,7 +180,7 @@ std::string CloseWithList(Device& device, Request& request) {
              !listed.empty() && SumOf(listed) != sum) {
     throw Refusal(Rule::kPaymentsDiffer, Compared(SumOf(listed), sum));
   }
-  CloseDocument(device, closing);
+  CloseDocument(device, std::move(closing));
   device.slip_attached = with_slip;
   device.slip_lines = 0;
   return {};

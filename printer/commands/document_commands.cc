@@ -1,3 +1,4 @@
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,15 +25,24 @@ void CheckThatNoneIsOpen(const Device& device) {
 }
 
 void OpenDocument(Device& device, Document document) {
+  const Marks marks = TakeMarks(document.series, document.header_lines);
+  document.Add(marks);
   document.owner = device.owner;
   document.rates = device.rates;
   document.client = device.client;
   document.begun = device.Now();
   CheckOpening(device, document);
+  CheckMarks(device, marks);
   PrintHead(device.paper, document, device.NextRunningNumber());
   device.document = std::move(document);
   device.last_document_closed = false;
   device.slip_attached = false;
+}
+
+// Of an invoice's buyer; a blank text is none.
+std::optional<std::string> BuyerNumber(const std::string& text) {
+  return text.find_first_not_of(' ') == std::string::npos ? std::nullopt
+                                                          : std::optional(text);
 }
 
 // Outside a document a note stands on the paper by itself.
@@ -84,7 +94,8 @@ std::string BeginInvoice(Device& device, Request& request) {
   OpenDocument(device, {.series = Series::kInvoice,
                         .header_lines = {lines, buyer},
                         .number_text = converted.front(),
-                        .buyer = {buyer, closing},
+                        .buyer_number = BuyerNumber(*buyer),
+                        .buyer = {buyer + 1, closing},
                         .remarks = {closing, converted.end()}});
   return {};
 }

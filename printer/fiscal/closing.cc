@@ -56,7 +56,7 @@ Document TakeDocument(Device& device) {
 
 }  // namespace
 
-void CloseDocument(Device& device, const Closing& closing) {
+void CloseDocument(Device& device, Closing closing) {
   const Document& open = *device.document;
   if (open.items == 0) {
     throw Refusal(Rule::kNoLine);
@@ -77,10 +77,13 @@ void CloseDocument(Device& device, const Closing& closing) {
     throw Refusal(Rule::kChange);
   }
   CheckClosing(device, closing);
+  const Marks marks = TakeMarks(open.series, closing.texts);
+  CheckMarks(device, marks);
   Document document = TakeDocument(device);
   document.adjustment = closing.adjustment;
   document.sold = Spread(document.sales, sold);
-  document.closing_texts = closing.texts;
+  document.Add(marks);
+  document.closing_texts = std::move(closing.texts);
   document.number = ++device.books.CountOf(document.series);
   document.payments = payments;
   PrintEnd(device.paper, document);

@@ -24,7 +24,7 @@ struct Closing {
 
 // Closes the open document; throws Refusal, and leaves it open, unless it is
 // right.
-void CloseDocument(Device& device, const Closing& closing);
+void CloseDocument(Device& device, Closing closing);
 
 // Gives the open document up.
 void CancelDocument(Device& device, const std::vector<std::string>& texts);

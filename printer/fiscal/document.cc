@@ -16,6 +16,11 @@ void Document::Add(Deposit deposit) {
   entries.emplace_back(std::move(deposit));
 }
 
+void Document::Add(const Marks& marks) {
+  buyer_number = marks.buyer_number ? marks.buyer_number : buyer_number;
+  cash_desk = marks.cash_desk ? marks.cash_desk : cash_desk;
+}
+
 int64_t SumOf(const std::vector<Payment>& payments) {
   return std::accumulate(
       payments.begin(), payments.end(), int64_t{0},

@@ -6,12 +6,14 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 #include <vector>
 
 #include "printer/fiscal/adjustment.h"
 #include "printer/fiscal/books.h"
+#include "printer/fiscal/marks.h"
 
 namespace quilon::printer {
 
@@ -69,8 +71,9 @@ struct Document {
   Rates rates = kUsualRates;
   int64_t client = 0;  // who has it open; 0: anybody, the client is gone
   std::vector<std::string> header_lines{};
-  std::string number_text{};         // that the client gave an invoice
-  std::vector<std::string> buyer{};  // the first text is the NIP
+  std::string number_text{};                  // that the client gave an invoice
+  std::optional<std::string> buyer_number{};  // NIP
+  std::vector<std::string> buyer{};           // name and address
   std::vector<std::string> remarks{};
   std::chrono::local_seconds begun{};
 
@@ -86,12 +89,14 @@ struct Document {
   int32_t number = 0;  // of its series
   std::chrono::local_seconds ended{};
   std::string cashier{};
+  std::optional<int64_t> cash_desk{};
   Adjustment adjustment{};  // of the whole document
   Totals sold{};            // after it
   std::vector<std::string> closing_texts{};
 
   void Add(Item item);
   void Add(Deposit deposit);
+  void Add(const Marks& marks);
   void Add(Note note) { entries.emplace_back(std::move(note)); }
 
   // What the client has to pay for what was sold, and for deposits.

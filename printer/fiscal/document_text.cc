@@ -112,6 +112,23 @@ void PrintPayments(Paper& paper, const Document& document) {
   }
 }
 
+// "Kasjer ... Anna"; where the cash desk has a number "Kasa 3 ... Kasjer Anna".
+void PrintDesk(Paper& paper, const Document& document) {
+  const std::string& cashier = document.cashier;
+  if (document.cash_desk) {
+    paper.PrintPair("Kasa " + std::to_string(*document.cash_desk),
+                    cashier.empty() ? "" : "Kasjer " + cashier);
+  } else if (!cashier.empty()) {
+    paper.PrintPair("Kasjer", cashier);
+  }
+}
+
+void PrintBuyerNumber(Paper& paper, const Document& document) {
+  if (document.buyer_number) {
+    paper.PrintPair("NIP nabywcy", *document.buyer_number);
+  }
+}
+
 }  // namespace
 
 std::string MomentText(std::chrono::local_seconds moment) {
@@ -151,12 +168,11 @@ void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
   paper.PrintCentered(document.number_text.empty()
                           ? "FAKTURA"
                           : "FAKTURA " + document.number_text);
-  bool first = true;
+  PrintBuyerNumber(paper, document);
   for (const std::string& text : document.buyer) {
     if (!text.empty()) {
-      paper.PrintPair(first ? "NIP nabywcy" : "Nabywca", text);
+      paper.PrintPair("Nabywca", text);
     }
-    first = false;
   }
   PrintCentered(paper, document.remarks);
 }
@@ -197,8 +213,9 @@ void PrintEnd(Paper& paper, const Document& document) {
   paper.PrintPair(
       (receipt ? "Paragon " : "Faktura ") + std::to_string(document.number),
       MomentText(document.ended));
-  if (!document.cashier.empty()) {
-    paper.PrintPair("Kasjer", document.cashier);
+  PrintDesk(paper, document);
+  if (receipt) {
+    PrintBuyerNumber(paper, document);
   }
   PrintLogo(paper);
 }

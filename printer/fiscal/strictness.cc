@@ -54,13 +54,18 @@ void CheckDay(const Device& device) {
          Rule::kProtectedMemoryFull);
 }
 
-// The first of the buyer's texts is the NIP; who has none may have a name only.
-void CheckBuyer(const Device& device, const std::vector<std::string>& buyer) {
-  const bool named = !std::all_of(buyer.begin() + 1, buyer.end(), IsBlank);
-  const std::string& number = buyer.front();
-  Demand(device, named || !IsBlank(number), Rule::kBuyerMissing);
-  Demand(device, IsBlank(number) || IsTaxNumber(number), Rule::kBuyerNumber,
-         number);
+void CheckBuyerNumber(const Device& device,
+                      const std::optional<std::string>& number) {
+  Demand(device, !number || IsTaxNumber(*number), Rule::kBuyerNumber,
+         number.value_or(""));
+}
+
+// Of an invoice. Who has no NIP may have a name only.
+void CheckBuyer(const Device& device, const Document& document) {
+  const std::vector<std::string>& buyer = document.buyer;
+  const bool named = !std::all_of(buyer.begin(), buyer.end(), IsBlank);
+  Demand(device, named || document.buyer_number, Rule::kBuyerMissing);
+  CheckBuyerNumber(device, document.buyer_number);
   Demand(device, named, Rule::kBuyerName);
   constexpr size_t kMaxText = 80;
   for (const std::string& text : buyer) {
@@ -69,7 +74,7 @@ void CheckBuyer(const Device& device, const std::vector<std::string>& buyer) {
 }
 
 // Of a cashier or a cash desk.
-void CheckClientsNumber(const Device& device, int32_t number, Rule rule) {
+void CheckClientsNumber(const Device& device, int64_t number, Rule rule) {
   constexpr int32_t kMaxNumber = 999;
   Demand(device, number >= 0 && number <= kMaxNumber, rule,
          [&] { return std::to_string(number); });
@@ -116,11 +121,18 @@ void CheckOpening(const Device& device, const Document& document) {
   CheckDay(device);
   Demand(device, !IsBlank(document.owner), Rule::kNoHeader);
   if (document.series == Series::kInvoice) {
-    CheckBuyer(device, document.buyer);
+    CheckBuyer(device, document);
     Demand(device,
            !IsBlank(document.number_text) &&
                !device.invoice_numbers.contains(document.number_text),
            Rule::kInvoiceNumber, document.number_text);
+  }
+}
+
+void CheckMarks(const Device& device, const Marks& marks) {
+  CheckBuyerNumber(device, marks.buyer_number);
+  if (marks.cash_desk) {
+    CheckCashDesk(device, *marks.cash_desk);
   }
 }
 
@@ -272,7 +284,7 @@ void CheckLogOut(const Device& device, const std::string& name) {
          [&] { return MazoviaToUtf8(present); });
 }
 
-void CheckCashDesk(const Device& device, int32_t number) {
+void CheckCashDesk(const Device& device, int64_t number) {
   CheckClientsNumber(device, number, Rule::kCashDesk);
 }
 

@@ -26,6 +26,8 @@ void CheckTexts(const Device& device, std::string_view fields);
 // --- Documents -------------------------------------------------------------
 
 void CheckOpening(const Device& device, const Document& document);
+// Of an opening or a closing.
+void CheckMarks(const Device& device, const Marks& marks);
 // That the open document is this client's.
 void CheckClient(const Device& device);
 // Of a line with an amount of a discount or surcharge.
@@ -65,7 +67,7 @@ void CheckDocumentNumbers(const Device& device, int64_t first, int64_t last);
 
 void CheckLogIn(const Device& device, int32_t number, const std::string& name);
 void CheckLogOut(const Device& device, const std::string& name);
-void CheckCashDesk(const Device& device, int32_t number);
+void CheckCashDesk(const Device& device, int64_t number);
 void CheckShift(const Device& device, const std::string& shift);
 void CheckSlip(const Device& device, size_t further_lines);
 void CheckFileName(const Device& device, const std::string& name);

@@ -74,6 +74,18 @@ TEST_F(Documents, AnInvoiceStandsOnPaperAndInItsOwnBooks) {
   EXPECT_EQ(device.books.invoice_count, 1);
 }
 
+TEST_F(Documents, AnInvoiceNamesItsCashDeskAndHasAFieldForTheBuyersNumber) {
+  Open(
+      "1;1;1;0;0;0;0;0;0;0;0$hFV 2\rNIP nabywcy 1\r123-456-32-18\rJan\r\r\r"
+      "\r\r\r");
+  EXPECT_EQ(device.document->buyer_number, "123-456-32-18");
+  EXPECT_THAT(NewPaper(), Contains("             NIP nabywcy 1"));
+  EXPECT_EQ(Verdict("0;0;0;0;0;1;0;0;0$eKasa 7\r\r\r\r9/0/"), 0);
+  const auto paper = NewPaper();
+  EXPECT_THAT(paper, Contains("Kasa 7"));
+  EXPECT_THAT(paper, testing::Not(Contains(testing::HasSubstr("NIP nabywcy"))));
+}
+
 TEST_F(Documents, AnInvoiceClosesInEveryMode) {
   int number = 0;
   struct Case {

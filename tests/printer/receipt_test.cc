@@ -255,6 +255,65 @@ TEST_F(Receipt, NamesTheCashier) {
   EXPECT_THAT(NewPaper(), Contains("Kasjer                              Anna"));
 }
 
+TEST_F(Receipt, NamesCashDeskCashierAndBuyer) {
+  Send("3#pAnna\r1234\r");
+  NewPaper();
+  EXPECT_EQ(Verdict("0;2;0;1;0$hWitamy\rNIP nabywcy: 123-456-32-18\r\r"), 0);
+  EXPECT_EQ(Verdict(kLine), 0);
+  EXPECT_EQ(Verdict("1;0;1;0;0;0$eKasa 3\rDo widzenia\r0/9/0/"), 0);
+  EXPECT_THAT(NewPaper(),
+              ElementsAre("             Sklep wzorcowy",               //
+                          "              ul. Prosta 1",                //
+                          "            00-001 Warszawa",               //
+                          "                 Witamy",                   //
+                          "           NIP 000-000-00-00",              //
+                          "2024-01-31 12:05           wydruk 000002",  //
+                          "            PARAGON FISKALNY",              //
+                          "Chleb",                                     //
+                          "  2 x 4,50                        9,00 A",  //
+                          "----------------------------------------",  //
+                          "SPRZEDAŻ OPODATKOWANA A             9,00",  //
+                          "PTU A 23%                           1,68",  //
+                          "SUMA PTU                            1,68",  //
+                          "SUMA PLN                            9,00",  //
+                          "Gotówka                             9,00",  //
+                          "              Do widzenia",                 //
+                          "Paragon 1               2024-01-31 12:05",  //
+                          "Kasa 3                       Kasjer Anna",  //
+                          "NIP nabywcy                123-456-32-18",  //
+                          "     WYDRUK WIRTUALNY QVP0000000001",       //
+                          ""));
+}
+
+TEST_F(Receipt, TakesTheLastNumberOfBuyerAndCashDesk) {
+  Send("0;2;0;1;0$hNIP nabywcy 123-456-32-18\rKasa 3\r\r");
+  Send(kLine);
+  // 5x6+2x5+6x7+1x2+0x3+4x4+0x5+8x6+2x7 = 162, and 162 = 14x11 + 8
+  EXPECT_EQ(Verdict("1;0;1;0;0;0$eNIP nabywcy PL5261040828\rKasa 0\r0/9/0/"),
+            0);
+  const auto paper = NewPaper();
+  EXPECT_THAT(paper, Contains("Kasa 0"));
+  EXPECT_THAT(paper, Contains("NIP nabywcy                 PL5261040828"));
+  EXPECT_THAT(paper, Not(Contains(HasSubstr("123-456-32-18"))));
+}
+
+TEST_F(Receipt, PrintsTextsThatOnlyResembleBuyerAndCashDesk) {
+  Send("0;3;0;1;0$hNIP nabywcyprzy kasie\rKasa trzecia\rKasa3\r\r");
+  const auto paper = NewPaper();
+  EXPECT_THAT(paper, Contains("         NIP nabywcyprzy kasie"));
+  EXPECT_THAT(paper, Contains("              Kasa trzecia"));
+  EXPECT_THAT(paper, Contains("                 Kasa3"));
+  EXPECT_FALSE(device.document->buyer_number);
+  EXPECT_FALSE(device.document->cash_desk);
+}
+
+TEST_F(Receipt, TakesAnyNumbersWhenItIsLenient) {
+  device.strict = false;
+  EXPECT_EQ(Verdict("0;1;0;1;0$hNIP nabywcy 123\rKasa 1000\r"), 0);
+  EXPECT_EQ(device.document->buyer_number, "123");
+  EXPECT_EQ(device.document->cash_desk, 1000);
+}
+
 TEST_F(Receipt, CountsItsPrintouts) {
   for (const char* number : {"000001", "000002"}) {
     Send(kHeader);

@@ -20,7 +20,9 @@ typedef struct DocumentHeader {
   /** How many of `lines` are sent, 0 to 3. */
   int32_t line_count;
   /** The header lines.
-   *  Virtual printer: printed at the head of the document. */
+   *  Virtual printer: printed at the head of the document, but "NIP nabywcy"
+   *  with the NIP of a receipt's buyer and "Kasa" with the number of the cash
+   *  desk stand at its end. */
   char lines[3][200];
   /** Last parameter. */
   int32_t header_integer;
@@ -123,7 +125,9 @@ typedef struct DocumentEnd {
    *  Virtual printer: printed at the end of the document. */
   char code_text[33];
   /** The extra lines.
-   *  Virtual printer: printed at the end of the document. */
+   *  Virtual printer: printed at the end of the document, "NIP nabywcy" with
+   *  the NIP of a receipt's buyer and "Kasa" with the number of the cash desk
+   *  in their own places. */
   char extra_lines[3][41];
   char reserved1[4];
   /** What the customer paid, in hundredths.
