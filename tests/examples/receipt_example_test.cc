@@ -31,36 +31,36 @@ TEST(Receipt, StandsOnThePaper) {
   const Result run = RunExample("receipt", AddressOf(printer));
   EXPECT_TRUE(run.succeeded);
   EXPECT_THAT(run.output, EndsWith("receipt: printed\n"));
-  EXPECT_THAT(
-      printer.paper(),
-      ElementsAre(
-          "             Sklep wzorcowy",      //
-          "              ul. Prosta 1",       //
-          "            00-001 Warszawa",      //
-          "          Sklep \"Pod Źródłem\"",  //
-          "   ul. Żółkiewskiego 7, 31-539 Kraków",
-          "           NIP 000-000-00-00",
-          "2024-01-31 12:05           wydruk 000001",
-          "            PARAGON FISKALNY",
-          "Chleb żytni",  //
-          "na zakwasie, krojony", "  2 szt x 6,49                   12,98 C",
-          "Ser wędzony gołka", "  0,755 kg x 38,90               29,37 C",
-          "Kubek błękitny \"Cześć!\"",
-          "  1 szt x 24,50                  24,50 A",
-          "----------------------------------------",
-          // 24,50 * 23 / 123 = 4,581
-          "SPRZEDAŻ OPODATKOWANA A            24,50",
-          "PTU A 23%                           4,58",
-          // 42,35 * 5 / 105 = 2,017
-          "SPRZEDAŻ OPODATKOWANA C            42,35",
-          "PTU C 5%                            2,02",
-          "SUMA PTU                            6,60",
-          "SUMA PLN                           66,85",
-          "Gotówka 1                          70,00",
-          "Reszta                              3,15", "                 Kasa 1",
-          "    Dziękujemy, zapraszamy ponownie",
-          "Paragon 1               2024-01-31 12:05",
-          "     WYDRUK WIRTUALNY QVP0000000001", ""));
+  EXPECT_THAT(printer.paper(),
+              ElementsAre("             Sklep wzorcowy",      //
+                          "              ul. Prosta 1",       //
+                          "            00-001 Warszawa",      //
+                          "          Sklep \"Pod Źródłem\"",  //
+                          "   ul. Żółkiewskiego 7, 31-539 Kraków",
+                          "           NIP 000-000-00-00",
+                          "2024-01-31 12:05           wydruk 000001",
+                          "            PARAGON FISKALNY",
+                          "Chleb żytni",  //
+                          "na zakwasie, krojony",
+                          "  2 szt x 6,49                   12,98 C",
+                          "Ser wędzony gołka",
+                          "  0,755 kg x 38,90               29,37 C",
+                          "Kubek błękitny \"Cześć!\"",
+                          "  1 szt x 24,50                  24,50 A",
+                          "----------------------------------------",
+                          // 24,50 * 23 / 123 = 4,581
+                          "SPRZEDAŻ OPODATKOWANA A            24,50",
+                          "PTU A 23%                           4,58",
+                          // 42,35 * 5 / 105 = 2,017
+                          "SPRZEDAŻ OPODATKOWANA C            42,35",
+                          "PTU C 5%                            2,02",
+                          "SUMA PTU                            6,60",
+                          "SUMA PLN                           66,85",
+                          "Gotówka 1                          70,00",
+                          "Reszta                              3,15",
+                          "    Dziękujemy, zapraszamy ponownie",
+                          "Paragon 1               2024-01-31 12:05", "Kasa 1",
+                          "     WYDRUK WIRTUALNY QVP0000000001", ""));
   EXPECT_EQ(printer.books().receipt_count, 1);
 }
 
