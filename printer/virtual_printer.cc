@@ -55,7 +55,7 @@ class VirtualPrinter::Engine {
         latency_(options.latency),
         frame_patience_(options.frame_patience) {
     device_.paper.set_sinks(
-        [this](const std::string& line) { Tell(&Watcher::OnLine, line); },
+        [this](const PaperLine& line) { Tell(&Watcher::OnLine, line); },
         [this](const Printout& printout) {
           Tell(&Watcher::OnPrintout, printout);
         });

@@ -30,7 +30,7 @@ void PrintParameters(Paper& paper, const Request& request) {
 
 // The title and all that came with it.
 void BeginForm(Device& device, const Request& request) {
-  device.paper.PrintCentered(request.title);
+  device.paper.PrintCentered(request.title, LineStyle::kBold);
   PrintParameters(device.paper, request);
   PrintFields(device.paper, NoteOf(request));
 }
@@ -45,7 +45,7 @@ void EndForm(Device& device) {
 void BeginReport(Device& device, const std::string& title) {
   PrintOwner(device.paper, device.owner);
   PrintRunningNumber(device.paper, device.Now(), device.NextRunningNumber());
-  device.paper.PrintCentered(title);
+  device.paper.PrintCentered(title, LineStyle::kBold);
 }
 
 void EndReport(Device& device, const Request& request) {

@@ -27,8 +27,12 @@ void PrintLines(Paper& paper, const std::vector<std::string>& lines) {
   }
 }
 
+void PrintTitle(Paper& paper) {
+  paper.PrintCentered("# NIEFISKALNY #", LineStyle::kBold);
+}
+
 void PrintEnd(Device& device) {
-  device.paper.PrintCentered("# NIEFISKALNY #");
+  PrintTitle(device.paper);
   device.paper.PrintPair("", device.DateAndTime());
   ++device.books.day.slip_count;
   device.TearOff({PrintoutKind::kSlip});
@@ -53,7 +57,7 @@ std::string BeginSlip(Device& device, Request& request) {
   device.slip_open = true;
   device.slip_lines = 0;
   device.slip_attached = false;
-  device.paper.PrintCentered("# NIEFISKALNY #");
+  PrintTitle(device.paper);
   if (!header.empty()) {
     device.paper.PrintCentered(MazoviaToUtf8(header));
   }

@@ -6,8 +6,6 @@
 namespace quilon::printer {
 namespace {
 
-constexpr std::string_view kCurrency = "PLN";
-
 std::string QuantityAndPrice(int64_t quantity, const std::string& unit,
                              int64_t price) {
   return "  " + QuantityText(quantity) + (unit.empty() ? "" : " ") + unit +
@@ -162,12 +160,13 @@ void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
   PrintOwner(paper, document.owner, document.header_lines);
   PrintRunningNumber(paper, document.begun, running_number);
   if (document.series == Series::kReceipt) {
-    paper.PrintCentered("PARAGON FISKALNY");
+    paper.PrintCentered("PARAGON FISKALNY", LineStyle::kBold);
     return;
   }
   paper.PrintCentered(document.number_text.empty()
                           ? "FAKTURA"
-                          : "FAKTURA " + document.number_text);
+                          : "FAKTURA " + document.number_text,
+                      LineStyle::kBold);
   PrintBuyerNumber(paper, document);
   for (const std::string& text : document.buyer) {
     if (!text.empty()) {
@@ -175,6 +174,10 @@ void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
     }
   }
   PrintCentered(paper, document.remarks);
+}
+
+void PrintTotal(Paper& paper, int64_t gross) {
+  paper.PrintPair("SUMA PLN", AmountText(gross), LineStyle::kDouble);
 }
 
 void PrintEntry(Paper& paper, const Entry& entry) {
@@ -202,7 +205,7 @@ void PrintEnd(Paper& paper, const Document& document) {
     paper.PrintPair(document.adjustment.Text(), ChangeText(sum, sold));
   }
   PrintRates(paper, document.sold, document.rates);
-  paper.PrintPair(std::string("SUMA ").append(kCurrency), AmountText(sold));
+  PrintTotal(paper, sold);
   if (document.deposits != 0) {
     paper.PrintPair("KAUCJE", AmountText(document.deposits));
     paper.PrintPair("DO ZAPŁATY", AmountText(document.Due()));
@@ -223,9 +226,9 @@ void PrintEnd(Paper& paper, const Document& document) {
 void PrintCancellation(Paper& paper, const Document& document,
                        const std::vector<std::string>& texts) {
   paper.PrintRule();
-  paper.PrintCentered(document.series == Series::kReceipt
-                          ? "PARAGON ANULOWANY"
-                          : "FAKTURA ANULOWANA");
+  paper.PrintCentered(document.series == Series::kReceipt ? "PARAGON ANULOWANY"
+                                                          : "FAKTURA ANULOWANA",
+                      LineStyle::kBold);
   PrintCentered(paper, texts);
   paper.PrintPair("", MomentText(document.ended));
   PrintLogo(paper);

@@ -25,6 +25,9 @@ void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
 // `running_number` is that of all printouts.
 void PrintHead(Paper& paper, const Document& document, int32_t running_number);
 
+// What was sold in all, with its currency.
+void PrintTotal(Paper& paper, int64_t gross);
+
 void PrintEntry(Paper& paper, const Entry& entry);
 
 // What a note says, without its title.

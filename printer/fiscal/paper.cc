@@ -5,33 +5,45 @@
 #include "printer/protocol/mazovia.h"
 
 namespace quilon::printer {
+namespace {
 
-void Paper::Print(std::string_view utf8) {
+template <typename Line>
+void Keep(std::deque<Line>& kept, Line line) {
+  kept.push_back(std::move(line));
+  if (kept.size() > Paper::kKeptLines) {
+    kept.pop_front();
+  }
+}
+
+}  // namespace
+
+void Paper::Print(std::string_view utf8, LineStyle style) {
   do {
     const std::string_view line = FirstCharacters(utf8, kWidth);
-    Put(std::string(line));
+    Put(PaperLine{std::string(line), style});
     utf8.remove_prefix(line.size());
   } while (!utf8.empty());
 }
 
-void Paper::PrintCentered(std::string_view utf8) {
+void Paper::PrintCentered(std::string_view utf8, LineStyle style) {
   const size_t width = CharacterCount(utf8);
   const size_t indent = width < kWidth ? (kWidth - width) / 2 : 0;
-  Print(std::string(indent, ' ').append(utf8));
+  Print(std::string(indent, ' ').append(utf8), style);
 }
 
-void Paper::PrintPair(std::string_view left, std::string_view right) {
+void Paper::PrintPair(std::string_view left, std::string_view right,
+                      LineStyle style) {
   const size_t right_width = CharacterCount(right);
   if (CharacterCount(left) + 1 + right_width > kWidth) {
-    Print(left);
+    Print(left, style);
     left = {};
   }
   const size_t used = CharacterCount(left) + right_width;
   const size_t gap = used < kWidth ? kWidth - used : 0;
-  Print(std::string(left).append(gap, ' ').append(right));
+  Print(std::string(left).append(gap, ' ').append(right), style);
 }
 
-void Paper::PrintRule() { Put(std::string(kWidth, '-')); }
+void Paper::PrintRule() { Put(PaperLine{std::string(kWidth, '-')}); }
 
 void Paper::TearOff(Printout printout) { Put(std::move(printout)); }
 
@@ -55,21 +67,17 @@ void Paper::Show(Piece piece) {
   if (auto* printout = std::get_if<Printout>(&piece)) {
     ShowCut(std::move(*printout));
   } else {
-    ShowLine(std::get<std::string>(std::move(piece)));
+    ShowLine(std::get<PaperLine>(std::move(piece)));
   }
 }
 
-void Paper::ShowLine(std::string line) {
-  line.erase(line.find_last_not_of(' ') + 1);
+void Paper::ShowLine(PaperLine line) {
+  line.text.erase(line.text.find_last_not_of(' ') + 1);
   if (line_sink_) {
     line_sink_(line);
   }
-  for (auto* kept : {&lines_, &sheet_}) {
-    kept->push_back(line);
-    if (kept->size() > kKeptLines) {
-      kept->pop_front();
-    }
-  }
+  Keep(lines_, line.text);
+  Keep(sheet_, std::move(line));
 }
 
 void Paper::ShowCut(Printout printout) {

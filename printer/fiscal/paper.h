@@ -12,6 +12,7 @@
 #include <string_view>
 #include <variant>
 
+#include "printer/fiscal/paper_line.h"
 #include "printer/fiscal/printout.h"
 
 namespace quilon::printer {
@@ -21,7 +22,7 @@ class Paper {
   static constexpr size_t kWidth = 40;
   // Older lines are forgotten, so that a printer may run for months.
   static constexpr size_t kKeptLines = 20'000;
-  using LineSink = std::function<void(const std::string& line)>;
+  using LineSink = std::function<void(const PaperLine& line)>;
   using PrintoutSink = std::function<void(const Printout& printout)>;
 
   // Called with every line as it appears, and with every printout behind its
@@ -38,11 +39,13 @@ class Paper {
   }
 
   // A text on as many lines as it takes.
-  void Print(std::string_view utf8);
-  void PrintCentered(std::string_view utf8);
+  void Print(std::string_view utf8, LineStyle style = LineStyle::kPlain);
+  void PrintCentered(std::string_view utf8,
+                     LineStyle style = LineStyle::kPlain);
   // The right text stands at the right margin, on the left text's line when
   // both fit.
-  void PrintPair(std::string_view left, std::string_view right);
+  void PrintPair(std::string_view left, std::string_view right,
+                 LineStyle style = LineStyle::kPlain);
   void PrintRule();
   // Ends a printout, of which everything but its number and its lines is given,
   // with a blank line.
@@ -52,19 +55,20 @@ class Paper {
   void Refill();
   bool out() const { return out_; }
 
+  // The texts of all lines.
   const std::deque<std::string>& lines() const { return lines_; }
 
  private:
   // A line, or the cut behind a printout.
-  using Piece = std::variant<std::string, Printout>;
+  using Piece = std::variant<PaperLine, Printout>;
 
   void Put(Piece piece);
   void Show(Piece piece);
-  void ShowLine(std::string line);
+  void ShowLine(PaperLine line);
   void ShowCut(Printout printout);
 
   std::deque<std::string> lines_;
-  std::deque<std::string> sheet_;  // the lines since the last cut
+  std::deque<PaperLine> sheet_;  // the lines since the last cut
   std::deque<Piece> waiting_;
   int64_t printouts_ = 0;
   LineSink line_sink_;

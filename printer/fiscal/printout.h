@@ -4,11 +4,11 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 #include <string_view>
 #include <vector>
 
 #include "printer/fiscal/books.h"
+#include "printer/fiscal/paper_line.h"
 
 namespace quilon::printer {
 
@@ -28,8 +28,8 @@ struct Printout {
   int64_t number = 0;
   // Of a receipt or an invoice, also of one that was given up.
   std::shared_ptr<const Document> document{};
-  // UTF-8, without line ends. Of very long ones the newest Paper::kKeptLines.
-  std::vector<std::string> lines{};
+  // Of very long ones the newest Paper::kKeptLines.
+  std::vector<PaperLine> lines{};
 
   // What a receipt or an invoice brought into the books; an empty document for
   // every other printout, also for a document that was given up.

@@ -58,7 +58,7 @@ void PrintDay(Paper& paper, const Day& day, const Rates& rates) {
   PrintAmount(paper, "SUMA PTU",
               SumOf(TaxesIn(day.receipts, rates)) +
                   SumOf(TaxesIn(day.invoices, rates)));
-  PrintAmount(paper, "SUMA PLN", SumOf(day.receipts) + SumOf(day.invoices));
+  PrintTotal(paper, SumOf(day.receipts) + SumOf(day.invoices));
   PrintCount(paper, "Paragony", day.receipt_count);
   PrintCount(paper, "Faktury", day.invoice_count);
   PrintCount(paper, "Anulowane", day.cancelled_count);
@@ -92,7 +92,7 @@ void PrintPeriod(Paper& paper, const Period& period) {
                             std::to_string(period.last_report));
   PrintSales(paper, period.gross, period.tax);
   PrintAmount(paper, "SUMA PTU", SumOf(period.tax));
-  PrintAmount(paper, "SUMA PLN", SumOf(period.gross));
+  PrintTotal(paper, SumOf(period.gross));
   PrintCount(paper, "Paragony", period.receipt_count);
   PrintCount(paper, "Faktury", period.invoice_count);
   PrintCount(paper, "Anulowane", period.cancelled_count);

@@ -133,13 +133,13 @@ void CompareAmount(const std::string& name, int64_t expected, int64_t printed,
 }
 
 void CompareLines(const std::vector<std::string>& expected,
-                  const std::vector<std::string>& printed,
+                  const std::vector<PaperLine>& printed,
                   std::vector<std::string>& differences) {
   auto from = printed.begin();
   for (const std::string& text : expected) {
     const auto found =
-        std::find_if(from, printed.end(), [&](const std::string& line) {
-          return line.find(text) != std::string::npos;
+        std::find_if(from, printed.end(), [&](const PaperLine& line) {
+          return line.text.find(text) != std::string::npos;
         });
     if (found == printed.end()) {
       differences.push_back("not printed, or not in this place: " + text);

@@ -103,6 +103,14 @@ void AddFrame(json& entry, const Exchange& exchange, size_t most_characters) {
   AddRefusal(entry, exchange);
 }
 
+json LineJson(const PaperLine& line) {
+  if (line.style == LineStyle::kPlain) {
+    return line.text;
+  }
+  return {{"text", line.text},
+          {"style", line.style == LineStyle::kBold ? "bold" : "double"}};
+}
+
 json SeriesJson(const Totals& totals, int32_t count) {
   return {{"count", count}, {"totals", totals}};
 }
@@ -139,11 +147,15 @@ std::string JsonOf(const Exchange& exchange, size_t most_characters) {
 
 std::string JsonOf(const Printout& printout) {
   const Document& booked = printout.booked();
+  json lines = json::array();
+  for (const PaperLine& line : printout.lines) {
+    lines.push_back(LineJson(line));
+  }
   const json entry = {
       {"number", printout.number},      {"kind", NameOf(printout.kind)},
       {"fiscal_number", booked.number}, {"rates", booked.sold},
       {"total", SumOf(booked.sold)},    {"due", booked.Due()},
-      {"paid", SumOf(booked.payments)}, {"lines", printout.lines}};
+      {"paid", SumOf(booked.payments)}, {"lines", std::move(lines)}};
   return entry.dump();
 }
 
@@ -178,6 +190,6 @@ std::string JsonOf(const Status& status) {
   return entry.dump();
 }
 
-std::string JsonOf(const std::string& text) { return json(text).dump(); }
+std::string JsonOf(const PaperLine& line) { return LineJson(line).dump(); }
 
 }  // namespace quilon::printer

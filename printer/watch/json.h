@@ -23,16 +23,17 @@ namespace quilon::printer {
 // fields and answers only so many characters are given, and "…".
 std::string JsonOf(const Exchange& exchange,
                    size_t most_characters = std::string::npos);
-// "number", "kind", "fiscal_number", "rates", "total", "due", "paid", "lines".
-// Amounts are in grosze.
+// "number", "kind", "fiscal_number", "rates", "total", "due", "paid", "lines",
+// each as below. Amounts are in grosze.
 std::string JsonOf(const Printout& printout);
 // The fields of Status under their names; "receipts" and "invoices" hold each
 // the totals per VAT rate, in grosze, and the count; "rates" what each rate is;
 // "faults" those that are armed: each the "fault" as it was ordered, how often
 // it "struck", and whether it is "over".
 std::string JsonOf(const Status& status);
-// A text in UTF-8, quoted.
-std::string JsonOf(const std::string& text);
+// A plain line is its text, any other an object: "text" and "style" ("bold" or
+// "double", which is twice as high).
+std::string JsonOf(const PaperLine& line);
 
 }  // namespace quilon::printer
 

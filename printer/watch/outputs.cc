@@ -20,7 +20,7 @@ void Complain(const std::string& where) {
 }
 
 void Draw(const std::filesystem::path& path,
-          const std::vector<std::string>& lines) {
+          const std::vector<PaperLine>& lines) {
   std::ofstream file(path, std::ios::binary);
   file << PictureOf(lines);
   if (!file.flush()) {
@@ -49,8 +49,8 @@ void LineFile::Write(const std::string& line) {
   }
 }
 
-void PaperOutput::OnLine(const std::string& line) {
-  if (std::cout && !(std::cout << line << std::endl)) {
+void PaperOutput::OnLine(const PaperLine& line) {
+  if (std::cout && !(std::cout << line.text << std::endl)) {
     Complain("the standard output");
   }
 }

@@ -36,14 +36,14 @@ class LineFile {
 // more, that is said once on the standard error, and the printer goes on.
 class PaperOutput : public Watcher {
  public:
-  void OnLine(const std::string& line) override;
+  void OnLine(const PaperLine& line) override;
 };
 
 // The paper as text in a file.
 class PaperFile : public Watcher {
  public:
   explicit PaperFile(const std::filesystem::path& path) : file_(path) {}
-  void OnLine(const std::string& line) override { file_.Write(line); }
+  void OnLine(const PaperLine& line) override { file_.Write(line.text); }
 
  private:
   LineFile file_;
@@ -79,7 +79,7 @@ class PictureFolder : public Watcher {
 
   struct Order {
     std::filesystem::path path;
-    std::vector<std::string> lines;
+    std::vector<PaperLine> lines;
   };
 
   // Draws until the end.

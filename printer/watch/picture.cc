@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 
 #include "printer/fiscal/paper.h"
@@ -51,20 +52,25 @@ class Font {
   int baseline_ = 0;
 };
 
+// How often as high as a plain line.
+int Stretch(const PaperLine& line) {
+  return line.style == LineStyle::kDouble ? 2 : 1;
+}
+
+int HeightOf(const PaperLine& line) { return Stretch(line) * kLineDots; }
+
 class Canvas {
  public:
-  explicit Canvas(size_t lines)
-      : height_(2 * kPaperMargin + kLineDots * static_cast<int>(lines)),
-        dots_(static_cast<size_t>(kPaperDots) * static_cast<size_t>(height_),
-              kWhite) {}
-
-  void Print(const Font& font, size_t line, std::string_view utf8) {
-    const int top = kPaperMargin + kLineDots * static_cast<int>(line);
-    int left = kLeftEdge;
-    for (const char32_t character :
-         CharactersOf(FirstCharacters(utf8, Paper::kWidth))) {
-      Print(font, character, left, top + font.baseline());
-      left += kColumnDots;
+  explicit Canvas(std::span<const PaperLine> lines) {
+    for (const PaperLine& line : lines) {
+      height_ += HeightOf(line);
+    }
+    dots_.assign(static_cast<size_t>(kPaperDots) * static_cast<size_t>(height_),
+                 kWhite);
+    int top = kPaperMargin;
+    for (const PaperLine& line : lines) {
+      Print(line, top);
+      top += HeightOf(line);
     }
   }
 
@@ -83,14 +89,30 @@ class Canvas {
  private:
   static constexpr uint8_t kWhite = 255;
 
-  void Print(const Font& font, char32_t character, int left, int foot) {
+  void Print(const PaperLine& line, int top) {
+    static const Font kFont;
+    const int foot = top + Stretch(line) * kFont.baseline();
+    int left = kLeftEdge;
+    for (const char32_t character :
+         CharactersOf(FirstCharacters(line.text, Paper::kWidth))) {
+      Print(kFont, character, left, foot, Stretch(line));
+      if (line.style == LineStyle::kBold) {
+        // A second time, one dot further.
+        Print(kFont, character, left + 1, foot, Stretch(line));
+      }
+      left += kColumnDots;
+    }
+  }
+
+  void Print(const Font& font, char32_t character, int left, int foot,
+             int stretch) {
     int width = 0;
     int height = 0;
     int x = 0;
     int y = 0;
     unsigned char* ink = stbtt_GetCodepointBitmap(
-        &font.info(), font.scale(), font.scale(), static_cast<int>(character),
-        &width, &height, &x, &y);
+        &font.info(), font.scale(), static_cast<float>(stretch) * font.scale(),
+        static_cast<int>(character), &width, &height, &x, &y);
     for (int row = 0; row < height; ++row) {
       for (int column = 0; column < width; ++column) {
         Darken(left + x + column, foot + y + row, ink[row * width + column]);
@@ -108,29 +130,21 @@ class Canvas {
     dot = std::min(dot, static_cast<uint8_t>(kWhite - ink));
   }
 
-  int height_;
+  int height_ = 2 * kPaperMargin;
   std::vector<uint8_t> dots_;
 };
 
 }  // namespace
 
-std::string PictureOf(const std::vector<std::string>& lines) {
-  static const Font font;
+std::string PictureOf(const std::vector<PaperLine>& lines) {
   constexpr size_t kMost = kPictureLines;
   if (lines.size() <= kMost) {
-    Canvas canvas(lines.size());
-    for (size_t i = 0; i < lines.size(); ++i) {
-      canvas.Print(font, i, lines[i]);
-    }
-    return canvas.Png();
+    return Canvas(lines).Png();
   }
   const size_t missing = lines.size() - (kMost - 1);
-  Canvas canvas(kMost);
-  canvas.Print(font, 0, "[... " + std::to_string(missing) + " ...]");
-  for (size_t i = 1; i < kMost; ++i) {
-    canvas.Print(font, i, lines[missing + i - 1]);
-  }
-  return canvas.Png();
+  std::vector<PaperLine> last = {{"[... " + std::to_string(missing) + " ...]"}};
+  last.insert(last.end(), lines.end() - (kMost - 1), lines.end());
+  return Canvas(last).Png();
 }
 
 }  // namespace quilon::printer

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "printer/fiscal/paper_line.h"
+
 namespace quilon::printer {
 
 inline constexpr int kPaperDots = 456;
@@ -17,9 +19,9 @@ inline constexpr int kPaperMargin = 40;
 // are missing: viewers refuse pictures that are much higher.
 inline constexpr int kPictureLines = 1400;
 
-// The bytes of a PNG, grey. The lines are UTF-8 and stand in the middle of the
-// paper, Paper::kWidth columns wide; what is longer is cut.
-std::string PictureOf(const std::vector<std::string>& lines);
+// The bytes of a PNG, grey. The lines stand in the middle of the paper,
+// Paper::kWidth columns wide; what is longer is cut.
+std::string PictureOf(const std::vector<PaperLine>& lines);
 
 }  // namespace quilon::printer
 

@@ -2,8 +2,6 @@
 #ifndef PRINTER_WATCH_WATCHER_H_
 #define PRINTER_WATCH_WATCHER_H_
 
-#include <string>
-
 #include "printer/fiscal/printout.h"
 #include "printer/watch/exchange.h"
 #include "printer/watch/status.h"
@@ -22,9 +20,8 @@ class Watcher {
   Watcher& operator=(const Watcher&) = delete;
   virtual ~Watcher() = default;
 
-  // A line of paper appeared, in UTF-8; the blank one between two printouts is
-  // empty.
-  virtual void OnLine(const std::string& /*line*/) {}
+  // A line of paper appeared; the blank one between two printouts is empty.
+  virtual void OnLine(const PaperLine& /*line*/) {}
   // The lines since the last printout are a whole one now.
   virtual void OnPrintout(const Printout& /*printout*/) {}
   virtual void OnExchange(const Exchange& /*exchange*/) {}

@@ -75,7 +75,7 @@ void Journal::TearOff() {
   });
 }
 
-void Journal::OnLine(const std::string& line) {
+void Journal::OnLine(const PaperLine& line) {
   Add("line", JsonOf(line),
       [this](News news) { Keep(lines_, std::move(news), kKeptLines); });
 }

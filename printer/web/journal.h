@@ -42,7 +42,7 @@ class Journal : public Watcher {
   // Forgets the printouts that are finished.
   void TearOff();
 
-  void OnLine(const std::string& line) override;
+  void OnLine(const PaperLine& line) override;
   void OnPrintout(const Printout& printout) override;
   void OnExchange(const Exchange& exchange) override;
   void OnStatus(const Status& status) override;

@@ -38,10 +38,25 @@ function printButton(sheet) {
 }
 
 function translate(sheet) {
-  sheet.querySelector("span").textContent = word("kinds")[sheet.dataset.kind];
+  sheet.querySelector("footer span").textContent = word("kinds")[sheet.dataset.kind];
   sheet.querySelector("[data-format=png]").textContent = word("png");
   sheet.querySelector("[data-format=txt]").textContent = word("text");
   sheet.querySelector("button").textContent = word("print");
+}
+
+// A line is its text, or an object with a style.
+function lineNode(line) {
+  if (typeof line === "string") {
+    return line;
+  }
+  const node = document.createElement("span");
+  node.className = line.style;
+  node.textContent = line.text;
+  return node;
+}
+
+function texts(lines) {
+  return lines.flatMap((line, i) => (i === 0 ? [lineNode(line)] : ["\n", lineNode(line)]));
 }
 
 function makeSheet(printout) {
@@ -49,7 +64,7 @@ function makeSheet(printout) {
   sheet.className = "sheet";
   sheet.dataset.kind = printout.kind;
   const paper = document.createElement("pre");
-  paper.textContent = printout.lines.join("\n");
+  paper.append(...texts(printout.lines));
   const footer = document.createElement("footer");
   const kind = document.createElement("span");
   footer.append(kind, download(printout, "png"), download(printout, "txt"), printButton(sheet));
@@ -79,7 +94,7 @@ function show() {
   const atEnd = roll.scrollHeight - roll.scrollTop - roll.clientHeight < 40;
   showSheets();
   open.hidden = lines.length === 0;
-  open.querySelector("pre").textContent = lines.map((line) => `${line}\n`).join("");
+  open.querySelector("pre").replaceChildren(...texts(lines), "\n");
   hint.hidden = lines.length + printouts.length > 0;
   if (atEnd) {
     roll.scrollTop = roll.scrollHeight;

@@ -160,10 +160,10 @@ WebResponse RefuseRequest(unsigned status, const std::string& reason) {
   return {status, "text/plain; charset=utf-8", reason + "\n"};
 }
 
-std::string Joined(const std::vector<std::string>& lines) {
+std::string Joined(const std::vector<PaperLine>& lines) {
   std::string text;
-  for (const std::string& line : lines) {
-    text += line + "\n";
+  for (const PaperLine& line : lines) {
+    text += line.text + "\n";
   }
   return text;
 }

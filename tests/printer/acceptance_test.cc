@@ -19,8 +19,10 @@ Printout Receipt(int64_t grosze) {
   Printout printout;
   printout.kind = PrintoutKind::kReceipt;
   printout.document = std::make_shared<Document>(document);
-  printout.lines = {"PARAGON FISKALNY", "Chleb żytni", "  2 x 6,49 12,98 C",
-                    "SUMA PLN 12,98"};
+  for (const char* text : {"PARAGON FISKALNY", "Chleb żytni",
+                           "  2 x 6,49 12,98 C", "SUMA PLN 12,98"}) {
+    printout.lines.push_back({text});
+  }
   return printout;
 }
 

@@ -72,7 +72,14 @@ struct Bench {
 
   Bench() {
     device.paper.set_sinks(
-        [this](const std::string& text) { fresh_.push_back(text); },
+        [this](const PaperLine& printed) {
+          fresh_.push_back(printed.text);
+          if (printed.style != LineStyle::kPlain) {
+            styled_.push_back(
+                (printed.style == LineStyle::kBold ? "b " : "d ") +
+                printed.text);
+          }
+        },
         [](const Printout& /*printout*/) {});
   }
 
@@ -94,8 +101,15 @@ struct Bench {
   // The paper since the last call.
   std::vector<std::string> NewPaper() { return std::exchange(fresh_, {}); }
 
+  // The lines since the last call that are bold, as "b text", or twice as high,
+  // as "d text".
+  std::vector<std::string> NewStyledPaper() {
+    return std::exchange(styled_, {});
+  }
+
  private:
   std::vector<std::string> fresh_;
+  std::vector<std::string> styled_;
 };
 
 }  // namespace quilon::printer

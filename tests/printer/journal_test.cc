@@ -25,7 +25,7 @@ std::vector<std::string> Told(const Journal& journal, uint64_t since = 0) {
 Printout NumberedPrintout(int64_t number) {
   Printout result;
   result.number = number;
-  result.lines = {"line of " + std::to_string(number)};
+  result.lines.push_back({"line of " + std::to_string(number)});
   return result;
 }
 
@@ -39,7 +39,7 @@ TEST(Journal, TellsTheNewsInOrder) {
   Journal journal;
   EXPECT_THAT(Told(journal), IsEmpty());
   journal.OnStatus({});
-  journal.OnLine("a \"quoted\"\tline");
+  journal.OnLine({"a \"quoted\"\tline"});
   journal.OnExchange(Frame("0$e"));
   EXPECT_THAT(
       Told(journal),
@@ -50,20 +50,21 @@ TEST(Journal, TellsTheNewsInOrder) {
 
 TEST(Journal, ReplacesTheLinesOfAPrintoutByTheWhole) {
   Journal journal;
-  journal.OnLine("one");
-  journal.OnLine("two");
+  journal.OnLine({"one"});
+  journal.OnLine({"two"});
   journal.OnPrintout(NumberedPrintout(1));
-  journal.OnLine("three");
+  journal.OnLine({"three"});
   EXPECT_THAT(Told(journal), ElementsAre("printout", "line \"three\""));
   ASSERT_TRUE(journal.FindPrintout(1).has_value());
-  EXPECT_THAT(journal.FindPrintout(1)->lines, ElementsAre("line of 1"));
+  EXPECT_THAT(journal.FindPrintout(1)->lines,
+              ElementsAre(testing::Field(&PaperLine::text, "line of 1")));
   EXPECT_FALSE(journal.FindPrintout(2).has_value());
 }
 
 TEST(Journal, TearsOffWhatIsFinished) {
   Journal journal;
   journal.OnPrintout(NumberedPrintout(1));
-  journal.OnLine("open");
+  journal.OnLine({"open"});
   journal.TearOff();
   EXPECT_THAT(Told(journal), ElementsAre("line \"open\"", "torn {}"));
   EXPECT_FALSE(journal.FindPrintout(1).has_value());
@@ -84,7 +85,7 @@ TEST(Journal, ForgetsTheOldest) {
   Journal journal;
   for (int i = 1; i <= 1500; ++i) {
     journal.OnExchange(Frame("0$e"));
-    journal.OnLine("x");
+    journal.OnLine({"x"});
   }
   // 3000 pieces of news, by turns an exchange and a line: of the exchanges the
   // last 500 are kept, of the lines the last 1000, from the 1002nd piece on.
@@ -110,11 +111,11 @@ TEST(Journal, WakesItsListener) {
   Journal journal;
   int calls = 0;
   journal.set_listener([&] { ++calls; });
-  journal.OnLine("x");
+  journal.OnLine({"x"});
   journal.TearOff();
   EXPECT_EQ(calls, 2);
   journal.set_listener({});
-  journal.OnLine("x");
+  journal.OnLine({"x"});
   EXPECT_EQ(calls, 2);
 }
 

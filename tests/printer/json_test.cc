@@ -126,6 +126,22 @@ TEST(ExchangeJson, TakesAnyBytes) {
   }
 }
 
+TEST(LineJson, NamesAStyleOnlyWhereThereIsOne) {
+  EXPECT_EQ(JsonOf(PaperLine{"a \"quoted\" ą"}), R"("a \"quoted\" ą")");
+  EXPECT_EQ(JsonOf(PaperLine{"FAKTURA", LineStyle::kBold}),
+            R"({"style":"bold","text":"FAKTURA"})");
+  EXPECT_EQ(JsonOf(PaperLine{"SUMA PLN 9,00", LineStyle::kDouble}),
+            R"({"style":"double","text":"SUMA PLN 9,00"})");
+}
+
+TEST(PrintoutJson, HoldsItsLinesWithTheirStyles) {
+  Printout printout;
+  printout.lines = {{"RAPORT", LineStyle::kBold}, {"Paragony 1"}};
+  EXPECT_EQ(json::parse(JsonOf(printout)).at("lines"),
+            json::parse(R"([{"text": "RAPORT", "style": "bold"},
+                            "Paragony 1"])"));
+}
+
 TEST(StatusJson, HoldsTheTotalsOfBothSeries) {
   Bench bench;
   bench.device.books.receipts = {100, 0, 0, 0, 0, 0, 7};

@@ -16,7 +16,7 @@ namespace {
 Printout Report(int number) {
   Printout printout;
   printout.kind = PrintoutKind::kReport;
-  printout.lines = {"RAPORT " + std::to_string(number)};
+  printout.lines.push_back({"RAPORT " + std::to_string(number)});
   return printout;
 }
 

@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #define STB_IMAGE_IMPLEMENTATION
@@ -19,9 +21,17 @@
 namespace quilon::printer {
 namespace {
 
+std::vector<PaperLine> Plain(const std::vector<std::string>& texts) {
+  std::vector<PaperLine> lines;
+  for (const std::string& text : texts) {
+    lines.push_back({text});
+  }
+  return lines;
+}
+
 // A decoded picture.
 struct Picture {
-  explicit Picture(const std::vector<std::string>& lines) {
+  explicit Picture(const std::vector<PaperLine>& lines) {
     const std::string png = PictureOf(lines);
     constexpr int kGrey = 1;
     int channels = 0;
@@ -69,12 +79,12 @@ TEST(Picture, IsAsWideAsThePaperAndGrowsWithTheLines) {
   EXPECT_EQ(Picture({}).width, 456);
   EXPECT_EQ(Picture({}).height, 80);
   EXPECT_EQ(Picture({}).Ink(), 0);
-  EXPECT_EQ(Picture({"a"}).height, 102);
-  EXPECT_EQ(Picture({"a", "", "b"}).height, 146);
+  EXPECT_EQ(Picture(Plain({"a"})).height, 102);
+  EXPECT_EQ(Picture(Plain({"a", "", "b"})).height, 146);
 }
 
 TEST(Picture, HasInkWhereTextStands) {
-  const Picture picture({"A  B", "", std::string(39, ' ') + "C"});
+  const Picture picture(Plain({"A  B", "", std::string(39, ' ') + "C"}));
   EXPECT_GT(picture.Ink(0, 0), 0);
   EXPECT_EQ(picture.Ink(0, 1), 0);
   EXPECT_EQ(picture.Ink(0, 2), 0);
@@ -87,14 +97,14 @@ TEST(Picture, HasInkWhereTextStands) {
 }
 
 TEST(Picture, ShowsPolishLetters) {
-  const Picture picture({"L\u0141l\u0142A\u0104Z\u017B"});
+  const Picture picture(Plain({"L\u0141l\u0142A\u0104Z\u017B"}));
   for (int column = 0; column < 8; column += 2) {
     EXPECT_GT(picture.Ink(0, column + 1), picture.Ink(0, column)) << column;
   }
 }
 
 TEST(Picture, CutsWhatIsLongerThanALine) {
-  const Picture picture({std::string(60, 'x')});
+  const Picture picture(Plain({std::string(60, 'x')}));
   EXPECT_EQ(picture.Ink(), 40 * picture.Ink(0, 0));
 }
 
@@ -104,18 +114,57 @@ TEST(Picture, TakesBytesThatAreNoText) {
     bytes += static_cast<char>(byte);
   }
   for (size_t start = 0; start < bytes.size(); ++start) {
-    EXPECT_EQ(Picture({bytes.substr(start, 40)}).height, 102);
+    EXPECT_EQ(Picture(Plain({bytes.substr(start, 40)})).height, 102);
   }
-  EXPECT_EQ(Picture({"\xF4", "\xF4\x8F"}).height, 124);
+  EXPECT_EQ(Picture(Plain({"\xF4", "\xF4\x8F"})).height, 124);
+}
+
+// The first and the last row of dots that has ink.
+std::pair<int, int> RowsWithInk(const Picture& picture) {
+  const auto has_ink = [](uint8_t dot) { return dot < 255; };
+  const auto first =
+      std::find_if(picture.dots.begin(), picture.dots.end(), has_ink);
+  const auto last =
+      std::find_if(picture.dots.rbegin(), picture.dots.rend(), has_ink);
+  return {(first - picture.dots.begin()) / picture.width,
+          (picture.dots.rend() - last - 1) / picture.width};
+}
+
+TEST(Picture, DrawsADoubleLineTwiceAsHigh) {
+  const Picture plain({{"HHHH"}, {"x"}});
+  const Picture twice({{"HHHH", LineStyle::kDouble}, {"x"}});
+  EXPECT_EQ(twice.height, plain.height + 22);
+  // The line below begins two lines further down than the margin, not one.
+  EXPECT_EQ(twice.Ink(2, 0), plain.Ink(1, 0));
+
+  const auto [top, foot] = RowsWithInk(Picture({{"HHHH"}}));
+  const auto [high_top, high_foot] =
+      RowsWithInk(Picture({{"HHHH", LineStyle::kDouble}}));
+  EXPECT_NEAR(high_foot - high_top + 1, 2 * (foot - top + 1), 2);
+  // It keeps to its columns.
+  EXPECT_EQ(twice.Ink(0, 4), 0);
+  EXPECT_EQ(twice.Ink(1, 4), 0);
+  EXPECT_NEAR(twice.Ink(0, 0) + twice.Ink(1, 0), 2 * plain.Ink(0, 0),
+              plain.Ink(0, 0) / 4);
+}
+
+TEST(Picture, DrawsABoldLineDarkerAndAsHigh) {
+  const Picture plain({{"PARAGON"}, {"x"}});
+  const Picture bold({{"PARAGON", LineStyle::kBold}, {"x"}});
+  EXPECT_EQ(bold.height, plain.height);
+  for (int column = 0; column < 7; ++column) {
+    EXPECT_GT(bold.Ink(0, column), plain.Ink(0, column)) << column;
+  }
+  EXPECT_EQ(bold.Ink(1, 0), plain.Ink(1, 0));
 }
 
 TEST(Picture, ShowsTheEndOfAnEndlessPrintout) {
   std::vector<std::string> lines(2500, "x");
   lines.back() = "y";
-  const Picture picture(lines);
+  const Picture picture(Plain(lines));
   EXPECT_EQ(picture.height, 80 + 22 * 1400);
   EXPECT_GT(picture.Ink(0, 0), 0);
-  const Picture sample({"[... 1101 ...]", "x", "y"});
+  const Picture sample(Plain({"[... 1101 ...]", "x", "y"}));
   for (int column = 0; column < 14; ++column) {
     EXPECT_EQ(picture.Ink(0, column), sample.Ink(0, column)) << column;
   }

@@ -139,8 +139,8 @@ class Program(unittest.TestCase):
         )
         picture = (folder / "000001-receipt.png").read_bytes()
         self.assertEqual(picture[:8], b"\x89PNG\r\n\x1a\n")
-        # 57 mm of 8 dots; a margin of 40 dots above and below, sixteen lines of 22
-        self.assertEqual(struct.unpack(">2I", picture[16:24]), (456, 80 + 16 * 22))
+        # 57 mm of 8 dots; a margin of 40 dots above and below, sixteen lines of 22, one of them twice as high
+        self.assertEqual(struct.unpack(">2I", picture[16:24]), (456, 80 + 17 * 22))
 
     def test_goes_on_while_a_picture_is_drawn(self):
         if not is_native():

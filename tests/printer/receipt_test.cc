@@ -314,6 +314,29 @@ TEST_F(Receipt, TakesAnyNumbersWhenItIsLenient) {
   EXPECT_EQ(device.document->cash_desk, 1000);
 }
 
+TEST_F(Receipt, IsTitledInBoldAndSumsUpTwiceAsHigh) {
+  Send(kHeader);
+  Send(kLine);
+  Send(kClose);
+  EXPECT_THAT(NewStyledPaper(),
+              ElementsAre("b             PARAGON FISKALNY",
+                          "d SUMA PLN                            9,00"));
+  Send(kHeader);
+  Send("0$e");
+  EXPECT_THAT(NewStyledPaper(), ElementsAre("b             PARAGON FISKALNY",
+                                            "b            PARAGON ANULOWANY"));
+  Send("0#r");
+  EXPECT_THAT(NewStyledPaper(),
+              ElementsAre("b             RAPORT DOBOWY 1",
+                          "d SUMA PLN                            9,00"));
+  Send("0#t");
+  Send("0;0;0;0;0;$w\r");
+  Send("1;0;0;0$w");
+  EXPECT_THAT(NewStyledPaper(), ElementsAre("b            RAPORT STANU KASY",
+                                            "b             # NIEFISKALNY #",
+                                            "b             # NIEFISKALNY #"));
+}
+
 TEST_F(Receipt, CountsItsPrintouts) {
   for (const char* number : {"000001", "000002"}) {
     Send(kHeader);

@@ -123,8 +123,8 @@ TEST(VirtualPrinter, ObeysItsSwitches) {
 // printer is gone.
 class Diary : public Watcher {
  public:
-  void OnLine(const std::string& line) override {
-    entries.push_back("line " + line);
+  void OnLine(const PaperLine& line) override {
+    entries.push_back("line " + line.text);
   }
   void OnPrintout(const Printout& printout) override {
     printouts.push_back(printout);
@@ -173,7 +173,7 @@ TEST(VirtualPrinter, TellsItsWatchersWhatHappensInOrder) {
 // Does not come back from its first line of paper before it is let go.
 class SlowReader : public Watcher {
  public:
-  void OnLine(const std::string& /*line*/) override {
+  void OnLine(const PaperLine& /*line*/) override {
     if (!std::exchange(has_begun_, true)) {
       begun.set_value();
       go_on.get_future().wait();
@@ -225,8 +225,8 @@ TEST(VirtualPrinter, TellsItsWatchersOfPrintouts) {
   EXPECT_EQ(receipt.booked().sold, (Totals{900, 0, 0, 0, 0, 0, 0}));
   EXPECT_EQ(receipt.booked().Due(), 900);
   EXPECT_EQ(SumOf(receipt.booked().payments), 1000);
-  EXPECT_EQ(receipt.lines.front(), "             Sklep wzorcowy");
-  EXPECT_EQ(receipt.lines.back(), "     WYDRUK WIRTUALNY QVP0000000001");
+  EXPECT_EQ(receipt.lines.front().text, "             Sklep wzorcowy");
+  EXPECT_EQ(receipt.lines.back().text, "     WYDRUK WIRTUALNY QVP0000000001");
   EXPECT_EQ(NameOf(diary.printouts[1].kind), "cancelled");
   EXPECT_EQ(diary.printouts[1].lines.size(), 10U);
   EXPECT_EQ(NameOf(diary.printouts[2].kind), "report");

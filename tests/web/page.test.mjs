@@ -234,7 +234,11 @@ test("a receipt is saved as a picture and as text", () => withPrinter(async () =
     return { width: image.naturalWidth, height: image.naturalHeight, cells };
   });
   assert.equal(seen.width, 456);
-  assert.equal(seen.height, 80 + 22 * lines.length);
+  // The total is twice as high, and a comma of it stands in its lower half only.
+  assert.equal(seen.height, 80 + 22 * (lines.length + 1));
+  const total = lines.findIndex((line) => line.startsWith("SUMA PLN"));
+  const [upper, lower] = seen.cells.splice(total, 2, lines[total].replace(/\S/g, "x"));
+  assert.equal([...lower].map((ink, i) => (ink === "x" ? ink : (upper[i] ?? " "))).join(""), seen.cells[total]);
   assert.deepEqual(seen.cells, lines.map((line) => line.replace(/\S/g, "x")));
 }));
 

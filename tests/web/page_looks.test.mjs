@@ -163,6 +163,39 @@ test("the page is no longer and no wider than what is on it", () => withPrinter(
   }
 }));
 
+test("titles are bold and the total is twice as high, on the screen and in print", () => withPrinter(async () => {
+  await sell("Masło");
+  await page.locator(sheets).waitFor(patience);
+  for (const media of ["screen", "print"]) {
+    await page.emulateMedia({ media });
+    const paper = await page.locator(`${sheets} pre`).evaluate((element) => {
+      const box = (selector) => {
+        const { height, width } = element.querySelector(selector).getBoundingClientRect();
+        return { height, width };
+      };
+      const style = getComputedStyle(element);
+      return {
+        lines: element.textContent.split("\n").length,
+        line: Number.parseFloat(style.lineHeight),
+        text: element.clientHeight - Number.parseFloat(style.paddingTop) - Number.parseFloat(style.paddingBottom),
+        // 50 mm of its 57 are the 40 columns.
+        columns: (element.getBoundingClientRect().width / 57) * 50,
+        double: box(".double"),
+        title: element.querySelector(".bold").textContent.trim(),
+        total: element.querySelector(".double").textContent.replaceAll(/ +/g, " "),
+        weight: getComputedStyle(element.querySelector(".bold")).fontWeight,
+      };
+    });
+    assert.equal(paper.title, "PARAGON FISKALNY");
+    assert.equal(paper.weight, "700");
+    assert.equal(paper.total, "SUMA PLN 9,00");
+    assert.ok(Math.abs(paper.double.height - 2 * paper.line) < 0.1, `${media}: ${paper.double.height}`);
+    assert.ok(Math.abs(paper.double.width - paper.columns) < 1, `${media}: ${paper.double.width}`);
+    // All lines and one more.
+    assert.ok(Math.abs(paper.text - (paper.lines + 1) * paper.line) < 1.5, `${media}: ${paper.text}`);
+  }
+}));
+
 test("only the newest receipt is printed, or the one that was chosen", () => withPrinter(async () => {
   for (const name of ["Masło", "Chleb", "Mleko"]) {
     await sell(name);
@@ -172,9 +205,10 @@ test("only the newest receipt is printed, or the one that was chosen", () => wit
   await page.locator("#open-sheet", { hasText: "PARAGON" }).waitFor(patience);
   await page.locator("#theme").selectOption("dark");
   await page.emulateMedia({ media: "print" });
-  // Every element that shows text of its own.
+  // Every element that shows text of its own, but what is a part of the paper's text.
   const seen = () => page.evaluate(() => [...document.querySelectorAll("body *")]
     .filter((element) => element.checkVisibility() && element.getClientRects().length > 0)
+    .filter((element) => !element.parentElement.closest("pre"))
     .filter((element) => [...element.childNodes].some((node) => node.nodeType === Node.TEXT_NODE && node.data.trim()))
     .map((element) => ({
       text: element.textContent,
