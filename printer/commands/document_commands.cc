@@ -1,3 +1,4 @@
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
@@ -24,6 +25,14 @@ void CheckThatNoneIsOpen(const Device& device) {
   }
 }
 
+// Null when there is none of this number that is an image.
+std::shared_ptr<const Raster> FindLogo(const Device& device, int32_t number) {
+  const auto found = device.logos.find(number);
+  const bool there = number != 0 && found != device.logos.end() &&
+                     found->second.IsComplete() && found->second.IsImage();
+  return there ? std::make_shared<Raster>(found->second.Image()) : nullptr;
+}
+
 void OpenDocument(Device& device, Document document) {
   const Marks marks = TakeMarks(document.series, document.header_lines);
   document.Add(marks);
@@ -31,6 +40,7 @@ void OpenDocument(Device& device, Document document) {
   document.rates = device.rates;
   document.client = device.client;
   document.begun = device.Now();
+  document.logo = FindLogo(device, document.logo_number);
   CheckOpening(device, document);
   CheckMarks(device, marks);
   PrintHead(device.paper, document, device.NextRunningNumber());
@@ -60,25 +70,26 @@ std::string AddNote(Device& device, const Request& request) {
 
 }  // namespace
 
-// variant ";" line count ";0;1;" integer "$h" lines, each text CR, final text
+// variant ";" line count ";0;1;" logo "$h" lines, each text CR, final text
 // CR
 std::string BeginReceipt(Device& device, Request& request) {
   request.Integer(0, 0, 1);
   const int32_t count = request.Integer(1, 0, 3);
   request.Integer(2, 0, 0);
   request.Integer(3, 1, 1);
-  request.Integer(4);
+  const int32_t logo = request.Integer(4);
   const std::vector<std::string> texts = ReadShape(
       request.fields, std::string(static_cast<size_t>(count) + 1, 't'));
   CheckThatNoneIsOpen(device);
   OpenDocument(device, {.series = Series::kReceipt,
+                        .logo_number = logo,
                         .header_lines = MazoviaToUtf8(texts)});
   return {};
 }
 
-// "1;" line count ";1;" integer ";" integer ";0;" integer ";0;0;" two integers
-// "$h" document number or text CR, lines, five buyer texts, two closing texts,
-// each CR
+// "1;" line count ";1;" integer ";" integer ";0;" integer ";0;0;" integer ";"
+// logo "$h" document number or text CR, lines, five buyer texts, two closing
+// texts, each CR
 std::string BeginInvoice(Device& device, Request& request) {
   request.CheckIntegers();
   const auto count = static_cast<size_t>(request.Integer(1, 0, 8));
@@ -92,6 +103,7 @@ std::string BeginInvoice(Device& device, Request& request) {
   const auto buyer = lines + static_cast<ptrdiff_t>(count);
   const auto closing = buyer + kBuyerTexts;
   OpenDocument(device, {.series = Series::kInvoice,
+                        .logo_number = request.Integer(10),
                         .header_lines = {lines, buyer},
                         .number_text = converted.front(),
                         .buyer_number = BuyerNumber(*buyer),

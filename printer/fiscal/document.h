@@ -6,6 +6,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <variant>
@@ -14,6 +15,7 @@
 #include "printer/fiscal/adjustment.h"
 #include "printer/fiscal/books.h"
 #include "printer/fiscal/marks.h"
+#include "printer/fiscal/raster.h"
 
 namespace quilon::printer {
 
@@ -69,7 +71,9 @@ struct Document {
   Series series;
   std::string owner{};  // of the printer, at that time
   Rates rates = kUsualRates;
-  int64_t client = 0;  // who has it open; 0: anybody, the client is gone
+  int64_t client = 0;       // who has it open; 0: anybody, the client is gone
+  int32_t logo_number = 0;  // 0: none
+  std::shared_ptr<const Raster> logo{};
   std::vector<std::string> header_lines{};
   std::string number_text{};                  // that the client gave an invoice
   std::optional<std::string> buyer_number{};  // NIP

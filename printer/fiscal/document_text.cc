@@ -157,6 +157,10 @@ void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
 }
 
 void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
+  if (document.logo != nullptr) {
+    paper.PrintPicture("[grafika " + std::to_string(document.logo_number) + "]",
+                       document.logo);
+  }
   PrintOwner(paper, document.owner, document.header_lines);
   PrintRunningNumber(paper, document.begun, running_number);
   if (document.series == Series::kReceipt) {

@@ -21,7 +21,8 @@ void PrintOwner(Paper& paper, const std::string& owner,
 void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
                         int32_t number);
 
-// The owner, their NIP, the printout's running number and time, the title.
+// The logo, the owner, their NIP, the printout's running number and time, the
+// title.
 // `running_number` is that of all printouts.
 void PrintHead(Paper& paper, const Document& document, int32_t running_number);
 

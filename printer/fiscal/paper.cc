@@ -7,6 +7,12 @@
 namespace quilon::printer {
 namespace {
 
+std::string Centered(std::string_view utf8) {
+  const size_t width = CharacterCount(utf8);
+  const size_t indent = width < Paper::kWidth ? (Paper::kWidth - width) / 2 : 0;
+  return std::string(indent, ' ').append(utf8);
+}
+
 template <typename Line>
 void Keep(std::deque<Line>& kept, Line line) {
   kept.push_back(std::move(line));
@@ -26,9 +32,12 @@ void Paper::Print(std::string_view utf8, LineStyle style) {
 }
 
 void Paper::PrintCentered(std::string_view utf8, LineStyle style) {
-  const size_t width = CharacterCount(utf8);
-  const size_t indent = width < kWidth ? (kWidth - width) / 2 : 0;
-  Print(std::string(indent, ' ').append(utf8), style);
+  Print(Centered(utf8), style);
+}
+
+void Paper::PrintPicture(std::string_view utf8,
+                         std::shared_ptr<const Raster> picture) {
+  Put(PaperLine{Centered(utf8), LineStyle::kPlain, std::move(picture)});
 }
 
 void Paper::PrintPair(std::string_view left, std::string_view right,

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -46,6 +47,9 @@ class Paper {
   // both fit.
   void PrintPair(std::string_view left, std::string_view right,
                  LineStyle style = LineStyle::kPlain);
+  // The text stands for the picture in the paper's text.
+  void PrintPicture(std::string_view utf8,
+                    std::shared_ptr<const Raster> picture);
   void PrintRule();
   // Ends a printout, of which everything but its number and its lines is given,
   // with a blank line.

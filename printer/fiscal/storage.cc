@@ -61,6 +61,10 @@ bool Logo::IsImage() const {
              kSizes + (width() + kPixels - 1) / kPixels * size_t{height()};
 }
 
+Raster Logo::Image() const {
+  return {width(), height(), Bytes().substr(kSizes)};
+}
+
 uint16_t Logo::Checksum() const {
   constexpr size_t kBytes = 12292;
   std::string image = Bytes();

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "printer/fiscal/raster.h"
+
 namespace quilon::printer {
 
 // A settings command as it came last.
@@ -79,6 +81,8 @@ struct Logo {
   unsigned height() const;
   // Whether there are so many rows of that width, eight pixels a byte.
   bool IsImage() const;
+  // Of a logo that is an image.
+  Raster Image() const;
   // 16 bits: the bytes, followed by 0xFF up to 12292 bytes in all, each shifted
   // left by its number modulo 9, XORed together, plus one.
   uint16_t Checksum() const;

@@ -104,6 +104,14 @@ void AddFrame(json& entry, const Exchange& exchange, size_t most_characters) {
 }
 
 json LineJson(const PaperLine& line) {
+  if (line.picture != nullptr) {
+    const Raster& picture = *line.picture;
+    return {{"text", line.text},
+            {"picture",
+             {{"width", picture.width},
+              {"height", picture.height},
+              {"rows", HexOfBytes(picture.rows)}}}};
+  }
   if (line.style == LineStyle::kPlain) {
     return line.text;
   }

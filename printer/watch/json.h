@@ -31,8 +31,9 @@ std::string JsonOf(const Printout& printout);
 // "faults" those that are armed: each the "fault" as it was ordered, how often
 // it "struck", and whether it is "over".
 std::string JsonOf(const Status& status);
-// A plain line is its text, any other an object: "text" and "style" ("bold" or
-// "double", which is twice as high).
+// A plain line is its text, any other an object: "text", and "style" ("bold" or
+// "double", which is twice as high) or "picture", which stands in its place:
+// "width" and "height" in dots, and "rows" in hexadecimal as in raster.h.
 std::string JsonOf(const PaperLine& line);
 
 }  // namespace quilon::printer

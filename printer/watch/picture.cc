@@ -57,7 +57,10 @@ int Stretch(const PaperLine& line) {
   return line.style == LineStyle::kDouble ? 2 : 1;
 }
 
-int HeightOf(const PaperLine& line) { return Stretch(line) * kLineDots; }
+int HeightOf(const PaperLine& line) {
+  return line.picture != nullptr ? static_cast<int>(line.picture->height)
+                                 : Stretch(line) * kLineDots;
+}
 
 class Canvas {
  public:
@@ -69,7 +72,7 @@ class Canvas {
                  kWhite);
     int top = kPaperMargin;
     for (const PaperLine& line : lines) {
-      Print(line, top);
+      line.picture != nullptr ? Draw(*line.picture, top) : Print(line, top);
       top += HeightOf(line);
     }
   }
@@ -88,6 +91,18 @@ class Canvas {
 
  private:
   static constexpr uint8_t kWhite = 255;
+
+  void Draw(const Raster& picture, int top) {
+    constexpr uint8_t kBlack = 255;
+    const int left = (kPaperDots - static_cast<int>(picture.width)) / 2;
+    for (size_t y = 0; y < picture.height; ++y) {
+      for (size_t x = 0; x < picture.width; ++x) {
+        if (picture.IsBlack(x, y)) {
+          Darken(left + static_cast<int>(x), top + static_cast<int>(y), kBlack);
+        }
+      }
+    }
+  }
 
   void Print(const PaperLine& line, int top) {
     static const Font kFont;

@@ -44,10 +44,32 @@ function translate(sheet) {
   sheet.querySelector("button").textContent = word("print");
 }
 
-// A line is its text, or an object with a style.
+// Its most significant bit is the dot on the left; a bit that is 0 is black.
+function drawPicture({ text, picture: { width, height, rows } }) {
+  const canvas = document.createElement("canvas");
+  canvas.width = width;
+  canvas.height = height;
+  canvas.textContent = text;
+  canvas.style.setProperty("--dots", width);
+  const context = canvas.getContext("2d");
+  const rowLength = 2 * Math.ceil(width / 8);
+  for (let y = 0; y < height; ++y) {
+    for (let x = 0; x < width; ++x) {
+      if ((Number.parseInt(rows[y * rowLength + (x >> 2)], 16) & (8 >> (x & 3))) === 0) {
+        context.fillRect(x, y, 1, 1);
+      }
+    }
+  }
+  return canvas;
+}
+
+// A line is its text, or an object with a picture or a style.
 function lineNode(line) {
   if (typeof line === "string") {
     return line;
+  }
+  if (line.picture) {
+    return drawPicture(line);
   }
   const node = document.createElement("span");
   node.className = line.style;

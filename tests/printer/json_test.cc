@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 
@@ -132,6 +133,13 @@ TEST(LineJson, NamesAStyleOnlyWhereThereIsOne) {
             R"({"style":"bold","text":"FAKTURA"})");
   EXPECT_EQ(JsonOf(PaperLine{"SUMA PLN 9,00", LineStyle::kDouble}),
             R"({"style":"double","text":"SUMA PLN 9,00"})");
+}
+
+TEST(LineJson, HoldsAPicture) {
+  const auto logo = std::make_shared<Raster>(Raster{10, 1, "\x7F\xBF"});
+  EXPECT_EQ(json::parse(JsonOf(PaperLine{"[grafika 1]", {}, logo})),
+            json::parse(R"({"text": "[grafika 1]", "picture":
+                            {"width": 10, "height": 1, "rows": "7fbf"}})"));
 }
 
 TEST(PrintoutJson, HoldsItsLinesWithTheirStyles) {

@@ -158,6 +158,23 @@ TEST(Picture, DrawsABoldLineDarkerAndAsHigh) {
   EXPECT_EQ(bold.Ink(1, 0), plain.Ink(1, 0));
 }
 
+TEST(Picture, ShowsALogoDotByDotInTheMiddle) {
+  // 10 by 2 dots: the first and the ninth of the upper row are black, the last
+  // of the lower one; what fills the bytes is white.
+  const auto logo = std::make_shared<Raster>(Raster{10, 2, "\x7F\x7F\xFF\xBF"});
+  const Picture picture({{"[grafika 1]", LineStyle::kPlain, logo}, {"x"}});
+  EXPECT_EQ(picture.height, 80 + 2 + 22);
+  const auto dot = [&](int x, int y) {
+    return picture.dots.at(static_cast<size_t>(y * picture.width + x));
+  };
+  // 456 dots without 10 leave 223 on either side.
+  for (int x = 0; x < 456; ++x) {
+    EXPECT_EQ(dot(x, 40), x == 223 || x == 231 ? 0 : 255) << x;
+    EXPECT_EQ(dot(x, 41), x == 232 ? 0 : 255) << x;
+  }
+  EXPECT_EQ(picture.Ink() - 3 * 255, Picture({{"x"}}).Ink());
+}
+
 TEST(Picture, ShowsTheEndOfAnEndlessPrintout) {
   std::vector<std::string> lines(2500, "x");
   lines.back() = "y";

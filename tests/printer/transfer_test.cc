@@ -43,6 +43,44 @@ TEST_F(Transfer, HasRoomForAHundredFiles) {
   EXPECT_EQ(Verdict("0;0@A1/2/99\r5d\r"), 0);
 }
 
+TEST_F(Transfer, PrintsTheLogoThatADocumentChooses) {
+  // 8 x 2 dots: width 0008, height 0002, rows 7f and fe
+  EXPECT_EQ(Verdict("0;^F0/12/0/12/000800027ffe\r7/"), 0);
+  EXPECT_EQ(Verdict("0;0;0;1;7$h\r"), 0);
+  const auto logo = device.document->logo;
+  ASSERT_TRUE(logo != nullptr);
+  EXPECT_EQ(logo->width, 8U);
+  EXPECT_EQ(logo->height, 2U);
+  EXPECT_EQ(logo->rows, "\x7F\xFE");
+  EXPECT_EQ(NewPaper().at(0), "              [grafika 7]");
+  Send("0$e");
+  NewPaper();
+  EXPECT_EQ(Verdict("1;0;1;0;0;0;0;0;0;0;7$hFV 1\r\rJan\r\r\r\r\r\r"), 0);
+  EXPECT_EQ(NewPaper().at(0), "              [grafika 7]");
+  Send("0$e");
+  NewPaper();
+  // What has no such logo has none: 0 chooses none, 8 was not uploaded.
+  for (const char* open : {"0;0;0;1;0$h\r", "0;0;0;1;8$h\r"}) {
+    EXPECT_EQ(Verdict(open), 0);
+    EXPECT_EQ(NewPaper().at(0), "             Sklep wzorcowy");
+    Send("0$e");
+    NewPaper();
+  }
+}
+
+TEST_F(Transfer, ALogoThatIsForgottenStaysOnPaper) {
+  std::shared_ptr<const Raster> printed;
+  device.paper.set_sinks({}, [&](const Printout& printout) {
+    printed = printout.lines.front().picture;
+  });
+  Send("0;^F0/12/0/12/000800027ffe\r7/");
+  Send("0;0;0;1;7$h\r");
+  EXPECT_EQ(Verdict("1;^F0/0\r7/"), 0);
+  Send("0$e");
+  ASSERT_TRUE(printed != nullptr);
+  EXPECT_EQ(printed->rows, "\x7F\xFE");
+}
+
 TEST_F(Transfer, StoresALogoAndTellsItsChecksum) {
   EXPECT_EQ(Verdict("1;^F0/0\r7/"), 0);
   // 8 x 1 pixels: width 0008, height 0001, one row 80; in two blocks

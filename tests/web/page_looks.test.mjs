@@ -2,6 +2,7 @@
 
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
+import { connect } from "node:net";
 import { test } from "node:test";
 
 import {
@@ -194,6 +195,40 @@ test("titles are bold and the total is twice as high, on the screen and in print
     // All lines and one more.
     assert.ok(Math.abs(paper.text - (paper.lines + 1) * paper.line) < 1.5, `${media}: ${paper.text}`);
   }
+}));
+
+// Sends commands to the printer as a client of its own.
+function sendCommands(bodies) {
+  const framed = (body) => {
+    const sum = [...Buffer.from(body, "latin1")].reduce((a, b) => a ^ b, 0xff).toString(16).padStart(2, "0");
+    return `\x1bP${body}${sum}\x1b\\`;
+  };
+  return new Promise((resolve, reject) => {
+    const socket = connect({ host: "127.0.0.1", port: printer.port });
+    socket.on("close", resolve);
+    socket.on("error", reject);
+    socket.end(bodies.map(framed).join(""), "latin1");
+    socket.resume();
+  });
+}
+
+test("a logo stands on the page as a picture, as wide as its dots", () => withPrinter(async () => {
+  // 384 by 2 dots: the upper row black but for its last dot, the lower one white but for its first.
+  const digits = `01800002${"00".repeat(47)}01${"7f"}${"ff".repeat(47)}`;
+  await sendCommands([`0;^F0/${digits.length}/0/${digits.length}/${digits}\r3/`, "0;0;0;1;3$h\r", "0$e"]);
+  const logo = page.locator(`${sheets} canvas`);
+  await logo.waitFor(patience);
+  assert.match(await page.locator(`${sheets} pre`).textContent(), /^ {14}\[grafika 3\]\n {13}Sklep wzorcowy\n/);
+  const dots = await logo.evaluate((canvas) => {
+    const { data } = canvas.getContext("2d").getImageData(0, 0, canvas.width, canvas.height);
+    return [0, 382, 383].flatMap((x) => [0, 1].map((y) => data[4 * (y * canvas.width + x) + 3]));
+  });
+  assert.deepEqual(dots, [255, 255, 255, 0, 0, 0]);
+  await page.emulateMedia({ media: "print" });
+  const { left, width } = await logo.evaluate((canvas) => canvas.getBoundingClientRect());
+  // 48 mm of 96 dots an inch, in the middle of 57.
+  assert.ok(Math.abs(width - 181.42) < 0.1, `${width}`);
+  assert.ok(Math.abs(left - 17.01) < 0.1, `${left}`);
 }));
 
 test("only the newest receipt is printed, or the one that was chosen", () => withPrinter(async () => {

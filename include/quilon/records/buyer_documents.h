@@ -21,7 +21,9 @@ typedef struct BuyerHeader {
   int32_t integer5;
   /** Tenth parameter. */
   int32_t integer6;
-  /** Eleventh parameter. */
+  /** Eleventh parameter.
+   *  Virtual printer: number of the logo at the head of the document, 0 for
+   *  none. */
   int32_t integer7;
   /** The header lines.
    *  Virtual printer: printed at the head of the document. */

@@ -24,7 +24,9 @@ typedef struct DocumentHeader {
    *  with the NIP of a receipt's buyer and "Kasa" with the number of the cash
    *  desk stand at its end. */
   char lines[3][200];
-  /** Last parameter. */
+  /** Last parameter.
+   *  Virtual printer: number of the logo at the head of the document, 0 for
+   *  none. */
   int32_t header_integer;
   /** Text behind the header lines, sent also when empty.
    *  Virtual printer: printed at the head of the document. */
