@@ -39,11 +39,12 @@ void OpenDocument(Device& device, Document document) {
   document.owner = device.owner;
   document.rates = device.rates;
   document.client = device.client;
+  document.running_number = device.NextRunningNumber();
   document.begun = device.Now();
   document.logo = FindLogo(device, document.logo_number);
   CheckOpening(device, document);
   CheckMarks(device, marks);
-  PrintHead(device.paper, document, device.NextRunningNumber());
+  PrintHead(device.paper, document);
   device.document = std::move(document);
   device.last_document_closed = false;
   device.slip_attached = false;

@@ -1,14 +1,16 @@
 #include <algorithm>
 #include <chrono>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <string>
 #include <utility>
+#include <variant>
 
 #include "printer/commands/handlers.h"
 #include "printer/commands/note.h"
 #include "printer/fiscal/device.h"
-#include "printer/fiscal/document_text.h"
+#include "printer/fiscal/report.h"
 #include "printer/fiscal/report_text.h"
 #include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
@@ -18,57 +20,36 @@
 namespace quilon::printer {
 namespace {
 
-void PrintParameters(Paper& paper, const Request& request) {
-  std::string joined;
-  for (const std::string_view parameter : request.parameters) {
-    joined.append(joined.empty() ? "" : ";").append(parameter);
-  }
-  if (!request.parameters.empty()) {
-    paper.PrintPair("Parametry", joined);
-  }
+// What comes with the command, and what it is to tell.
+template <typename Told>
+Report ReportOf(const Device& device, const Request& request, Told told) {
+  return {.title = std::string(request.title),
+          .owner = device.owner,
+          .running_number = device.NextRunningNumber(),
+          .made = device.Now(),
+          .parameters = {request.parameters.begin(), request.parameters.end()},
+          .note = NoteOf(request),
+          .told = std::move(told)};
 }
 
-// The title and all that came with it.
-void BeginForm(Device& device, const Request& request) {
-  device.paper.PrintCentered(request.title, LineStyle::kBold);
-  PrintParameters(device.paper, request);
-  PrintFields(device.paper, NoteOf(request));
-}
-
-void EndForm(Device& device) {
-  device.paper.PrintPair("", device.DateAndTime());
-  ++device.books.day.slip_count;
-  device.TearOff({PrintoutKind::kReport});
-}
-
-// The printer's own reports begin and end as fiscal documents do.
-void BeginReport(Device& device, const std::string& title) {
-  PrintOwner(device.paper, device.owner);
-  PrintRunningNumber(device.paper, device.Now(), device.NextRunningNumber());
-  device.paper.PrintCentered(title, LineStyle::kBold);
-}
-
-void EndReport(Device& device, const Request& request) {
-  PrintFields(device.paper, NoteOf(request));
-  device.paper.PrintPair("", device.DateAndTime());
-  PrintLogo(device.paper);
-  device.TearOff({PrintoutKind::kReport});
+void Print(Device& device, Report report) {
+  PrintReport(device.paper, report);
+  device.books.day.slip_count += report.IsFiscal() ? 0 : 1;
+  device.TearOff({.kind = PrintoutKind::kReport,
+                  .report = std::make_shared<Report>(std::move(report))});
 }
 
 // Sums up the daily reports that are in; there has to be one.
 template <typename IsIn>
 void PrintPeriodicReport(Device& device, const Request& request, IsIn is_in) {
-  Period period;
+  PeriodicReport period;
   for (const DailyRecord& record : device.fiscal_memory) {
     if (is_in(record)) {
       period.Add(record);
     }
   }
   CheckPeriod(device, period);
-  BeginReport(device, std::string(request.title));
-  PrintParameters(device.paper, request);
-  PrintPeriod(device.paper, period);
-  EndReport(device, request);
+  Print(device, ReportOf(device, request, period));
 }
 
 using MaybeDay = std::optional<std::chrono::local_days>;
@@ -129,8 +110,7 @@ std::string Repeated(int32_t count, char kind) {
 // Title, parameters and fields as the command's row says, in their order
 std::string PrintForm(Device& device, Request& request) {
   request.CheckIntegers();
-  BeginForm(device, request);
-  EndForm(device);
+  Print(device, ReportOf(device, request, std::monostate()));
   return {};
 }
 
@@ -139,11 +119,8 @@ std::string PrintForm(Device& device, Request& request) {
 std::string PrintCashReport(Device& device, Request& request) {
   request.CheckIntegers();
   const Day& day = device.books.day;
-  BeginForm(device, request);
-  device.paper.PrintPair("Wpłaty", AmountText(day.paid_in));
-  device.paper.PrintPair("Wypłaty", AmountText(day.paid_out));
-  device.paper.PrintPair("Stan kasy", AmountText(device.cash));
-  EndForm(device);
+  Print(device, ReportOf(device, request,
+                         CashReport{day.paid_in, day.paid_out, device.cash}));
   return {};
 }
 
@@ -151,19 +128,20 @@ std::string PrintCashReport(Device& device, Request& request) {
 std::string PrintShiftReport(Device& device, Request& request) {
   request.CheckIntegers();
   CheckShift(device, request.values[0]);
-  BeginForm(device, request);
-  if (!device.cashier.name.empty()) {
-    device.paper.PrintPair("Kasjer", MazoviaToUtf8(device.cashier.name));
-  }
-  device.paper.PrintPair("Stan kasy", AmountText(device.cash));
-  EndForm(device);
+  Print(device,
+        ReportOf(device, request,
+                 ShiftReport{MazoviaToUtf8(request.values[0]),
+                             MazoviaToUtf8(device.cashier.name), device.cash}));
   return {};
 }
 
 // "@PR" or "@PMR" first "/" and last document "/" text CR text CR
 std::string PrintMemory(Device& device, Request& request) {
-  CheckDocumentNumbers(device, request.Number(0), request.Number(1));
-  return PrintForm(device, request);
+  const MemoryReport report{request.mnemonic == "@PMR", request.Number(0),
+                            request.Number(1)};
+  CheckDocumentNumbers(device, report.first, report.last);
+  Print(device, ReportOf(device, request, report));
+  return {};
 }
 
 // "0#r", or "1;" day ";" month ";" year "#r"; then [text CR [text CR]]
@@ -178,10 +156,11 @@ std::string PrintDailyReport(Device& device, Request& request) {
   const Day day = std::exchange(books.day, {});
   const DailyRecord record{++books.report_count, device.Now(), device.rates,
                            day};
-  BeginReport(device,
-              std::string(request.title) + " " + std::to_string(record.number));
-  PrintDay(device.paper, day, record.rates);
-  EndReport(device, request);
+  Report report =
+      ReportOf(device, request, DailyReport{record.number, record.rates, day});
+  report.title += " " + std::to_string(record.number);
+  report.parameters.clear();
+  Print(device, std::move(report));
   device.fiscal_memory.push_back(record);
   device.goods.clear();
   return {};

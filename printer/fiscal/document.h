@@ -79,6 +79,7 @@ struct Document {
   std::optional<std::string> buyer_number{};  // NIP
   std::vector<std::string> buyer{};           // name and address
   std::vector<std::string> remarks{};
+  int32_t running_number = 0;  // of all printouts
   std::chrono::local_seconds begun{};
 
   std::vector<Entry> entries{};

@@ -156,13 +156,13 @@ void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
   paper.PrintPair(MomentText(moment), "wydruk " + Padded(number, kDigits));
 }
 
-void PrintHead(Paper& paper, const Document& document, int32_t running_number) {
+void PrintHead(Paper& paper, const Document& document) {
   if (document.logo != nullptr) {
     paper.PrintPicture("[grafika " + std::to_string(document.logo_number) + "]",
                        document.logo);
   }
   PrintOwner(paper, document.owner, document.header_lines);
-  PrintRunningNumber(paper, document.begun, running_number);
+  PrintRunningNumber(paper, document.begun, document.running_number);
   if (document.series == Series::kReceipt) {
     paper.PrintCentered("PARAGON FISKALNY", LineStyle::kBold);
     return;

@@ -23,8 +23,7 @@ void PrintRunningNumber(Paper& paper, std::chrono::local_seconds moment,
 
 // The logo, the owner, their NIP, the printout's running number and time, the
 // title.
-// `running_number` is that of all printouts.
-void PrintHead(Paper& paper, const Document& document, int32_t running_number);
+void PrintHead(Paper& paper, const Document& document);
 
 // What was sold in all, with its currency.
 void PrintTotal(Paper& paper, int64_t gross);

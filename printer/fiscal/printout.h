@@ -13,6 +13,7 @@
 namespace quilon::printer {
 
 struct Document;
+struct Report;
 
 enum class PrintoutKind {
   kReceipt,
@@ -28,6 +29,8 @@ struct Printout {
   int64_t number = 0;
   // Of a receipt or an invoice, also of one that was given up.
   std::shared_ptr<const Document> document{};
+  // Of the printer's own reports, and of forms.
+  std::shared_ptr<const Report> report{};
   // Of very long ones the newest Paper::kKeptLines.
   std::vector<PaperLine> lines{};
 

@@ -41,11 +41,10 @@ void PrintSaleTime(Paper& paper, const std::string& name,
   paper.PrintPair(name, moment ? MomentText(*moment) : "brak");
 }
 
-}  // namespace
-
 // Taxes are worked out from the day's gross sales, so that they may differ from
 // those of its documents by grosze.
-void PrintDay(Paper& paper, const Day& day, const Rates& rates) {
+void Print(Paper& paper, const DailyReport& report) {
+  const auto& [number, rates, day] = report;
   PrintSaleTime(paper, "Pierwsza sprzedaż", day.first_sale);
   PrintSaleTime(paper, "Ostatnia sprzedaż", day.last_sale);
   for (size_t rate = 0; rate < kRateCount; ++rate) {
@@ -68,23 +67,7 @@ void PrintDay(Paper& paper, const Day& day, const Rates& rates) {
   PrintCount(paper, "Zdarzenia", day.event_count);
 }
 
-void Period::Add(const DailyRecord& record) {
-  first_report = first_report == 0 ? record.number : first_report;
-  last_report = record.number;
-  for (const Totals* series :
-       {&record.sales.receipts, &record.sales.invoices}) {
-    const Totals series_tax = TaxesIn(*series, record.rates);
-    for (size_t rate = 0; rate < kRateCount; ++rate) {
-      gross.at(rate) += series->at(rate);
-      tax.at(rate) += series_tax.at(rate);
-    }
-  }
-  receipt_count += record.sales.receipt_count;
-  invoice_count += record.sales.invoice_count;
-  cancelled_count += record.sales.cancelled_count;
-}
-
-void PrintPeriod(Paper& paper, const Period& period) {
+void Print(Paper& paper, const PeriodicReport& period) {
   paper.PrintPair("Raporty dobowe",
                   period.first_report == 0
                       ? "brak"
@@ -96,6 +79,56 @@ void PrintPeriod(Paper& paper, const Period& period) {
   PrintCount(paper, "Paragony", period.receipt_count);
   PrintCount(paper, "Faktury", period.invoice_count);
   PrintCount(paper, "Anulowane", period.cancelled_count);
+}
+
+void Print(Paper& paper, const ShiftReport& report) {
+  if (!report.cashier.empty()) {
+    paper.PrintPair("Kasjer", report.cashier);
+  }
+  PrintAmount(paper, "Stan kasy", report.cash);
+}
+
+void Print(Paper& paper, const CashReport& report) {
+  PrintAmount(paper, "Wpłaty", report.paid_in);
+  PrintAmount(paper, "Wypłaty", report.paid_out);
+  PrintAmount(paper, "Stan kasy", report.cash);
+}
+
+// The note names the documents; nobody has more to tell.
+void Print(Paper& /*paper*/, const MemoryReport& /*report*/) {}
+void Print(Paper& /*paper*/, std::monostate /*form*/) {}
+
+void PrintParameters(Paper& paper, const std::vector<std::string>& parameters) {
+  std::string joined;
+  for (const std::string& parameter : parameters) {
+    joined.append(joined.empty() ? "" : ";").append(parameter);
+  }
+  if (!parameters.empty()) {
+    paper.PrintPair("Parametry", joined);
+  }
+}
+
+}  // namespace
+
+void PrintReport(Paper& paper, const Report& report) {
+  const bool fiscal = report.IsFiscal();
+  if (fiscal) {
+    PrintOwner(paper, report.owner);
+    PrintRunningNumber(paper, report.made, report.running_number);
+  }
+  paper.PrintCentered(report.title, LineStyle::kBold);
+  PrintParameters(paper, report.parameters);
+  if (!fiscal) {
+    PrintFields(paper, report.note);
+  }
+  std::visit([&paper](const auto& told) { Print(paper, told); }, report.told);
+  if (fiscal) {
+    PrintFields(paper, report.note);
+  }
+  paper.PrintPair("", MomentText(report.made));
+  if (fiscal) {
+    PrintLogo(paper);
+  }
 }
 
 }  // namespace quilon::printer

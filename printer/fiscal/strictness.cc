@@ -7,7 +7,7 @@
 #include "printer/fiscal/closing.h"
 #include "printer/fiscal/device.h"
 #include "printer/fiscal/identity.h"
-#include "printer/fiscal/report_text.h"
+#include "printer/fiscal/report.h"
 #include "printer/protocol/frame.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
@@ -258,7 +258,7 @@ void CheckReportNumbers(const Device& device, int64_t first, int64_t last) {
   Demand(device, first <= last, Rule::kReportRange);
 }
 
-void CheckPeriod(const Device& device, const Period& period) {
+void CheckPeriod(const Device& device, const PeriodicReport& period) {
   Demand(device, period.first_report != 0, Rule::kNoReports);
 }
 

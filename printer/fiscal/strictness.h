@@ -18,7 +18,7 @@ namespace quilon::printer {
 struct Closing;
 struct Device;
 struct Logo;
-struct Period;
+struct PeriodicReport;
 
 // Of all that is to be printed, in the code page of the wire.
 void CheckTexts(const Device& device, std::string_view fields);
@@ -59,7 +59,7 @@ void CheckDays(const Device& device,
 // Of a report over daily reports.
 void CheckReportNumbers(const Device& device, int64_t first, int64_t last);
 // That there are daily reports in it.
-void CheckPeriod(const Device& device, const Period& period);
+void CheckPeriod(const Device& device, const PeriodicReport& period);
 // Of a report over documents.
 void CheckDocumentNumbers(const Device& device, int64_t first, int64_t last);
 

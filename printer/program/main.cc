@@ -19,6 +19,8 @@
 #include "printer/virtual_printer.h"
 #include "printer/watch/acceptance.h"
 #include "printer/watch/outputs.h"
+#include "printer/watch/picture.h"
+#include "printer/watch/value_json.h"
 #include "printer/web/journal.h"
 #include "printer/web/server.h"
 
@@ -35,10 +37,16 @@ std::vector<std::unique_ptr<Watcher>> MakeOutputs(
   } else {
     outputs.push_back(std::make_unique<PaperFile>(command_line.paper_file));
   }
-  if (!command_line.picture_folder.empty()) {
-    outputs.push_back(
-        std::make_unique<PictureFolder>(command_line.picture_folder));
-  }
+  const auto add_folder = [&outputs](const std::string& folder,
+                                     const char* suffix,
+                                     PrintoutFolder::Render render) {
+    if (!folder.empty()) {
+      outputs.push_back(
+          std::make_unique<PrintoutFolder>(folder, suffix, render));
+    }
+  };
+  add_folder(command_line.picture_folder, ".png", PictureOf);
+  add_folder(command_line.json_folder, ".json", ValueJson);
   if (!command_line.log_file.empty()) {
     outputs.push_back(std::make_unique<TrafficLog>(command_line.log_file));
   }

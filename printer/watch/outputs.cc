@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "printer/watch/json.h"
-#include "printer/watch/picture.h"
 
 namespace quilon::printer {
 namespace {
@@ -19,10 +18,9 @@ void Complain(const std::string& where) {
   std::cerr << "quilon-printer: cannot write " << where << std::endl;
 }
 
-void Draw(const std::filesystem::path& path,
-          const std::vector<PaperLine>& lines) {
+void WriteFile(const std::filesystem::path& path, const std::string& bytes) {
   std::ofstream file(path, std::ios::binary);
-  file << PictureOf(lines);
+  file << bytes;
   if (!file.flush()) {
     Complain(path.string());
   }
@@ -59,8 +57,9 @@ void TrafficLog::OnExchange(const Exchange& exchange) {
   file_.Write(JsonOf(exchange));
 }
 
-PictureFolder::PictureFolder(std::filesystem::path folder)
-    : folder_(std::move(folder)) {
+PrintoutFolder::PrintoutFolder(std::filesystem::path folder, std::string suffix,
+                               Render render)
+    : folder_(std::move(folder)), suffix_(std::move(suffix)), render_(render) {
   std::filesystem::create_directories(folder_);
   for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
     last_ = std::max(last_, LeadingNumber(entry.path().stem().string()));
@@ -68,7 +67,7 @@ PictureFolder::PictureFolder(std::filesystem::path folder)
   worker_ = std::thread([this] { Work(); });
 }
 
-PictureFolder::~PictureFolder() {
+PrintoutFolder::~PrintoutFolder() {
   {
     const std::scoped_lock lock(mutex_);
     ending_ = true;
@@ -77,19 +76,19 @@ PictureFolder::~PictureFolder() {
   worker_.join();
 }
 
-void PictureFolder::OnPrintout(const Printout& printout) {
+void PrintoutFolder::OnPrintout(const Printout& printout) {
   std::ostringstream name;
   name << std::setfill('0') << std::setw(kNumberWidth) << ++last_ << "-"
-       << NameOf(printout.kind) << ".png";
+       << NameOf(printout.kind) << suffix_;
   {
     std::unique_lock lock(mutex_);
     changed_.wait(lock, [this] { return orders_.size() < kMostWaiting; });
-    orders_.push_back({folder_ / name.str(), printout.lines});
+    orders_.push_back({folder_ / name.str(), printout});
   }
   changed_.notify_all();
 }
 
-void PictureFolder::Work() {
+void PrintoutFolder::Work() {
   std::unique_lock lock(mutex_);
   while (true) {
     changed_.wait(lock, [this] { return ending_ || !orders_.empty(); });
@@ -100,7 +99,7 @@ void PictureFolder::Work() {
     orders_.pop_front();
     lock.unlock();
     changed_.notify_all();
-    Draw(order.path, order.lines);
+    WriteFile(order.path, render_(order.printout));
     lock.lock();
   }
 }

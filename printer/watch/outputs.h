@@ -11,7 +11,6 @@
 #include <mutex>
 #include <string>
 #include <thread>
-#include <vector>
 
 #include "printer/watch/watcher.h"
 
@@ -59,19 +58,23 @@ class TrafficLog : public Watcher {
   LineFile file_;
 };
 
-// Every printout as a picture of its own, named by its number and its kind:
-// "000017-receipt.png". The numbers go on behind the pictures that the folder
-// already holds. They are drawn one after the other on a thread of their own,
-// so that the printer goes on meanwhile; it waits only when kMostWaiting have
-// not been drawn yet. The destructor draws what is left.
-class PictureFolder : public Watcher {
+// Every printout as a file of its own, named by its number and its kind:
+// "000017-receipt.png". The numbers go on behind the files that the folder
+// already holds. They are made one after the other on a thread of their own, so
+// that the printer goes on meanwhile; it waits only when kMostWaiting have not
+// been made yet. The destructor makes what is left.
+class PrintoutFolder : public Watcher {
  public:
+  // The bytes of such a file.
+  using Render = std::string (*)(const Printout& printout);
+
   // Makes the folder when it is not there; throws std::filesystem_error when it
-  // cannot.
-  explicit PictureFolder(std::filesystem::path folder);
-  PictureFolder(const PictureFolder&) = delete;
-  PictureFolder& operator=(const PictureFolder&) = delete;
-  ~PictureFolder() override;
+  // cannot. The suffix is that of all files, ".png".
+  PrintoutFolder(std::filesystem::path folder, std::string suffix,
+                 Render render);
+  PrintoutFolder(const PrintoutFolder&) = delete;
+  PrintoutFolder& operator=(const PrintoutFolder&) = delete;
+  ~PrintoutFolder() override;
   void OnPrintout(const Printout& printout) override;
 
  private:
@@ -79,13 +82,15 @@ class PictureFolder : public Watcher {
 
   struct Order {
     std::filesystem::path path;
-    std::vector<PaperLine> lines;
+    Printout printout;
   };
 
-  // Draws until the end.
+  // Makes files until the end.
   void Work();
 
-  std::filesystem::path folder_;
+  const std::filesystem::path folder_;
+  const std::string suffix_;
+  const Render render_;
   int64_t last_ = 0;
 
   std::mutex mutex_;

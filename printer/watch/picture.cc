@@ -151,7 +151,8 @@ class Canvas {
 
 }  // namespace
 
-std::string PictureOf(const std::vector<PaperLine>& lines) {
+std::string PictureOf(const Printout& printout) {
+  const std::vector<PaperLine>& lines = printout.lines;
   constexpr size_t kMost = kPictureLines;
   if (lines.size() <= kMost) {
     return Canvas(lines).Png();

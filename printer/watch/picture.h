@@ -4,9 +4,8 @@
 #define PRINTER_WATCH_PICTURE_H_
 
 #include <string>
-#include <vector>
 
-#include "printer/fiscal/paper_line.h"
+#include "printer/fiscal/printout.h"
 
 namespace quilon::printer {
 
@@ -19,9 +18,9 @@ inline constexpr int kPaperMargin = 40;
 // are missing: viewers refuse pictures that are much higher.
 inline constexpr int kPictureLines = 1400;
 
-// The bytes of a PNG, grey. The lines stand in the middle of the paper,
+// The bytes of a PNG, grey. Its lines stand in the middle of the paper,
 // Paper::kWidth columns wide; what is longer is cut.
-std::string PictureOf(const std::vector<PaperLine>& lines);
+std::string PictureOf(const Printout& printout);
 
 }  // namespace quilon::printer
 

@@ -13,6 +13,7 @@
 #include "printer/virtual_printer.h"
 #include "printer/watch/embedded.h"
 #include "printer/watch/picture.h"
+#include "printer/watch/value_json.h"
 #include "printer/web/journal.h"
 #include "printer/wire/address.h"
 
@@ -160,12 +161,48 @@ WebResponse RefuseRequest(unsigned status, const std::string& reason) {
   return {status, "text/plain; charset=utf-8", reason + "\n"};
 }
 
-std::string Joined(const std::vector<PaperLine>& lines) {
+std::string TextOf(const Printout& printout) {
   std::string text;
-  for (const PaperLine& line : lines) {
+  for (const PaperLine& line : printout.lines) {
     text += line.text + "\n";
   }
   return text;
+}
+
+// As what a printout may be asked for.
+struct Format {
+  std::string_view suffix;
+  const char* content_type;
+  std::string (*render)(const Printout& printout);
+};
+
+constexpr std::array kFormats = {
+    Format{".png", "image/png", PictureOf},
+    Format{".txt", "text/plain; charset=utf-8", TextOf},
+    Format{".json", kJson, ValueJson},
+};
+
+// The format that a target names, and the printout's number before it.
+struct PrintoutName {
+  int64_t number;
+  const Format* format;
+};
+
+std::optional<PrintoutName> PrintoutNameOf(std::string_view target) {
+  constexpr std::string_view kFolder = "/printouts/";
+  const size_t point = target.rfind('.');
+  if (!target.starts_with(kFolder) || point == std::string_view::npos) {
+    return std::nullopt;
+  }
+  const auto* format =
+      std::find_if(kFormats.begin(), kFormats.end(), [&](const Format& known) {
+        return known.suffix == target.substr(point);
+      });
+  const auto number =
+      ParseInteger(target.substr(kFolder.size(), point - kFolder.size()));
+  return format == kFormats.end() || !number
+             ? std::nullopt
+             : std::optional(PrintoutName{*number, format});
 }
 
 }  // namespace
@@ -208,20 +245,10 @@ WebResponse Routes::Get(std::string_view target) const {
   if (target == "/languages.json") {
     return {200, kJson, LanguagesJson().dump()};
   }
-  constexpr std::string_view kFolder = "/printouts/";
-  constexpr size_t kSuffix = 4;
-  if (target.starts_with(kFolder) && target.size() > kFolder.size() + kSuffix) {
-    const std::string_view suffix = target.substr(target.size() - kSuffix);
-    target.remove_prefix(kFolder.size());
-    target.remove_suffix(kSuffix);
-    const auto number = ParseInteger(target);
-    const auto printout =
-        number ? journal_.FindPrintout(*number) : std::nullopt;
-    if (printout && suffix == ".png") {
-      return {200, "image/png", PictureOf(printout->lines)};
-    }
-    if (printout && suffix == ".txt") {
-      return {200, "text/plain; charset=utf-8", Joined(printout->lines)};
+  if (const auto name = PrintoutNameOf(target)) {
+    if (const auto printout = journal_.FindPrintout(name->number)) {
+      const Format& format = *name->format;
+      return {200, format.content_type, format.render(*printout)};
     }
   }
   return RefuseRequest(kNotFound, "there is no such page");

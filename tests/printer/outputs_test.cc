@@ -13,7 +13,7 @@
 namespace quilon::printer {
 namespace {
 
-Printout Report(int number) {
+Printout NumberedReport(int number) {
   Printout printout;
   printout.kind = PrintoutKind::kReport;
   printout.lines.push_back({"RAPORT " + std::to_string(number)});
@@ -25,21 +25,21 @@ std::string BytesOf(const std::filesystem::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-TEST(PictureFolder, HasDrawnAllWhenItEnds) {
+TEST(PrintoutFolder, HasDrawnAllWhenItEnds) {
   const std::filesystem::path path =
       std::filesystem::temp_directory_path() /
       ("printer_pictures_" + std::to_string(std::random_device{}()));
   {
-    PictureFolder folder(path);
+    PrintoutFolder folder(path, ".png", PictureOf);
     for (int number = 1; number <= 30; ++number) {
-      folder.OnPrintout(Report(number));
+      folder.OnPrintout(NumberedReport(number));
     }
   }
   for (int number = 1; number <= 30; ++number) {
     const std::string name =
         (number < 10 ? "00000" : "0000") + std::to_string(number);
     EXPECT_EQ(BytesOf(path / (name + "-report.png")),
-              PictureOf(Report(number).lines))
+              PictureOf(NumberedReport(number)))
         << number;
   }
   std::filesystem::remove_all(path);

@@ -32,7 +32,9 @@ std::vector<PaperLine> Plain(const std::vector<std::string>& texts) {
 // A decoded picture.
 struct Picture {
   explicit Picture(const std::vector<PaperLine>& lines) {
-    const std::string png = PictureOf(lines);
+    Printout printout;
+    printout.lines = lines;
+    const std::string png = PictureOf(printout);
     constexpr int kGrey = 1;
     int channels = 0;
     const std::unique_ptr<stbi_uc, void (*)(void*)> decoded(

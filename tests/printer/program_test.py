@@ -142,6 +142,20 @@ class Program(unittest.TestCase):
         # 57 mm of 8 dots; a margin of 40 dots above and below, sixteen lines of 22, one of them twice as high
         self.assertEqual(struct.unpack(">2I", picture[16:24]), (456, 80 + 17 * 22))
 
+    def test_tells_every_printout_as_json(self):
+        folder = self.folder / "values"
+        script = {"quiet_seconds": 0, "documents": [{"kind": "receipt"}, {"kind": "report"}]}
+        status, messages = self.run_script(script, RECEIPT + framed(b"0#r"), "--json", folder)
+        self.assertEqual(status, 0, messages)
+        values = {path.name: json.loads(path.read_text(encoding="utf-8")) for path in folder.iterdir()}
+        self.assertEqual(sorted(values), ["000001-receipt.json", "000002-report.json"])
+        # Two at 4.50; 9.00 x 23/123 = 1.68
+        receipt = values["000001-receipt.json"]
+        self.assertEqual((receipt["total"], receipt["tax"]), ("9.00", "1.68"))
+        self.assertEqual([item["price"] for item in receipt["items"]], ["4.50"])
+        report = values["000002-report.json"]
+        self.assertEqual((report["report"], report["number"], report["total"]), ("daily", 1, "9.00"))
+
     def test_goes_on_while_a_picture_is_drawn(self):
         if not is_native():
             self.skipTest("Windows has no FIFOs in folders")

@@ -186,6 +186,9 @@ TEST_F(Web, IsCalledByAddressOnly) {
 TEST_F(Web, GivesAReceiptAsPictureAndText) {
   PrintReceipt();
   EXPECT_EQ(Get("/printouts/1.png").body.substr(0, 8), "\x89PNG\r\n\x1A\n");
+  EXPECT_THAT(Get("/printouts/1.json").body,
+              testing::StartsWith("{\n  \"kind\": \"receipt\",\n"
+                                  "  \"printout\": 1,\n"));
   EXPECT_EQ(Get("/printouts/1.txt").body,
             "             Sklep wzorcowy\n"
             "              ul. Prosta 1\n"
