@@ -30,6 +30,8 @@ void AddOutputs(CLI::App& app, CommandLine& command_line) {
                  "standard output");
   app.add_option("--png", command_line.picture_folder,
                  "Put every printout as a picture into this folder");
+  app.add_option("--pdf", command_line.pdf_folder,
+                 "Put every printout as PDF into this folder");
   app.add_option("--json", command_line.json_folder,
                  "Put what every printout tells as JSON into this folder");
   app.add_option("--log", command_line.log_file,

@@ -13,6 +13,7 @@ struct CommandLine {
   // Empty when not wanted.
   std::string paper_file;
   std::string picture_folder;
+  std::string pdf_folder;
   std::string json_folder;
   std::string log_file;
   std::string script_file;

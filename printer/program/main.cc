@@ -19,6 +19,7 @@
 #include "printer/virtual_printer.h"
 #include "printer/watch/acceptance.h"
 #include "printer/watch/outputs.h"
+#include "printer/watch/pdf.h"
 #include "printer/watch/picture.h"
 #include "printer/watch/value_json.h"
 #include "printer/web/journal.h"
@@ -46,6 +47,7 @@ std::vector<std::unique_ptr<Watcher>> MakeOutputs(
     }
   };
   add_folder(command_line.picture_folder, ".png", PictureOf);
+  add_folder(command_line.pdf_folder, ".pdf", PdfOf);
   add_folder(command_line.json_folder, ".json", ValueJson);
   if (!command_line.log_file.empty()) {
     outputs.push_back(std::make_unique<TrafficLog>(command_line.log_file));

@@ -6,18 +6,14 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <span>
+#include <numeric>
 #include <stdexcept>
 
-#include "printer/fiscal/paper.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/watch/embedded.h"
 
 namespace quilon::printer {
 namespace {
-
-constexpr int kLeftEdge =
-    (kPaperDots - kColumnDots * static_cast<int>(Paper::kWidth)) / 2;
 
 class Font {
  public:
@@ -57,19 +53,12 @@ int Stretch(const PaperLine& line) {
   return line.style == LineStyle::kDouble ? 2 : 1;
 }
 
-int HeightOf(const PaperLine& line) {
-  return line.picture != nullptr ? static_cast<int>(line.picture->height)
-                                 : Stretch(line) * kLineDots;
-}
-
 class Canvas {
  public:
-  explicit Canvas(std::span<const PaperLine> lines) {
-    for (const PaperLine& line : lines) {
-      height_ += HeightOf(line);
-    }
-    dots_.assign(static_cast<size_t>(kPaperDots) * static_cast<size_t>(height_),
-                 kWhite);
+  explicit Canvas(const std::vector<PaperLine>& lines)
+      : height_(HeightOf(lines)),
+        dots_(static_cast<size_t>(kPaperDots) * static_cast<size_t>(height_),
+              kWhite) {
     int top = kPaperMargin;
     for (const PaperLine& line : lines) {
       line.picture != nullptr ? Draw(*line.picture, top) : Print(line, top);
@@ -145,22 +134,38 @@ class Canvas {
     dot = std::min(dot, static_cast<uint8_t>(kWhite - ink));
   }
 
-  int height_ = 2 * kPaperMargin;
+  int height_;
   std::vector<uint8_t> dots_;
 };
 
 }  // namespace
 
-std::string PictureOf(const Printout& printout) {
+std::vector<PaperLine> ShownLines(const Printout& printout) {
   const std::vector<PaperLine>& lines = printout.lines;
   constexpr size_t kMost = kPictureLines;
   if (lines.size() <= kMost) {
-    return Canvas(lines).Png();
+    return lines;
   }
   const size_t missing = lines.size() - (kMost - 1);
   std::vector<PaperLine> last = {{"[... " + std::to_string(missing) + " ...]"}};
   last.insert(last.end(), lines.end() - (kMost - 1), lines.end());
-  return Canvas(last).Png();
+  return last;
+}
+
+int HeightOf(const PaperLine& line) {
+  return line.picture != nullptr ? static_cast<int>(line.picture->height)
+                                 : Stretch(line) * kLineDots;
+}
+
+int HeightOf(const std::vector<PaperLine>& lines) {
+  return std::accumulate(lines.begin(), lines.end(), 2 * kPaperMargin,
+                         [](int height, const PaperLine& line) {
+                           return height + HeightOf(line);
+                         });
+}
+
+std::string PictureOf(const Printout& printout) {
+  return Canvas(ShownLines(printout)).Png();
 }
 
 }  // namespace quilon::printer

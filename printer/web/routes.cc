@@ -12,6 +12,7 @@
 #include "printer/protocol/numbers.h"
 #include "printer/virtual_printer.h"
 #include "printer/watch/embedded.h"
+#include "printer/watch/pdf.h"
 #include "printer/watch/picture.h"
 #include "printer/watch/value_json.h"
 #include "printer/web/journal.h"
@@ -178,6 +179,7 @@ struct Format {
 
 constexpr std::array kFormats = {
     Format{".png", "image/png", PictureOf},
+    Format{".pdf", "application/pdf", PdfOf},
     Format{".txt", "text/plain; charset=utf-8", TextOf},
     Format{".json", kJson, ValueJson},
 };

@@ -38,7 +38,8 @@ class Routes {
         token_(std::move(token)),
         any_host_(any_host) {}
 
-  // GET of the page's files, "/printouts/N.png", ".txt" and ".json"; POST of
+  // GET of the page's files, "/printouts/N.png", ".pdf", ".txt" and ".json";
+  // POST of
   // "/orders". Thread-safe.
   WebResponse Respond(const WebRequest& request) const;
   bool HostAllowed(std::string_view host) const;

@@ -9,6 +9,7 @@ import os
 import pathlib
 import re
 import struct
+import subprocess
 import sys
 import tempfile
 import unittest
@@ -155,6 +156,27 @@ class Program(unittest.TestCase):
         self.assertEqual([item["price"] for item in receipt["items"]], ["4.50"])
         report = values["000002-report.json"]
         self.assertEqual((report["report"], report["number"], report["total"]), ("daily", 1, "9.00"))
+
+    def test_makes_every_printout_a_pdf_that_others_read(self):
+        if not is_native():
+            self.skipTest("the reader is Linux's")
+        folder = self.folder / "pdf"
+        script = {"quiet_seconds": 0, "documents": [{"kind": "receipt"}]}
+        # Two texts in the header; in the old code page 9c, a2, a6 are Ł, ó, ź; a1 is Ż.
+        receipt = RECEIPT.replace(HEADER, framed(b"0;1;0;1;0$hSklep \x9c\xa2d\xa6 (no. \\1)\r\xa1abka\r"))
+        status, messages = self.run_script(script, receipt, "--pdf", folder, "--paper", self.folder / "paper.txt")
+        self.assertEqual(status, 0, messages)
+        pdf = folder / "000001-receipt.pdf"
+        read = subprocess.run(["pdftotext", "-layout", pdf, "-"], stdout=subprocess.PIPE, check=True, text=True)
+        lines = [" ".join(line.split()) for line in read.stdout.strip("\f").splitlines() if line.strip()]
+        paper = (self.folder / "paper.txt").read_text(encoding="utf-8").splitlines()
+        self.assertEqual(lines, [" ".join(line.split()) for line in paper if line])
+        self.assertIn("Sklep Łódź (no. \\1)", lines)
+        about = subprocess.run(["pdfinfo", pdf], stdout=subprocess.PIPE, check=True, text=True).stdout
+        # 57 mm are 161.575 points; 18 lines, one twice as high, of 22 dots, and two margins of 40 are 498 dots,
+        # that is 176.457.
+        self.assertRegex(about, r"Pages: +1\n")
+        self.assertRegex(about, r"Page size: +161\.57\d* x 176\.45\d* pts")
 
     def test_goes_on_while_a_picture_is_drawn(self):
         if not is_native():
