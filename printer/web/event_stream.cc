@@ -15,9 +15,9 @@ using boost::system::error_code;
 // A flood of news comes in bundles, without what is not kept any more by then:
 // no browser has to keep up with every piece.
 constexpr std::chrono::milliseconds kPause(100);
-// So long a stream is still without news; then a comment finds out whether the
-// browser is there.
-constexpr std::chrono::seconds kStillness(15);
+// So long a stream is still without news; then a beat tells the browser that
+// the printer goes on, and finds out whether the browser is there.
+constexpr std::chrono::seconds kStillness(2);
 
 }  // namespace
 
@@ -83,7 +83,7 @@ void EventStream::WaitForNews() {
   timer_.async_wait([self = shared_from_this()](const error_code& failure) {
     if (!failure) {
       self->waiting_ = false;
-      self->Send(":\n\n");
+      self->Send("event: beat\ndata: {}\n\n");
     }
   });
 }

@@ -1,6 +1,7 @@
 // The news as server-sent events, to one browser. Each event has the news' kind
 // as its name and its JSON as data; "reset" comes before all that is kept, when
-// the browser does not go on with an earlier stream of this run.
+// the browser does not go on with an earlier stream of this run, and "beat"
+// whenever there was no news for two seconds.
 #ifndef PRINTER_WEB_EVENT_STREAM_H_
 #define PRINTER_WEB_EVENT_STREAM_H_
 

@@ -7,13 +7,24 @@ import * as traffic from "./traffic.js";
 
 // In milliseconds.
 const retryPause = 3000;
+// Without news a beat comes every two seconds; a printer that is silent for so long hangs.
+const longestSilence = 6000;
 const token = location.hash.slice(1);
 // Why the last order was not carried out, as the program says it; null when it was.
 let refusal = null;
 
 function watch() {
   const source = new EventSource("events");
-  const on = (kind, handler) => source.addEventListener(kind, (event) => handler(JSON.parse(event.data)));
+  let silence;
+  const hear = () => {
+    setConnected(true);
+    clearTimeout(silence);
+    silence = setTimeout(() => setConnected(false), longestSilence);
+  };
+  const on = (kind, handler) => source.addEventListener(kind, (event) => {
+    hear();
+    handler(JSON.parse(event.data));
+  });
   on("reset", () => {
     roll.clear();
     traffic.clear();
@@ -23,8 +34,10 @@ function watch() {
   on("torn", roll.tearOff);
   on("exchange", traffic.addExchange);
   on("status", setStatus);
-  source.addEventListener("open", () => setConnected(true));
+  source.addEventListener("beat", hear);
+  source.addEventListener("open", hear);
   source.addEventListener("error", () => {
+    clearTimeout(silence);
     setConnected(false);
     // By itself a browser tries again only where nobody answered at all.
     if (source.readyState === EventSource.CLOSED) {

@@ -116,8 +116,10 @@ export function setStatus(told) {
 }
 
 export function setConnected(now) {
-  connected = now;
-  showSoon();
+  if (connected !== now) {
+    connected = now;
+    showSoon();
+  }
 }
 
 // The order that changes what a toggle stands for.

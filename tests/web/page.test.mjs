@@ -328,6 +328,44 @@ test("language and colours are chosen and remembered", () => withPrinter(async (
   await page.locator("#language").selectOption("en");
 }));
 
+test("a printer that hangs is noticed, and the page goes on when it does", () => withPrinter(async () => {
+  await sell("Masło");
+  await page.locator(".sheet:not(#open-sheet)", { hasText: "Masło" }).waitFor(patience);
+  printer.hang();
+  try {
+    await waitForLamp("program", "not running");
+    assert.equal(await page.locator("#lost").isVisible(), true);
+    for (const name of ["online", "paper", "error", "document", "command"]) {
+      assert.equal(await page.locator(`#lamp-${name}`).getAttribute("data-state"), "unknown", name);
+    }
+  } finally {
+    printer.goOn();
+  }
+  await waitForLamp("program", "connected");
+  await waitForLamp("online", "online");
+  assert.equal(await page.locator("#lost").isVisible(), false);
+  await sell("Chleb");
+  await page.locator(".sheet:not(#open-sheet)", { hasText: "Chleb" }).waitFor(patience);
+  // What was there is still there, once.
+  assert.equal(await page.locator(".sheet:not(#open-sheet)").count(), 2);
+}));
+
+test("a still printer is not taken for one that hangs", () => withPrinter(async () => {
+  const beats = await page.evaluate(() => new Promise((resolve) => {
+    let count = 0;
+    const source = new EventSource("events");
+    source.addEventListener("beat", () => {
+      count += 1;
+      if (count === 4) {
+        source.close();
+        resolve({ count, lost: !document.getElementById("lost").hidden });
+      }
+    });
+  }));
+  // Four beats take longer than the silence that the page bears.
+  assert.deepEqual(beats, { count: 4, lost: false });
+}));
+
 test("the page outlives the program and goes on with its next run", () => withPrinter(async () => {
   await sell("Masło");
   await page.locator(".sheet:not(#open-sheet)").waitFor(patience);

@@ -39,6 +39,15 @@ class Program {
 }
 
 export class Printer extends Program {
+  // Its process stands still, but keeps its connections, until it goes on.
+  hang() {
+    this.process.kill("SIGSTOP");
+  }
+
+  goOn() {
+    this.process.kill("SIGCONT");
+  }
+
   static async start(page = "127.0.0.1:0") {
     const printer = new Printer("QUILON_PRINTER", ["--tcp", "127.0.0.1:0", "--web", page], "stderr");
     for (const [name, pattern] of [["url", /^web page: (.*)$/], ["port", /^listening on 127\.0\.0\.1:(.*)$/]]) {
