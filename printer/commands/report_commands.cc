@@ -158,7 +158,7 @@ std::string PrintDailyReport(Device& device, Request& request) {
                            day};
   Report report =
       ReportOf(device, request, DailyReport{record.number, record.rates, day});
-  report.title += " " + std::to_string(record.number);
+  report.title.append(" ").append(std::to_string(record.number));
   report.parameters.clear();
   Print(device, std::move(report));
   device.fiscal_memory.push_back(record);

@@ -35,14 +35,14 @@ class Encoding {
     for (const char32_t character : CharactersOf(utf8)) {
       codes += CodeOf(character);
     }
-    return "<" + HexOfBytes(codes) + ">";
+    return std::string("<").append(HexOfBytes(codes)).append(">");
   }
 
   // Fonts call characters by names.
   std::string Object() const {
     std::string text = "<< /Differences [128";
     for (const char32_t character : others_) {
-      text += " /" + NameOf(character);
+      text.append(" /").append(NameOf(character));
     }
     return text + "] >>";
   }
@@ -116,7 +116,8 @@ std::string FileOf(const std::vector<std::string>& objects) {
   const std::string size = std::to_string(objects.size() + 1);
   // The second line says that the file is not only text.
   std::string file = "%PDF-1.4\n%\xE2\xE3\xCF\xD3\n";
-  std::string table = "xref\n0 " + size + "\n0000000000 65535 f \n";
+  std::string table =
+      std::string("xref\n0 ").append(size).append("\n0000000000 65535 f \n");
   int number = 0;
   for (const std::string& object : objects) {
     table += Padded(static_cast<int64_t>(file.size()), 10) + " 00000 n \n";
