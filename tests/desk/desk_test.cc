@@ -146,7 +146,7 @@ TEST_F(DeskTest, AWholeReceiptStandsOnPaper) {
       "payments": [{"form": "card", "amount": "50.00"},
                    {"form": "cash", "amount": "100.00"}],
       "change": "51.00", "footer": ["Zapraszamy"], "cash_desk": "3",
-      "cashier": "Anna"})")),
+      "cashier": "Anna", "buyer": {"nip": "999-000-00-08"}})")),
             "booked");
   const std::string paper = AsText(printer_->paper());
   for (const char* line :
@@ -157,7 +157,7 @@ TEST_F(DeskTest, AWholeReceiptStandsOnPaper) {
         "Karta                              50,00\n",
         "Gotówka                           100,00\n",
         "Reszta                             51,00\n", "Zapraszamy", "Kasa 3",
-        "Anna"}) {
+        "Anna", "NIP nabywcy                999-000-00-08\n"}) {
     EXPECT_NE(paper.find(line), std::string::npos) << line << '\n' << paper;
   }
   EXPECT_EQ(printer::SumOf(printer_->books().receipts), 9900);
