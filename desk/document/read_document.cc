@@ -214,19 +214,24 @@ void ReadPlace(const Reader& reader, Document& document) {
   document.cashier = reader.Printable("cashier", kCashierLetters);
 }
 
+void ReadSale(const Reader& reader, size_t header_lines, size_t header_letters,
+              Document& document) {
+  document.header =
+      reader.PrintableList("header", header_lines, header_letters);
+  ReadLines(reader, document);
+  ReadPayments(reader, document);
+  document.footer =
+      reader.PrintableList("footer", kFooterLines, kFooterLetters);
+  ReadPlace(reader, document);
+}
+
 void ReadReceipt(const Reader& reader, Document& document) {
   constexpr size_t kHeaderLines = 3;
   constexpr size_t kHeaderLetters = 199;
   reader.AllowOnly({"id", "kind", "header", "lines", "discount", "surcharge",
                     "total", "payments", "change", "footer", "cash_desk",
                     "cashier", "buyer"});
-  document.header =
-      reader.PrintableList("header", kHeaderLines, kHeaderLetters);
-  ReadLines(reader, document);
-  ReadPayments(reader, document);
-  document.footer =
-      reader.PrintableList("footer", kFooterLines, kFooterLetters);
-  ReadPlace(reader, document);
+  ReadSale(reader, kHeaderLines, kHeaderLetters, document);
   if (reader.Has("buyer")) {
     document.buyer = ReadBuyer(reader, document.kind);
   }
@@ -239,13 +244,7 @@ void ReadInvoice(const Reader& reader, Document& document) {
                     "total", "payments", "change", "footer", "cash_desk",
                     "cashier", "buyer", "number"});
   document.number = reader.PrintableName("number", kNumberLetters);
-  document.header =
-      reader.PrintableList("header", kHeaderLines, kHeaderLetters);
-  ReadLines(reader, document);
-  ReadPayments(reader, document);
-  document.footer =
-      reader.PrintableList("footer", kFooterLines, kFooterLetters);
-  ReadPlace(reader, document);
+  ReadSale(reader, kHeaderLines, kHeaderLetters, document);
   document.buyer = ReadBuyer(reader, document.kind);
 }
 

@@ -29,7 +29,7 @@ struct Outcome {
   std::optional<Failure> failure{};
   std::optional<Books> before{};
   std::optional<Books> after{};
-  bool accepted = false;   // the printer took the closing
+  bool accepted = false;  // the printer took the closing
   // Nothing can come of it any more: its closing was never sent, or it was
   // still open behind it, and given up.
   bool given_up = false;
