@@ -4,6 +4,7 @@
 
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/slip_text.h"
 #include "printer/fiscal/strictness.h"
 #include "printer/protocol/answer.h"
 #include "printer/protocol/mazovia.h"
@@ -122,9 +123,7 @@ std::string SetClock(Device& device, Request& request) {
   ++device.books.day.event_count;
   const std::string before = device.DateAndTime();
   device.clock_offset = moment - device.clock();
-  device.paper.PrintCentered("ZMIANA ZEGARA");
-  device.paper.PrintPair("Przed zmianą", before);
-  device.paper.PrintPair("Po zmianie", device.DateAndTime());
+  PrintClockChange(device.paper, before, device.DateAndTime());
   device.TearOff({PrintoutKind::kReport});
   return {};
 }

@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "printer/commands/handlers.h"
 #include "printer/fiscal/device.h"
+#include "printer/fiscal/slip_text.h"
 #include "printer/fiscal/strictness.h"
 #include "printer/protocol/mazovia.h"
 #include "printer/protocol/numbers.h"
@@ -21,19 +23,8 @@ std::vector<std::string> ReadLines(Fields& fields, size_t most) {
   return lines;
 }
 
-void PrintLines(Paper& paper, const std::vector<std::string>& lines) {
-  for (const std::string& line : lines) {
-    paper.Print(line);
-  }
-}
-
-void PrintTitle(Paper& paper) {
-  paper.PrintCentered("# NIEFISKALNY #", LineStyle::kBold);
-}
-
-void PrintEnd(Device& device) {
-  PrintTitle(device.paper);
-  device.paper.PrintPair("", device.DateAndTime());
+void EndPrintout(Device& device) {
+  PrintSlipEnd(device.paper, device.DateAndTime());
   ++device.books.day.slip_count;
   device.TearOff({PrintoutKind::kSlip});
   device.slip_open = false;
@@ -57,10 +48,7 @@ std::string BeginSlip(Device& device, Request& request) {
   device.slip_open = true;
   device.slip_lines = 0;
   device.slip_attached = false;
-  PrintTitle(device.paper);
-  if (!header.empty()) {
-    device.paper.PrintCentered(MazoviaToUtf8(header));
-  }
+  PrintSlipHead(device.paper, MazoviaToUtf8(header));
   return {};
 }
 
@@ -72,7 +60,7 @@ std::string PrintSlipLines(Device& device, Request& request) {
   request.fields.Finish();
   CheckSlip(device, lines.size());
   device.slip_lines += lines.size();
-  PrintLines(device.paper, lines);
+  PrintSlipTexts(device.paper, lines);
   return {};
 }
 
@@ -95,23 +83,21 @@ std::string EndSlip(Device& device, Request& request) {
   if (lines.size() < count) {
     throw Refusal(Rule::kFieldCount);
   }
-  std::string closing_text;
   if (lines.size() > count) {
-    closing_text = lines.front();
-    lines.erase(lines.begin());
+    std::rotate(lines.begin(), lines.begin() + 1, lines.end());
+    if (lines.back().empty()) {
+      lines.pop_back();
+    }
   }
-  PrintLines(device.paper, lines);
-  if (!closing_text.empty()) {
-    device.paper.Print(closing_text);
-  }
-  PrintEnd(device);
+  PrintSlipTexts(device.paper, lines);
+  EndPrintout(device);
   return {};
 }
 
 // "28;" number "$z": ends the slip that came with a document
 std::string EndAttachedSlip(Device& device, Request& request) {
   request.Integer(1);
-  PrintEnd(device);
+  EndPrintout(device);
   return {};
 }
 
