@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Receipts through the desk while tills and printers are killed and misbehave; each verdict is compared with the books.
 
-    torture.py CLIENT PRINTER [--shim POWER_CUT] [--receipts N] [--seed S] [--lanes N] [--pty]
-        [--wine LAUNCHER]
+    torture.py CLIENT PRINTER [--shim POWER_CUT] [--receipts N | --sweep] [--seed S]
+        [--lanes N] [--pty] [--wine LAUNCHER]
 
 CLIENT is desk_client, PRINTER quilon-printer. Prints a table of what was done and what came of it; fails when a receipt
 was booked twice, lost, or its verdict was not what the books say.
@@ -42,6 +42,17 @@ FAULTS = (
 )
 # The books are not what the printer told: only a person can tell. Real printers hardly do so.
 LIES = ["book-nothing@document=1", "book-twice@document=1", "book-other=100@document=1", "book-other=-1@document=1"]
+
+# How many there are of each while a receipt is printed, and a few more.
+PLACES = {"byte": range(1, 480), "answer": range(1, 70), "frame": range(1, 26), "line": range(0, 24)}
+
+
+def at_every_place(fault):
+    """A fault at each of the places where it may be ordered."""
+    for name, places in PLACES.items():
+        if "{" + name + "}" in fault:
+            return [fault.format(**{name: place}) for place in places]
+    return [fault]
 
 
 def free_port():
@@ -193,6 +204,9 @@ class Torture:
         self.printer = Printer([*launcher, arguments.printer], folder, link)
         self.till = Till([*launcher, arguments.client], folder, self.printer, arguments.shim)
         self.shim = arguments.shim
+        # Faults that are gone through one by one.
+        self.sweep = [place for fault in FAULTS + LIES for place in at_every_place(fault)][
+            lane::arguments.lanes] if arguments.sweep else []
         self.count = collections.Counter()
         self.persons = []
         self.wrong = []
@@ -212,12 +226,13 @@ class Torture:
 
     def trouble(self, number):
         """What happens to this receipt: (name, fault of the printer, step at which the till is cut)."""
+        if self.sweep:
+            return "fault", self.sweep.pop(), None
         kind = self.dice.choice(["none"] * 3 + ["fault"] * 4 + ["till", "printer", "both", "step", "power"])
         if kind == "fault":
             lies = self.dice.randrange(100) == 0
             fault = self.dice.choice([one for one in (LIES if lies else FAULTS) if self.printer.knows(one)])
-            return kind, fault.format(byte=self.dice.randrange(1, 420), answer=self.dice.randrange(1, 60),
-                                      frame=self.dice.randrange(1, 24), line=self.dice.randrange(0, 22)), None
+            return kind, self.dice.choice(at_every_place(fault)), None
         if kind in ("step", "power") and self.shim:
             self.cut += 1
             return kind, None, (self.cut % 90 + 1, number if kind == "power" else None)
@@ -326,6 +341,7 @@ def read_arguments():
     parser.add_argument("--wine")
     parser.add_argument("--pty", action="store_true")
     parser.add_argument("--receipts", type=int, default=100)
+    parser.add_argument("--sweep", action="store_true", help="each fault at each place, instead of --receipts")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--lanes", type=int, default=1)
     arguments = parser.parse_args()
@@ -346,9 +362,9 @@ def tell(count, persons, wrong):
 
 def main():
     arguments = read_arguments()
-    receipts = arguments.receipts // arguments.lanes
     lanes = [Torture(arguments, tempfile.mkdtemp(prefix="torture"), lane) for lane in range(arguments.lanes)]
-    threads = [threading.Thread(target=lane.run, args=(receipts,)) for lane in lanes]
+    receipts = [len(lane.sweep) or arguments.receipts // arguments.lanes for lane in lanes]
+    threads = [threading.Thread(target=lane.run, args=(number,)) for lane, number in zip(lanes, receipts)]
     for thread in threads:
         thread.start()
     for thread in threads:
@@ -356,7 +372,7 @@ def main():
     count = sum((lane.count for lane in lanes), collections.Counter())
     wrong = [line for lane in lanes for line in lane.wrong]
     tell(count, [line for lane in lanes for line in lane.persons], wrong)
-    if wrong or count["receipts"] != receipts * arguments.lanes:
+    if wrong or count["receipts"] != sum(receipts):
         return 1
     for lane in lanes:
         shutil.rmtree(lane.folder)
