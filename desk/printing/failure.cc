@@ -40,6 +40,9 @@ constexpr std::array kRows = {
         "See that the printer is well connected, and print again."},
     Row{What::kOutOfTime, "out_of_time", "Print again."},
     Row{What::kInterrupted, "interrupted", "Print the document with a new id."},
+    Row{What::kOtherPrinter, "other_printer",
+        "Connect the printer on which the document was begun, and print it "
+        "again with the same id."},
     Row{What::kJournal, "journal",
         "See that the journal's disk has room and can be written."},
     Row{What::kResolved, "resolved", ""},

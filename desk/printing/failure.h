@@ -23,7 +23,8 @@ enum class What {
   kStillOpen,    // the document that is open cannot be cancelled
   kTotalsUnreadable,
   kOutOfTime,
-  kInterrupted,  // the program ended before it closed the document
+  kInterrupted,   // the program ended before it closed the document
+  kOtherPrinter,  // than that on which the document was begun
   kJournal,
   kResolved,  // a person said so
   kBusy,      // another thread is in a call, or has the desk

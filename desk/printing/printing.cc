@@ -155,6 +155,9 @@ Outcome Printing::Judge(const Document& document, State state,
       outcome.kind = Outcome::Kind::kNeedsPerson;
       again = closing;
       break;
+    case Growth::kOtherPrinter:
+      outcome.failure->what = What::kOtherPrinter;
+      break;
     case Growth::kUnknown:
       outcome.kind =
           closing ? Outcome::Kind::kNeedsPerson : Outcome::Kind::kNotBooked;

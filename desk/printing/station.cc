@@ -44,7 +44,7 @@ bool IsShareOf(const PerRate& grown, const PerRate& sold) {
 }  // namespace
 
 nlohmann::json ToJson(const Books& books) {
-  nlohmann::json json = {{"totals", books.totals}};
+  nlohmann::json json = {{"totals", books.totals}, {"printer", books.printer}};
   if (books.counter) {
     json["counter"] = *books.counter;
   }
@@ -53,6 +53,7 @@ nlohmann::json ToJson(const Books& books) {
 
 Books BooksOf(const nlohmann::json& json) {
   Books books;
+  books.printer = json.at("printer").get<std::string>();
   books.totals = json.at("totals").get<std::array<int32_t, kRates>>();
   if (json.contains("counter")) {
     books.counter = json.at("counter").get<int64_t>();
@@ -72,6 +73,9 @@ PerRate Grown(const Books& before, const Books& after) {
 
 Growth GrowthOf(const Document& document, const Books& before,
                 const Books& after) {
+  if (before.printer != after.printer) {
+    return Growth::kOtherPrinter;
+  }
   const PerRate grown = Grown(before, after);
   const bool still = grown == PerRate{};
   if (IsSale(document.kind) && document.Total() != 0) {
@@ -170,6 +174,7 @@ bool Station::ReadTotals(Kind kind, Books& books) {
   }
   std::copy(std::begin(identity.totals), std::end(identity.totals),
             books.totals.begin());
+  books.printer = FromCp1250(identity.unique_number);
   return true;
 }
 

@@ -18,6 +18,7 @@ namespace quilon::desk {
 // What the printer says about all it has sold, and how many documents it has
 // closed.
 struct Books {
+  std::string printer{};                 // its unique number
   std::array<int32_t, kRates> totals{};  // the low 32 bits of each
   std::optional<int64_t> counter{};      // where the profile names one
 
@@ -41,7 +42,8 @@ enum class Growth {
   kNone,
   kBooked,  // by exactly the document
   kOther,
-  kUnknown,  // they cannot tell documents of this kind
+  kUnknown,       // they cannot tell documents of this kind
+  kOtherPrinter,  // they are another printer's
 };
 
 Growth GrowthOf(const Document& document, const Books& before,

@@ -28,7 +28,7 @@ Document Receipt() {
 }
 
 Books At(std::array<int32_t, kRates> totals, int64_t counter = 0) {
-  return {totals, counter};
+  return {"QVP", totals, counter};
 }
 
 TEST(Growth, ByExactlyTheDocumentIsBooked) {
@@ -49,6 +49,12 @@ TEST(Growth, ByAnythingElseIsForAPerson) {
         At({1, 0, 1298}), At({-1298, 0, 2596}), At({}, 1)}) {
     EXPECT_EQ(GrowthOf(Receipt(), At({}), after), Growth::kOther);
   }
+}
+
+TEST(Growth, OfAnotherPrinterSaysNothing) {
+  Books other = At({0, 0, 1298}, 1);
+  other.printer = "QVX";
+  EXPECT_EQ(GrowthOf(Receipt(), At({}), other), Growth::kOtherPrinter);
 }
 
 TEST(Growth, PassesTheEndOfThirtyTwoBits) {

@@ -111,6 +111,7 @@ class Printer:
         self.folder = folder
         self.link = link
         self.port = free_port()
+        self.terminal = None
         self.faults = set(subprocess.run(
             [*command, "--help"], check=True, capture_output=True, text=True).stdout.replace("=", " ").replace(
                 "@", " ").split())
@@ -127,11 +128,19 @@ class Printer:
         self.process = Process([*self.command, *way, "--lenient", *memory, *order], self.folder)
         if "listening" not in (heard := self.process.hear() or ""):
             raise AssertionError(f"the printer does not start: {heard}")
+        if self.link:
+            # While somebody has it open, no other printer gets a terminal of this number.
+            self.terminal = os.open(self.link, os.O_RDWR | os.O_NOCTTY | os.O_NONBLOCK)
 
     def stop(self):
         if self.process:
             self.process.kill()
             self.process = None
+        if self.terminal is not None:
+            # A till finds no other printer there in place of its own.
+            os.unlink(self.link)
+            os.close(self.terminal)
+            self.terminal = None
 
     def books(self):
         """What the printer holds: receipts, and grosze per rate."""

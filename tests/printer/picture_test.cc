@@ -23,6 +23,7 @@ namespace {
 
 std::vector<PaperLine> Plain(const std::vector<std::string>& texts) {
   std::vector<PaperLine> lines;
+  lines.reserve(texts.size());
   for (const std::string& text : texts) {
     lines.push_back({text});
   }
@@ -147,7 +148,7 @@ TEST(Picture, DrawsADoubleLineTwiceAsHigh) {
   EXPECT_EQ(twice.Ink(0, 4), 0);
   EXPECT_EQ(twice.Ink(1, 4), 0);
   EXPECT_NEAR(twice.Ink(0, 0) + twice.Ink(1, 0), 2 * plain.Ink(0, 0),
-              plain.Ink(0, 0) / 4);
+              0.25 * plain.Ink(0, 0));
 }
 
 TEST(Picture, DrawsABoldLineDarkerAndAsHigh) {
@@ -167,7 +168,9 @@ TEST(Picture, ShowsALogoDotByDotInTheMiddle) {
   const Picture picture({{"[grafika 1]", LineStyle::kPlain, logo}, {"x"}});
   EXPECT_EQ(picture.height, 80 + 2 + 22);
   const auto dot = [&](int x, int y) {
-    return picture.dots.at(static_cast<size_t>(y * picture.width + x));
+    return picture.dots.at(static_cast<size_t>(y) *
+                               static_cast<size_t>(picture.width) +
+                           static_cast<size_t>(x));
   };
   // 456 dots without 10 leave 223 on either side.
   for (int x = 0; x < 456; ++x) {
