@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "bench/comparison.h"
+#include "bench/one_processor.h"
 #include "printer/virtual_printer.h"
 #include "quilon/desk.h"
 #include "quilon/quilon.h"
@@ -133,6 +134,7 @@ void RemoveJournal() {
 
 int main() {
   try {
+    const quilon::bench::OneProcessor processor;
     const quilon::printer::VirtualPrinter printer;
     const uint16_t port = printer.tcp_port();
     RemoveJournal();
