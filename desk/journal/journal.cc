@@ -106,6 +106,9 @@ void Journal::Prepare() {
   Execute("BEGIN IMMEDIATE");
   const int64_t application = Number("PRAGMA application_id");
   const int64_t version = Number("PRAGMA user_version");
+  if (sqlite3_db_readonly(database_, "main") == 1) {
+    throw JournalError("the journal cannot be written: " + file_);
+  }
   if (application == 0 && Number("SELECT count(*) FROM sqlite_master") == 0) {
     MakeTables();
   } else if (application != kApplication) {

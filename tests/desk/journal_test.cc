@@ -135,6 +135,21 @@ TEST(JournalTest, ThatIsDamagedSaysSo) {
       JournalError);
 }
 
+// A file's permissions would not keep an administrator from writing; a header
+// that says that only newer programs may write does.
+TEST(JournalTest, ThatCannotBeWrittenIsRefused) {
+  const TestJournal file;
+  { const Journal journal(file.path()); }
+  constexpr std::streamoff kWriteVersion = 18;
+  std::fstream header(file.path(),
+                      std::ios::in | std::ios::out | std::ios::binary);
+  header.seekp(kWriteVersion);
+  header.put('\x03');
+  header.close();
+  EXPECT_NE(WhyNot(file.path()).find("cannot be written"), std::string::npos)
+      << WhyNot(file.path());
+}
+
 TEST(JournalTest, ThatCannotBeMadeIsRefused) {
   EXPECT_THROW(Journal("no/such/folder/journal"), JournalError);
   const std::filesystem::path folder = "journal_test_folder";
