@@ -39,6 +39,21 @@ char* CopyOf(const json& answer) {
   return copy;
 }
 
+// What the exception that is being handled says. Others than the desk's own go
+// on: there is no memory.
+Failure CaughtFailure() {
+  try {
+    throw;
+  } catch (const Invalid& invalid) {
+    return FailureOf(invalid);
+  } catch (const JournalError& error) {
+    return {.what = What::kJournal, .text = error.what()};
+  } catch (const json::exception& error) {
+    // An entry of the journal is damaged.
+    return {.what = What::kJournal, .text = error.what()};
+  }
+}
+
 // The answer of `call`, or what kept it from answering, as `refuse` puts it.
 template <typename Call, typename Refuse>
 char* Answer(QuilDesk* desk, Call call, Refuse refuse) {
@@ -53,14 +68,8 @@ char* Answer(QuilDesk* desk, Call call, Refuse refuse) {
     }
     try {
       return CopyOf(call(desk->desk));
-    } catch (const Invalid& invalid) {
-      return CopyOf(refuse(FailureOf(invalid)));
-    } catch (const JournalError& error) {
-      return CopyOf(
-          refuse(Failure{.what = What::kJournal, .text = error.what()}));
-    } catch (const json::exception& error) {
-      return CopyOf(
-          refuse(Failure{.what = What::kJournal, .text = error.what()}));
+    } catch (...) {
+      return CopyOf(refuse(CaughtFailure()));
     }
   } catch (const std::exception&) {
     return nullptr;
@@ -78,12 +87,8 @@ QuilDesk* Open(const char* settings, char** answer) {
     auto desk = std::make_unique<QuilDesk>(ReadSettings(ParseText(settings)));
     Tell(answer, desk->desk.Pending());
     return desk.release();
-  } catch (const Invalid& invalid) {
-    Tell(answer, ErrorOf(FailureOf(invalid)));
-  } catch (const JournalError& error) {
-    Tell(answer, ErrorOf({.what = What::kJournal, .text = error.what()}));
-  } catch (const json::exception& error) {
-    Tell(answer, ErrorOf({.what = What::kJournal, .text = error.what()}));
+  } catch (...) {
+    Tell(answer, ErrorOf(CaughtFailure()));
   }
   return nullptr;
 }

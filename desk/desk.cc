@@ -1,6 +1,5 @@
 #include "desk/desk.h"
 
-#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -52,10 +51,7 @@ Desk::Desk(Settings settings)
     : settings_(Checked(std::move(settings))),
       journal_(settings_.journal),
       connection_(settings_),
-      printing_(settings_, connection_, journal_) {
-  BeginCall();
-  SettleUnfinished();
-}
+      printing_(settings_, connection_, journal_) {}
 
 void Desk::BeginCall() {
   connection_.SetDeadline(Connection::Clock::now() + settings_.limits.call);

@@ -17,8 +17,7 @@ namespace quilon::desk {
 
 class Desk {
  public:
-  // Opens the journal, and settles what can be settled. Throws Invalid or
-  // JournalError.
+  // Opens the journal; nothing is sent yet. Throws Invalid or JournalError.
   explicit Desk(Settings settings);
 
   // Each takes and returns JSON and throws Invalid, JournalError or

@@ -93,10 +93,6 @@ json Refused(std::string_view id, const Failure& failure) {
   return verdict;
 }
 
-json Refused(std::string_view id, const Invalid& invalid) {
-  return Refused(id, FailureOf(invalid));
-}
-
 json ErrorOf(const Failure& failure) { return {{"error", ToJson(failure)}}; }
 
 Failure FailureOf(const Invalid& invalid) {

@@ -21,7 +21,6 @@ nlohmann::json VerdictOf(const Document& document, const Outcome& outcome);
 
 // Nothing was sent, and the id is still free. An empty id is left out.
 nlohmann::json Refused(std::string_view id, const Failure& failure);
-nlohmann::json Refused(std::string_view id, const Invalid& invalid);
 
 // {"error": {...}} for what is no verdict.
 nlohmann::json ErrorOf(const Failure& failure);

@@ -3,7 +3,15 @@
 #include <algorithm>
 #include <thread>
 
+#include "desk/document/printable.h"
+
 namespace quilon::desk {
+
+std::string LastMessage() {
+  LastErrorRecord error = {};
+  quil_get_last_error(&error);
+  return FromCp1250(error.message);
+}
 
 Connection::Connection(const Settings& settings)
     : settings_(settings), watchdog_([] { quil_close(); }) {
@@ -20,19 +28,19 @@ void Connection::Wait(std::chrono::milliseconds time) const {
 }
 
 int32_t Connection::Run(int32_t code, void* record, uint32_t flags) {
-  if (out_of_time()) {
-    return -1;
+  int32_t result = -1;
+  if (!out_of_time()) {
+    watchdog_.Watch(deadline_);
+    result = quil_ioctrl(code, record, nullptr, flags);
+    watchdog_.CallOff();
   }
-  watchdog_.Watch(deadline_);
-  const int32_t result = quil_ioctrl(code, record, nullptr, flags);
-  watchdog_.CallOff();
+  clean_ = clean_ && result >= 0;
   return result;
 }
 
 bool Connection::Ask(int32_t question, void* parameters, int32_t answer,
                      void* record) {
-  clean_ = clean_ && Run(question, parameters) == 0 && Run(answer, record) == 0;
-  return clean_;
+  return clean_ && Run(question, parameters) == 0 && Run(answer, record) == 0;
 }
 
 bool Connection::Clean() {

@@ -17,10 +17,9 @@ enum class What {
   kOffline,
   kNoPaper,
   kPrinterError,
-  kRefused,      // by the printer, with a number
-  kNotAccepted,  // by the printer, without saying why
-  kNotClosed,    // the closing was sent, and nothing was booked
-  kStillOpen,    // the document that is open cannot be cancelled
+  kRefused,    // by the printer, with a number
+  kNotClosed,  // the closing was sent, and nothing was booked
+  kStillOpen,  // the document that is open cannot be cancelled
   kTotalsUnreadable,
   kOutOfTime,
   kInterrupted,   // the program ended before it closed the document

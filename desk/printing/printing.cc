@@ -1,12 +1,9 @@
 #include "desk/printing/printing.h"
 
-#include "desk/document/printable.h"
 #include "quilon/quilon.h"
 
 namespace quilon::desk {
 namespace {
-
-constexpr uint32_t kChecked = QUIL_CHECK_STATUS | QUIL_QUERY_ERROR;
 
 // What a person is told in place of "no answer", when the printer has said why.
 Failure Explained(Failure why, const Rest& rest) {
@@ -31,18 +28,14 @@ std::optional<Failure> Printing::Run(Command& command, uint32_t flags) {
   if (result == 0) {
     return std::nullopt;
   }
-  if (result < 0) {
-    connection_.Soil();
-    return Failure{
-        .what = What::kNoAnswer, .step = command.name, .path = command.path};
+  Failure failure = {
+      .what = What::kNoAnswer, .step = command.name, .path = command.path};
+  if (result > 0) {
+    failure.what = What::kRefused;
+    failure.error = result;
+    failure.text = LastMessage();
   }
-  LastErrorRecord error = {};
-  quil_get_last_error(&error);
-  return Failure{.what = What::kRefused,
-                 .error = result,
-                 .text = FromCp1250(error.message),
-                 .step = command.name,
-                 .path = command.path};
+  return failure;
 }
 
 Outcome Printing::Try(const Document& document, Commands& commands) {

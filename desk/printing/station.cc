@@ -10,14 +10,6 @@
 namespace quilon::desk {
 namespace {
 
-constexpr uint32_t kChecked = QUIL_CHECK_STATUS | QUIL_QUERY_ERROR;
-
-std::string LastMessage() {
-  LastErrorRecord error = {};
-  quil_get_last_error(&error);
-  return FromCp1250(error.message);
-}
-
 bool AskDle(Connection& connection, DleStatus& dle) {
   return connection.Ask(QUIL_SEND_DLE, nullptr, QUIL_READ_DLE, &dle) &&
          dle.valid == 1;
@@ -100,20 +92,22 @@ Growth GrowthOf(const Document& document, const Books& before,
                         : Growth::kOther;
 }
 
+Failure Station::OutOfTimeOr(What what) const {
+  return {connection_.out_of_time() ? What::kOutOfTime : what};
+}
+
 std::optional<Failure> Station::Greet(DleStatus& dle, EnqStatus& enq) {
   // A connection that lay idle may be gone without anybody having noticed.
   for (bool old = connection_.clean();; old = false) {
     if (!connection_.Clean()) {
-      return Failure{connection_.out_of_time() ? What::kOutOfTime
-                                               : What::kNoConnection};
+      return OutOfTimeOr(What::kNoConnection);
     }
     if (AskDle(connection_, dle) && AskEnq(connection_, enq)) {
       return std::nullopt;
     }
     connection_.Soil();
     if (!old) {
-      return Failure{connection_.out_of_time() ? What::kOutOfTime
-                                               : What::kNoAnswer};
+      return OutOfTimeOr(What::kNoAnswer);
     }
   }
 }
@@ -124,25 +118,23 @@ std::optional<Failure> Station::ReachRest(Rest& rest) {
   if (auto failure = Greet(rest.dle, enq); failure || enq.flag1 == 0) {
     return failure;
   }
-  rest.was_open = true;
   // Why the last command was refused is known only until the next one.
   rest.error = std::max(0, connection_.Run(QUIL_NOTHING, nullptr, kChecked));
   if (rest.error != 0) {
     rest.text = LastMessage();
   }
+  if (!connection_.Clean()) {
+    return OutOfTimeOr(What::kNoConnection);
+  }
   DocumentShortEnd nothing = {};
   const int32_t result =
       connection_.Run(QUIL_DOCUMENT_SHORT_END, &nothing, kChecked);
-  if (result < 0) {
-    connection_.Soil();
-  }
   if (!AskEnq(connection_, enq) || enq.flag1 != 0) {
     connection_.Soil();
     if (auto failure = CheckReady(rest)) {
       return failure;
     }
-    return Failure{connection_.out_of_time() ? What::kOutOfTime
-                                             : What::kStillOpen};
+    return OutOfTimeOr(What::kStillOpen);
   }
   rest.cancelled = result == 0;
   return std::nullopt;
@@ -195,8 +187,7 @@ std::optional<Failure> Station::ReadBooks(Kind kind, Books& books) {
   Books second;
   if (!ReadOnce(kind, first) || !ReadOnce(kind, second) || first != second) {
     connection_.Soil();
-    return Failure{connection_.out_of_time() ? What::kOutOfTime
-                                             : What::kTotalsUnreadable};
+    return OutOfTimeOr(What::kTotalsUnreadable);
   }
   books = second;
   return std::nullopt;

@@ -31,8 +31,7 @@ Books BooksOf(const nlohmann::json& json);
 // What bringing the printer to rest has shown.
 struct Rest {
   DleStatus dle{};
-  bool was_open = false;   // a document was
-  bool cancelled = false;  // and it was given up
+  bool cancelled = false;  // a document was open, and given up
   int32_t error = 0;       // why the command before was refused, if it was
   std::string text{};
 };
@@ -68,6 +67,7 @@ class Station {
   std::optional<Failure> ReadBooks(Kind kind, Books& books);
 
  private:
+  Failure OutOfTimeOr(What what) const;
   bool ReadTotals(Kind kind, Books& books);
   bool ReadOnce(Kind kind, Books& books);
 

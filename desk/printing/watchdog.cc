@@ -17,11 +17,15 @@ Watchdog::~Watchdog() {
 }
 
 void Watchdog::Watch(Clock::time_point due) {
+  bool sooner = false;
   {
     const std::lock_guard lock(mutex_);
     due_ = due;
+    sooner = due < wakes_;
   }
-  changed_.notify_one();
+  if (sooner) {
+    changed_.notify_one();
+  }
 }
 
 void Watchdog::CallOff() {
@@ -32,11 +36,12 @@ void Watchdog::CallOff() {
 void Watchdog::Run() {
   std::unique_lock lock(mutex_);
   while (!ending_) {
+    const Clock::time_point wakes = due_.value_or(Clock::time_point::max());
+    wakes_ = wakes;
     if (!due_) {
       changed_.wait(lock);
-    } else if (Clock::now() < *due_) {
-      const Clock::time_point due = *due_;
-      changed_.wait_until(lock, due);
+    } else if (Clock::now() < wakes) {
+      changed_.wait_until(lock, wakes);
     } else {
       // The driver lets another thread close the connection while a call is in
       // progress; holding the lock keeps the next call from beginning.

@@ -33,6 +33,9 @@ class Watchdog {
   std::mutex mutex_;
   std::condition_variable changed_;
   std::optional<Clock::time_point> due_;
+  // When the thread looks at the clock by itself: it is woken only for what is
+  // due before, not for each of the commands of a call.
+  Clock::time_point wakes_ = Clock::time_point::max();
   bool ending_ = false;
   std::thread thread_;  // the last member: it uses the others
 };

@@ -12,15 +12,22 @@ Reaction Line::Receive(std::string_view bytes) {
   if (auto frame = std::exchange(waiting_frame_, std::nullopt)) {
     Answer(*std::move(frame), reaction);
   }
-  std::string all = std::exchange(waiting_, {});
-  all += bytes;
-  size_t taken = 0;
-  while (taken < all.size() && !reaction.hang_up && !reaction.busy) {
-    Take(all[taken++], reaction);
-  }
+  const std::string waiting = std::exchange(waiting_, {});
+  const size_t taken = TakeAll(waiting, reaction);
+  const size_t taken_of_new = TakeAll(bytes, reaction);
   // Whatever stands behind a hang-up is lost.
-  waiting_ = reaction.hang_up ? std::string() : all.substr(taken);
+  if (!reaction.hang_up) {
+    waiting_.append(waiting, taken).append(bytes, taken_of_new);
+  }
   return reaction;
+}
+
+size_t Line::TakeAll(std::string_view bytes, Reaction& reaction) {
+  size_t taken = 0;
+  while (taken < bytes.size() && !reaction.hang_up && !reaction.busy) {
+    Take(bytes[taken++], reaction);
+  }
+  return taken;
 }
 
 void Line::Take(char byte, Reaction& reaction) {

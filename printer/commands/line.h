@@ -45,6 +45,8 @@ class Line {
   void ForgetUnfinished() { parser_ = FrameParser(); }
 
  private:
+  // Takes bytes until the printer hangs up or is busy; returns how many.
+  size_t TakeAll(std::string_view bytes, Reaction& reaction);
   void Take(char byte, Reaction& reaction);
   void React(Event event, Reaction& reaction);
   void Answer(Event event, Reaction& reaction);
