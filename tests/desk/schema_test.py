@@ -7,13 +7,14 @@
 import copy
 import json
 import pathlib
-import socket
 import subprocess
 import sys
 import tempfile
 import unittest
 
 import jsonschema
+
+from desk_process import no_printer
 
 COMMAND = sys.argv[2:] + [sys.argv[1]]
 SCHEMAS = pathlib.Path(__file__).resolve().parents[2] / "desk/schema"
@@ -74,16 +75,9 @@ def variations():
                           holder.__setitem__(step, "red"))
 
 
-def port_of_nobody():
-    with socket.socket() as probe:
-        probe.bind(("127.0.0.1", 0))
-        return probe.getsockname()[1]
-
-
 def verdicts_on(documents):
     """What the desk says to each when there is no printer."""
-    settings = {"printer": {"tcp": {"address": "127.0.0.1", "port": port_of_nobody()}}, "journal": "journal",
-                "limits": {"reply_ms": 1, "closing_ms": 1}}
+    settings = {"printer": no_printer(), "journal": "journal", "limits": {"reply_ms": 1, "closing_ms": 1}}
     orders = "".join("print " + json.dumps(document) + "\n" for document in documents)
     with tempfile.TemporaryDirectory() as folder:
         done = subprocess.run([*COMMAND, json.dumps(settings)], input=orders.encode(), cwd=folder, check=True,

@@ -13,10 +13,8 @@ import collections
 import json
 import os
 import pathlib
-import queue
 import random
 import shutil
-import signal
 import socket
 import subprocess
 import sys
@@ -24,7 +22,8 @@ import tempfile
 import threading
 import time
 
-PATIENCE = 120
+from desk_process import Client, printer_at, printer_process
+
 # A closing is over long before that, also on a busy machine.
 CLOSING_MS = 1500
 REPLY_MS = 200
@@ -68,47 +67,12 @@ def free_port():
     raise AssertionError("no port is free")
 
 
-class Process:
-    """A program whose lines are read as they come."""
-
-    def __init__(self, command, folder, environment=None):
-        self.process = subprocess.Popen(
-            command, cwd=folder, stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-            env={**os.environ, **(environment or {})})
-        self.lines = queue.Queue()
-        threading.Thread(target=self._read, daemon=True).start()
-
-    def _read(self):
-        for line in self.process.stdout:
-            self.lines.put(line.decode(errors="replace").rstrip("\r\n"))
-        self.lines.put(None)
-
-    def say(self, line):
-        try:
-            self.process.stdin.write(line.encode() + b"\n")
-            self.process.stdin.flush()
-        except OSError:
-            pass
-
-    def hear(self):
-        """The next line; None when the process has ended."""
-        line = self.lines.get(timeout=PATIENCE)
-        if line is None:
-            self.lines.put(None)
-        return line
-
-    def kill(self):
-        self.process.send_signal(signal.SIGKILL)
-        self.process.wait(PATIENCE)
-        self.process.stdin.close()
-
-
 class Printer:
     """The virtual printer with its memory, started anew when it was killed or has a fault."""
 
     def __init__(self, command, folder, link=None):
         self.command = command
-        self.folder = folder
+        self.folder = pathlib.Path(folder)
         self.link = link
         self.port = free_port()
         self.terminal = None
@@ -124,10 +88,9 @@ class Printer:
         self.stop()
         way = ["--pty", self.link] if self.link else ["--tcp", f"127.0.0.1:{self.port}"]
         order = ["--fault", fault] if fault else []
-        memory = ["--state", "printer.json", "--paper", "paper.txt"]
-        self.process = Process([*self.command, *way, "--lenient", *memory, *order], self.folder)
-        if "listening" not in (heard := self.process.hear() or ""):
-            raise AssertionError(f"the printer does not start: {heard}")
+        memory = ["--state", self.folder / "printer.json", "--paper", self.folder / "paper.txt"]
+        self.process = printer_process.Printer(self.command, *way, "--lenient", *memory, *order)
+        self.process.expect("listening on")
         if self.link:
             # While somebody has it open, no other printer gets a terminal of this number.
             self.terminal = os.open(self.link, os.O_RDWR | os.O_NOCTTY | os.O_NONBLOCK)
@@ -144,7 +107,7 @@ class Printer:
 
     def books(self):
         """What the printer holds: receipts, and grosze per rate."""
-        path = pathlib.Path(self.folder, "printer.json")
+        path = self.folder / "printer.json"
         if not path.exists():
             return 0, [0] * 7
         books = json.loads(path.read_text(encoding="utf-8"))["books"]
@@ -158,11 +121,9 @@ class Till:
         self.command = command
         self.folder = folder
         self.shim = shim
-        where = {"serial": {"name": printer.link, "baud": 115200}} if printer.link else {
-            "tcp": {"address": "127.0.0.1", "port": printer.port}}
-        self.settings = json.dumps({
-            "printer": where, "journal": "till.journal",
-            "limits": {"reply_ms": REPLY_MS, "closing_ms": CLOSING_MS, "call_ms": 20_000}})
+        where = {"serial": {"name": printer.link, "baud": 115200}} if printer.link else printer_at(printer.port)
+        self.settings = {"printer": where, "journal": "till.journal",
+                         "limits": {"reply_ms": REPLY_MS, "closing_ms": CLOSING_MS, "call_ms": 20_000}}
         self.process = None
         self.cut = None
 
@@ -173,12 +134,11 @@ class Till:
             environment = {"LD_PRELOAD": self.shim, "CUT_AT": str(cut[0]), "ASAN_OPTIONS": "verify_asan_link_order=0"}
             if cut[1] is not None:
                 environment["CUT_POWER"] = str(cut[1])
-        self.process = Process([*self.command, self.settings], self.folder, environment)
-        opening = self.process.hear()
-        if opening is None:
+        self.process = Client(self.command, self.folder, self.settings, environment)
+        if self.process.opening is None:
             self.stop()
-        elif "error" in json.loads(opening):
-            raise AssertionError(f"no desk: {opening}")
+        elif "error" in self.process.opening:
+            raise AssertionError(f"no desk: {self.process.opening}")
 
     def stop(self):
         if self.process:
@@ -196,8 +156,7 @@ class Till:
         answer = self.process.hear() if self.process else None
         if answer is None:
             self.stop()
-            return None
-        return json.loads(answer)
+        return answer
 
     def ask(self, order):
         self.say(order)

@@ -106,6 +106,10 @@ class Printer:
         """The TCP port that it says it listens on."""
         return int(self.expect("listening on 127.0.0.1:"))
 
+    def kill(self):
+        self.process.kill()
+        self.stop()
+
     def stop(self):
         """Ends it, if it still runs; returns its exit status."""
         if self.process.poll() is None:
