@@ -28,6 +28,8 @@ constexpr std::array kRows = {
         "Look at the printer: its mechanism reports an error."},
     Row{What::kRefused, "refused",
         "The printer says why; correct it, and print it with a new id."},
+    Row{What::kNotHeard, "not_heard",
+        "The command got lost on the line; print the document with a new id."},
     Row{What::kNotClosed, "not_closed",
         "Whatever is on paper, the books do not hold it; print the document "
         "with a new id."},

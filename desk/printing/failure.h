@@ -18,6 +18,7 @@ enum class What {
   kNoPaper,
   kPrinterError,
   kRefused,    // by the printer, with a number
+  kNotHeard,   // the printer never got the command
   kNotClosed,  // the closing was sent, and nothing was booked
   kStillOpen,  // the document that is open cannot be cancelled
   kTotalsUnreadable,

@@ -22,7 +22,20 @@ Failure Explained(Failure why, const Rest& rest) {
 
 }  // namespace
 
-std::optional<Failure> Printing::Run(Command& command, uint32_t flags) {
+bool Printing::OnItsWord(Kind kind) const {
+  return !IsSale(kind) && !settings_.profile.counters.contains(kind);
+}
+
+std::optional<Failure> Printing::Run(Kind kind, Command& command,
+                                     uint32_t flags) {
+  int32_t refusal = 0;
+  // A receipt that is to be cancelled must not be so before its time.
+  if (OnItsWord(kind) && kind != Kind::kCancelledReceipt) {
+    if (auto failure = station_.HaveRefused(refusal)) {
+      failure->step = command.name;
+      return failure;
+    }
+  }
   const int32_t result =
       connection_.Run(command.code, command.data(), flags | kChecked);
   if (result == 0) {
@@ -30,7 +43,9 @@ std::optional<Failure> Printing::Run(Command& command, uint32_t flags) {
   }
   Failure failure = {
       .what = What::kNoAnswer, .step = command.name, .path = command.path};
-  if (result > 0) {
+  if (result > 0 && result == refusal) {
+    failure.what = What::kNotHeard;
+  } else if (result > 0) {
     failure.what = What::kRefused;
     failure.error = result;
     failure.text = LastMessage();
@@ -56,7 +71,7 @@ Outcome Printing::Try(const Document& document, Commands& commands) {
   bool first = IsSale(document.kind);
   for (Command& command : commands.opening) {
     // The driver compares the totals, too, when the opening asks for it.
-    failure = Run(command, first ? QUIL_COMPARE_TOTALS : 0);
+    failure = Run(document.kind, command, first ? QUIL_COMPARE_TOTALS : 0);
     first = false;
     if (failure) {
       return Settle(document, State::kBegun, before, *failure);
@@ -73,16 +88,25 @@ Outcome Printing::Try(const Document& document, Commands& commands) {
 
 Outcome Printing::TryClosing(const Document& document, Command& closing,
                              const Books& before) {
-  const std::optional<Failure> failure = Run(closing, 0);
+  const std::optional<Failure> failure = Run(document.kind, closing, 0);
+  Rest rest;
   Books after;
   if (failure) {
-    if (failure->what == What::kRefused && !IsSale(document.kind) &&
-        document.kind != Kind::kCancelledReceipt) {
+    const bool refused =
+        failure->what == What::kRefused || failure->what == What::kNotHeard;
+    // Of other kinds something is open that has to be ended.
+    if (refused && document.kind != Kind::kSlip &&
+        document.kind != Kind::kCancelledReceipt && !IsSale(document.kind)) {
       return {.kind = Outcome::Kind::kNotBooked,
               .failure = failure,
               .before = before};
     }
     return Settle(document, State::kClosing, before, *failure);
+  }
+  if (document.kind == Kind::kCancelledReceipt && OnItsWord(document.kind) &&
+      station_.ReachRest(rest)) {
+    return Settle(document, State::kClosing, before,
+                  {.what = What::kNoAnswer, .step = closing.name});
   }
   if (!station_.ReadBooks(document.kind, after)) {
     const Growth growth = GrowthOf(document, before, after);
@@ -93,8 +117,7 @@ Outcome Printing::TryClosing(const Document& document, Command& closing,
               .after = after,
               .accepted = true};
     }
-  } else if (!IsSale(document.kind) &&
-             !settings_.profile.counters.contains(document.kind)) {
+  } else if (OnItsWord(document.kind)) {
     // It was accepted, and no book could say more.
     return {.kind = Outcome::Kind::kBooked, .before = before, .accepted = true};
   }
@@ -106,8 +129,9 @@ Outcome Printing::TryClosing(const Document& document, Command& closing,
 
 bool Printing::EndSlip() {
   NonFiscalEnd end = {};
+  int32_t refusal = 0;
   end.second_parameter = settings_.profile.slip_number;
-  return connection_.Clean() &&
+  return !station_.HaveRefused(refusal) &&
          connection_.Run(QUIL_NONFISCAL_END, &end, kChecked) == 0;
 }
 

@@ -56,7 +56,10 @@ class Printing {
  private:
   Outcome TryClosing(const Document& document, Command& closing,
                      const Books& before);
-  std::optional<Failure> Run(Command& command, uint32_t flags);
+  // Whether only the printer's word says that a document of the kind is
+  // printed.
+  bool OnItsWord(Kind kind) const;
+  std::optional<Failure> Run(Kind kind, Command& command, uint32_t flags);
   Outcome Judge(const Document& document, State state, const Books& before,
                 const Failure& why, bool& again);
   // A slip that is open shows nowhere.

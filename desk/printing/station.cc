@@ -140,6 +140,18 @@ std::optional<Failure> Station::ReachRest(Rest& rest) {
   return std::nullopt;
 }
 
+std::optional<Failure> Station::HaveRefused(int32_t& number) {
+  DocumentShortEnd nothing = {};
+  if (connection_.Clean()) {
+    number = connection_.Run(QUIL_DOCUMENT_SHORT_END, &nothing, kChecked);
+    if (number > 0) {
+      return std::nullopt;
+    }
+  }
+  connection_.Soil();
+  return OutOfTimeOr(What::kNoAnswer);
+}
+
 std::optional<Failure> Station::CheckReady(const Rest& rest) {
   if (rest.dle.paper_out == 1) {
     return Failure{What::kNoPaper};

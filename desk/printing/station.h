@@ -63,6 +63,11 @@ class Station {
   std::optional<Failure> ReachRest(Rest& rest);
   // Whether the printer can print, at rest.
   static std::optional<Failure> CheckReady(const Rest& rest);
+  // Has the printer refuse something harmless, with this error number; no
+  // document may be open. Its verdict is on the last command that it heard:
+  // what it says next is then not of an earlier one, when the next is lost on
+  // the line.
+  std::optional<Failure> HaveRefused(int32_t& number);
   // Reads the books twice, and believes two equal answers.
   std::optional<Failure> ReadBooks(Kind kind, Books& books);
 

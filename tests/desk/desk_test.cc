@@ -8,9 +8,11 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
@@ -40,7 +42,7 @@ class DeskTest : public ::testing::Test {
     return {{"printer", {{"tcp", {{"address", "127.0.0.1"}, {"port", port_}}}}},
             {"journal", journal_.path()},
             {"limits",
-             {{"reply_ms", 300}, {"closing_ms", 300}, {"call_ms", 30'000}}}};
+             {{"reply_ms", 700}, {"closing_ms", 300}, {"call_ms", 30'000}}}};
   }
 
   // What the opening told.
@@ -259,6 +261,57 @@ TEST_F(DeskTest, ABookingThatDiffersIsForAPerson) {
   EXPECT_EQ(resolved["resolved"]["by"], "Anna");
   EXPECT_EQ(Print(Receipt("17")), resolved);
   EXPECT_EQ(VerdictOf(report), "booked");
+}
+
+// Lines of paper that say so.
+int CountOnPaper(const VirtualPrinter& printer, std::string_view text) {
+  int count = 0;
+  for (const std::string& line : printer.paper()) {
+    count += line.find(text) == std::string::npos ? 0 : 1;
+  }
+  return count;
+}
+
+// No book holds these: what the printer says has to be of the command at hand,
+// and not of the one before when that gets lost. Their first commands go out
+// among these bytes.
+TEST_F(DeskTest, WhatOnlyThePrinterSaysIsNeverSaidOfALostCommand) {
+  json settings = Settings();
+  settings["limits"] = {{"reply_ms", 100}, {"closing_ms", 100}};
+  Open(settings);
+  std::map<std::string, int> seen;
+  for (int byte = 45; byte <= 110; ++byte) {
+    for (const bool is_slip : {false, true}) {
+      const std::string id =
+          (is_slip ? "slip " : "cash ") + std::to_string(byte);
+      json document = {{"id", id}, {"kind", "cash_in"}, {"amount", "50"}};
+      if (is_slip) {
+        document = {{"id", id}, {"kind", "slip"}, {"texts", {"Pierwsza"}}};
+      }
+      const auto printed = [&] {
+        return CountOnPaper(*printer_, is_slip ? "Pierwsza" : "WPŁATA DO KASY");
+      };
+      const int before = printed();
+      printer_->OrderFault(
+          std::string("lose-byte@byte=").append(std::to_string(byte)));
+      const std::string verdict = VerdictOf(document);
+      printer_->ClearFaults();
+      ++seen[verdict];
+      if (verdict == "booked") {
+        EXPECT_EQ(printed(), before + 1) << last_;
+      } else if (verdict == "not_booked" && !is_slip) {
+        EXPECT_EQ(printed(), before) << last_;
+      } else if (verdict == "needs_person" && last_["final"] == true) {
+        const json word = {
+            {"id", id}, {"verdict", "not_booked"}, {"by", "test"}};
+        Parsed(quil_desk_resolve(desk_, word.dump().c_str()));
+      }
+    }
+  }
+  EXPECT_GT(seen["booked"], 0);
+  EXPECT_GT(seen["not_booked"], 0);
+  // Nothing is left open.
+  EXPECT_EQ(VerdictOf(Receipt("last")), "booked");
 }
 
 TEST_F(DeskTest, ResolvingRefusesWhatItDoesNotUnderstand) {
