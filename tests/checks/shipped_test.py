@@ -89,8 +89,9 @@ def debug_faults(path, function, definition):
     address = symbols(debug).get(function, 0)
     place = run(tool("addr2line", path), f"--exe={path}", hex(address)).strip()
     source, _, line = place.rpartition(":")
-    source = ROOT / source
-    if source.is_absolute() and source.is_file() and line.isdigit():
+    source = (ROOT / source).resolve()
+    # Not in another clone.
+    if source.is_relative_to(ROOT) and source.is_file() and line.isdigit():
         found = source.read_text(encoding="utf-8").splitlines()[int(line) - 1]
         return [] if found.startswith(definition) else [f"{function} is at {place}, it says"]
     return [f"{function} is nowhere: {place}"]
